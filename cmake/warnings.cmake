@@ -1,0 +1,5 @@
+# Warnings are errors on both compilers. Third-party headers come in as system
+# headers, so that only this project's own code is held to them.
+add_library(onu_ability_warnings INTERFACE)
+target_compile_options(onu_ability_warnings INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)

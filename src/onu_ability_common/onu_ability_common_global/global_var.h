@@ -1,0 +1,42 @@
+// The process-wide settings that are neither registry nor table: the common
+// SFU and HGU types, and the profile that an operator is building. Also the
+// home of three small text utilities.
+//
+// Takes no lock: the settings belong to start-up and the CLI thread.
+#ifndef ONU_ABILITY_COMMON_GLOBAL_GLOBAL_VAR_H
+#define ONU_ABILITY_COMMON_GLOBAL_GLOBAL_VAR_H
+
+#include <string>
+
+#include "onu_ability_common_global/api.h"
+
+class OnuAbilityProfile;
+
+class ONU_ABILITY_API OnuAbilityGlobalVar {
+ public:
+  // The singleton, built on first use.
+  static OnuAbilityGlobalVar* GetInstance();
+
+  virtual ~OnuAbilityGlobalVar();
+
+  // Copies the text of `src` without its terminator; the caller zeroes `dst`
+  // beforehand. Copies min(length of src modulo 256, maximum) modulo 256 bytes.
+  // Returns 0.
+  static unsigned int char_to_string(char* src, char* dst, unsigned int maximum);
+
+  // Copies the smaller of `size` and the length of `src`, without a
+  // terminator. A null `dst` is logged and nothing copied.
+  static void BufferCopy(unsigned char* dst, std::string src, unsigned int size);
+
+  // 1 when every character is a decimal digit, so also for the empty text.
+  static int IsDigit(std::string text);
+
+  OnuAbilityProfile* _onu_ability_profile = nullptr;  // pending profile, null before the first
+  unsigned short _sfu_common_type = 857;              // type of an SFU not known more closely
+  unsigned short _hgu_common_type = 762;              // the same for an HGU
+
+ private:
+  OnuAbilityGlobalVar() = default;
+};
+
+#endif  // ONU_ABILITY_COMMON_GLOBAL_GLOBAL_VAR_H

@@ -1,0 +1,32 @@
+// The one way in which the library's sources write a log line. Not for hosts.
+#ifndef ONU_ABILITY_COMMON_GLOBAL_LOG_H
+#define ONU_ABILITY_COMMON_GLOBAL_LOG_H
+
+#include <atomic>
+
+#include "onu_ability_common_global/log_settings.h"
+#include "ulog.h"
+
+// The mask of onu_ability_set_log_level_mask: one word, tested before anything
+// else of a line is evaluated.
+extern std::atomic<unsigned int> onu_ability_log_level_mask;
+
+// Writes a line of `level` (a constant below 32): a format literal and its
+// arguments, to which module id, function name, source line and the common tail
+// are added.
+#define ONU_ABILITY_LOG(level, ...) \
+  ONU_ABILITY_LOG_WITH_TAIL(level, __VA_ARGS__, __func__, __LINE__)
+
+// The format and the two arguments of the tail; use ONU_ABILITY_LOG.
+#define ONU_ABILITY_LOG_WITH_TAIL(level, format, ...) \
+  ONU_ABILITY_LOG_BARE(level, format " func:%s,line:%d\r\n\r\n", __VA_ARGS__)
+
+// A line without the tail, for the one listing that may go to the log.
+#define ONU_ABILITY_LOG_BARE(level, ...)                                                     \
+  do {                                                                                       \
+    if ((onu_ability_log_level_mask.load(std::memory_order_relaxed) >> (level)) & 1U) {      \
+      ulogPrintf(onu_ability_get_module_id(), (level), __VA_ARGS__);                         \
+    }                                                                                        \
+  } while (false)
+
+#endif  // ONU_ABILITY_COMMON_GLOBAL_LOG_H

@@ -1,0 +1,103 @@
+// What the host registers at start-up: the ten hooks through which the library
+// learns about a live ONU, its module id for logging and the command node.
+//
+// Takes no lock: register everything before other threads use the library.
+#ifndef ONU_ABILITY_COMMON_REG_EXTERN_FUNC_H
+#define ONU_ABILITY_COMMON_REG_EXTERN_FUNC_H
+
+#include "onu_ability_common_global.h"
+
+class ConfirmOnuType;
+
+// The hooks. `place` (16 bits) and `onu` (8 bits) are the two values with which
+// the ConfirmOnuType was made. Results are ignored unless said otherwise.
+
+// Id 0: writes the vendor identifier, 4 characters, into a zeroed buffer of 5
+// bytes. 0 is success.
+using ONU_ABILITY_GET_VENDOR_ID_FUNC = unsigned int (*)(unsigned short place, unsigned char onu,
+                                                        char* vendor_id);
+// Id 1: returns the type that the ONU reported.
+using ONU_ABILITY_GET_REPORT_TYPE_FUNC = unsigned int (*)(unsigned short place, unsigned char onu);
+// Id 2: fills the private capability (0 SFU, 1 HGU, 0xFF unknown), given
+// identify setting 3.
+using ONU_ABILITY_GET_PRIVATE_CAPABILITY_FUNC = unsigned int (*)(unsigned short place,
+                                                                 unsigned char onu,
+                                                                 unsigned short setting_3,
+                                                                 unsigned char* private_capability);
+// Id 3: lets the host read the whole profile; stage 0 after gathering, 2 after
+// confirmation.
+using ONU_ABILITY_HAND_OVER_PROFILE_FUNC = unsigned int (*)(unsigned short place, unsigned char onu,
+                                                            unsigned int stage,
+                                                            ConfirmOnuType* profile);
+// Id 4: tells the host the confirmed real type.
+using ONU_ABILITY_SET_REAL_TYPE_FUNC = unsigned int (*)(unsigned short place, unsigned char onu,
+                                                        unsigned short real_type);
+// Id 5: tells the host the reported type after translation.
+using ONU_ABILITY_SET_REPORT_TYPE_FUNC = unsigned int (*)(unsigned short place, unsigned char onu,
+                                                          unsigned short report_type);
+// Id 6: fetches the ONU's value of a code; `*value` is preset to 0xFFFFFFFF.
+using ONU_ABILITY_GET_ABILITY_VALUE_FUNC = unsigned int (*)(unsigned short place, unsigned char onu,
+                                                            unsigned short ability_code,
+                                                            unsigned int* value);
+// Id 7: fills identify setting `index`: 0 SFU mode, 1 unused, 2 HGU mode, 3
+// passed to hook 2.
+using ONU_ABILITY_GET_IDENTIFY_SETTING_FUNC = unsigned int (*)(unsigned int index,
+                                                               unsigned short place,
+                                                               unsigned short* setting);
+// Id 8: non-zero to have the ONU's abilities read one by one.
+using ONU_ABILITY_READ_ONE_BY_ONE_FUNC = unsigned int (*)(unsigned short place, unsigned char onu);
+// Id 9: writes the device name, up to `length` (20) characters, into a zeroed
+// buffer of 21 bytes. 0 is success.
+using ONU_ABILITY_GET_DEVICE_NAME_FUNC = unsigned int (*)(unsigned short place, unsigned char onu,
+                                                          unsigned int length, char* device_name);
+
+class ONU_ABILITY_API OnuAbilityRegExternFunc {
+ public:
+  // The singleton, built on first use.
+  static OnuAbilityRegExternFunc* GetInstance();
+
+  virtual ~OnuAbilityRegExternFunc();
+
+  // Stores `func` as the hook `id` (0 to 9), replacing an earlier one. A null
+  // function is logged and not stored; any other id is ignored.
+  void RegisterExternFunc(unsigned short id, void* func);
+
+  // True when all ten hooks are there.
+  bool WhetherExternFuncRegistered() const;
+
+  void SetModuleId(unsigned int module_id) { _module_id = module_id; }
+  unsigned int GetModuleId() const { return _module_id; }
+
+  // The vty node under which the commands are installed.
+  void SetCmdNode(unsigned int cmd_node) { _cmd_node = cmd_node; }
+  unsigned int GetCmdNode() const { return _cmd_node; }
+
+  // Set the types of OnuAbilityGlobalVar.
+  void SetSfuCommonType(unsigned short type);
+  void SetHguCommonType(unsigned short type);
+
+  // The hooks in storage order: id 9 stands between ids 2 and 3, as meant. Null
+  // until registered.
+  ONU_ABILITY_GET_VENDOR_ID_FUNC _get_vendor_id = nullptr;
+  ONU_ABILITY_GET_REPORT_TYPE_FUNC _get_report_type = nullptr;
+  ONU_ABILITY_GET_PRIVATE_CAPABILITY_FUNC _get_private_capability = nullptr;
+  ONU_ABILITY_GET_DEVICE_NAME_FUNC _get_device_name = nullptr;
+  ONU_ABILITY_HAND_OVER_PROFILE_FUNC _hand_over_profile = nullptr;
+  ONU_ABILITY_SET_REAL_TYPE_FUNC _set_real_type = nullptr;
+  ONU_ABILITY_SET_REPORT_TYPE_FUNC _set_report_type = nullptr;
+  ONU_ABILITY_GET_ABILITY_VALUE_FUNC _get_ability_value = nullptr;
+  ONU_ABILITY_GET_IDENTIFY_SETTING_FUNC _get_identify_setting = nullptr;
+  ONU_ABILITY_READ_ONE_BY_ONE_FUNC _read_one_by_one = nullptr;
+
+ private:
+  OnuAbilityRegExternFunc() = default;
+
+  unsigned int _module_id = 19;
+  unsigned int _cmd_node = 26;
+};
+
+// OnuAbilityRegExternFunc::RegisterExternFunc for hosts that pass plain
+// functions: `func` has the hook type of `id` above.
+extern "C" ONU_ABILITY_API void onu_ability_register_extern_func(unsigned short id, void* func);
+
+#endif  // ONU_ABILITY_COMMON_REG_EXTERN_FUNC_H

@@ -1,0 +1,52 @@
+// The registry of attribute ids and their names. Every ability code carries one
+// value for each id registered when it was made. Starts empty: the host fills
+// it at start-up.
+//
+// Takes no lock: do not change it while other threads read it. Operations that
+// change it report their outcome only in the log.
+#ifndef ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_ATTR_INFO_H
+#define ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_ATTR_INFO_H
+
+#include <map>
+#include <string>
+
+#include "onu_ability_common_global.h"
+
+class ONU_ABILITY_API OnuAbilityAttrInfo {
+ public:
+  // The singleton, built on first use.
+  static OnuAbilityAttrInfo* GetInstance();
+
+  virtual ~OnuAbilityAttrInfo();
+
+  // 1 when no id has this name, else 0. Names compare byte for byte.
+  int IsValid(std::string name);
+  // 1 when the id is registered, else 0.
+  unsigned int IsExist(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id);
+  // The name of the id, "NULL" when it is not registered.
+  std::string Get(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id);
+  // The id with this name, 0 when there is none.
+  ONU_ABILITY_ENUM_ABILITY_ATTR_ID Get(std::string name);
+
+  // Registers the id, unless the name or the id is taken.
+  void Add(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, std::string name);
+  // Renames the id, unless any id, this one included, already has the name.
+  void Update(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, std::string name);
+  // Unregister, unless some ability code has an entry for the id, whatever its
+  // value.
+  void Del(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id);
+  void Del(std::string name);
+
+  // Lists ids and names on the terminal, or in the log when `vty` is null.
+  void Show(void* vty);
+
+ private:
+  // A new code record gets an entry for every registered id.
+  friend struct ONU_ABILITY_CODE_ATTR_INFO;
+
+  OnuAbilityAttrInfo() = default;
+
+  std::map<ONU_ABILITY_ENUM_ABILITY_ATTR_ID, std::string> _map_ability_attr;
+};
+
+#endif  // ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_ATTR_INFO_H

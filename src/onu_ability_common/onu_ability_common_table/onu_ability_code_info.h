@@ -1,0 +1,74 @@
+// The registry of ability codes: the name and the attribute values of each, and
+// which of them is the key ability code, whose value identifies a profile.
+// Starts without any code and with key ability code 1085.
+//
+// Takes no lock: do not change it while other threads read it. Reading an
+// attribute that a record lacks is a change, too (see Get).
+#ifndef ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_CODE_INFO_H
+#define ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_CODE_INFO_H
+
+#include <string>
+#include <vector>
+
+#include "onu_ability_common_global.h"
+
+class ONU_ABILITY_API OnuAbilityCodeInfo {
+ public:
+  // The singleton, built on first use.
+  static OnuAbilityCodeInfo* GetInstance();
+
+  virtual ~OnuAbilityCodeInfo();
+
+  // Whether `code` is registered is not checked. A profile takes the key code
+  // over when it is constructed or initialised, a table when it is constructed.
+  void SetKeyAbilityCode(unsigned short code);
+  unsigned short GetKeyAbilityCode() const;
+
+  // The records themselves, in insertion order, for direct change.
+  std::vector<ONU_ABILITY_CODE_ATTR_INFO>& Get();
+
+  // 1 when no other code has the record's name and every attribute id of the
+  // record is registered, else 0.
+  int IsValid(const ONU_ABILITY_CODE_ATTR_INFO& info);
+  // Adds the record, or replaces the one with its code in place; an invalid
+  // record changes nothing. The outcome shows only in the log.
+  void Update(ONU_ABILITY_CODE_ATTR_INFO& info);
+
+  // 1 or 0: a record has this code; any record has an entry for this attribute.
+  unsigned int IsExist(unsigned short code);
+  unsigned int IsExist(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id);
+
+  // The code with this name, 65535 when there is none.
+  unsigned short Get(std::string name);
+  // The name of the code, "NULL" when there is none.
+  std::string Get(unsigned short code);
+  // The code's value of an attribute, 65535 when the attribute is not
+  // registered or the code is unknown. A record that lacks the attribute
+  // acquires it here with the value 0.
+  unsigned short Get(unsigned short code, ONU_ABILITY_ENUM_ABILITY_ATTR_ID id);
+
+  // Remove a code. Return 0, also for an unknown one, or
+  // ONU_ABILITY_RET_OPERATE_FAILED while a real profile holds the code.
+  unsigned int Del(unsigned short code);
+  unsigned int Del(std::string name);
+
+  // List on the terminal: every record; the record of a code; the records whose
+  // name contains `text` in upper case. A null `vty` is logged.
+  void Show(void* vty);
+  void Show(void* vty, unsigned short code);
+  void Show(void* vty, std::string text);
+
+ private:
+  OnuAbilityCodeInfo() = default;
+
+  std::vector<ONU_ABILITY_CODE_ATTR_INFO>::iterator Find(unsigned short code);
+
+  std::vector<ONU_ABILITY_CODE_ATTR_INFO> _vec_ability_attr;
+  unsigned short _key_ability_code = ONU_ABILITY_CODE_DEFAULT_KEY;
+};
+
+// Replaces `out` with a copy of every record of the registry.
+ONU_ABILITY_API void onu_ability_get_all_ability_attr_info(
+    std::vector<ONU_ABILITY_CODE_ATTR_INFO>& out);
+
+#endif  // ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_CODE_INFO_H

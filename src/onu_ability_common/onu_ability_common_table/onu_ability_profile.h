@@ -1,0 +1,144 @@
+// One ability profile: the set of ability values that describes one ONU type. A
+// real profile lists what an ONU real type can do; a match profile is a pattern
+// against which the abilities that an ONU reports are compared.
+//
+// Held by value everywhere: tables copy profiles in and out. No lock of its
+// own; whoever owns a profile serialises access to it. Operations that change a
+// profile return nothing, their refusals show only in the log.
+#ifndef ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_PROFILE_H
+#define ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_PROFILE_H
+
+#include <map>
+#include <string>
+
+#include "onu_ability_common_global.h"
+#include "variant.h"
+
+class ONU_ABILITY_API OnuAbilityProfile {
+ public:
+  // An empty profile that is neither real nor match; see Init.
+  OnuAbilityProfile();
+  // Copies every member, the profile's own key ability code included.
+  OnuAbilityProfile(const OnuAbilityProfile&) = default;
+  // Copies every member but `_key_ability_code`: the target keeps its own.
+  OnuAbilityProfile& operator=(const OnuAbilityProfile& other);
+  virtual ~OnuAbilityProfile();
+
+  // Empties the profile and gives it a type, a source and a match type. Type 2
+  // (match) has the default value 0xFFFFFFFF and id 0xFFFF, types 0 and 1 the
+  // default value 0 and id 0; any other type is refused and changes nothing.
+  // `_bind_count` stays.
+  void Init(ONU_ABILITY_ENUM_PROFILE_TYPE profile_type,
+            ONU_ABILITY_ENUM_PROFILE_SOURCE profile_source, ONU_ABILITY_ENUM_MATCH_TYPE match_type);
+  // Removes every ability and resets the id; type, source and the rest stay.
+  void Clear();
+
+  // --- Reading. Return 0, or ONU_ABILITY_RET_NOT_FOUND when the code is absent
+  // or its value has the other type.
+
+  // The whole value. An absent code gives a number, the profile's default.
+  unsigned int Get(unsigned short code, ONU_ABILITY_COMMON_ABILITY_VALUE& value) const;
+  // An absent code gives the default value, a string leaves `value` untouched.
+  unsigned int Get(unsigned short code, unsigned int& value) const;
+  // An absent code gives "", a number leaves `value` untouched.
+  unsigned int Get(unsigned short code, std::string& value) const;
+  // The value of the registry's current key ability code.
+  unsigned int Get(unsigned int& value) const;
+
+  // Whether the profile holds the code.
+  bool IsExist(unsigned short code) const;
+  // The sum of all numbers whose code has a non-zero attribute `attr_id`; for
+  // the lamp attribute, of their low 8 bits.
+  unsigned int GetTotalNum(ONU_ABILITY_ENUM_ABILITY_ATTR_ID attr_id) const;
+  // 30 + 14 for each ability: the figure that callers reserve, which is not the
+  // exact serialised size.
+  unsigned int GetSize() const;
+
+  // --- Filling. Codes must be registered; a value equal to the default (the
+  // empty string for strings) is not stored, but may replace a stored one.
+
+  void Add(unsigned short code, ONU_ABILITY_COMMON_ABILITY_VALUE value);
+  void Add(unsigned short code, unsigned int value);
+  void Add(unsigned short code, std::string value);
+  // The key ability value, under the profile's own key ability code, registered
+  // or not.
+  void Add(unsigned int value);
+  // One entry with `value` for every registered code that the profile lacks;
+  // for type 2 only the codes whose confirm-type attribute has bit 2.
+  void Add(ONU_ABILITY_ENUM_PROFILE_TYPE type, unsigned int value);
+
+  // Replace the value of a held code. A number needs a stored number, a string
+  // a stored string; a real profile stores the wildcard 0xFFFFFFFF as 0.
+  void Update(unsigned short code, const ONU_ABILITY_COMMON_ABILITY_VALUE& value);
+  void Update(unsigned short code, unsigned int value);
+  void Update(unsigned short code, const std::string& value);
+  // Set an entry without any rule, check or count.
+  void UpdateInit(unsigned short code, unsigned int value);
+  void UpdateInit(unsigned short code, const std::string& value);
+
+  // Derive the LAN port total (code 1001) and the data UNI total (code 65533);
+  // an entry is written only when some ability contributes.
+  void Update();
+  void UpdateLan();
+  void UpdateDataUni();
+
+  // Removes a code. `_common_ability_num` may stay one too high, as meant.
+  void Del(unsigned short code);
+
+  // --- Matching. Return 1 or 0.
+
+  // With wildcards: 0xFFFFFFFF and "" match anything.
+  unsigned int IsAmbiguousMatch(unsigned int value_1, unsigned int value_2) const;
+  unsigned int IsAmbiguousMatch(const std::string& string_1, const std::string& string_2) const;
+  // Without wildcards; an absent code compares as the profile's default number.
+  unsigned int IsEqual(unsigned short code, const ONU_ABILITY_COMMON_ABILITY_VALUE& value) const;
+  unsigned int IsEqual(unsigned short code, unsigned int value) const;
+  unsigned int IsEqual(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned short code,
+                       unsigned int value) const;
+  unsigned int IsEqual(unsigned short code, const std::string& value) const;
+  // The real type (code 1081).
+  unsigned int operator==(unsigned short real_type) const;
+  // The vendor identifier (code 1082); an empty one on either side matches.
+  unsigned int operator==(std::string vendor_id) const;
+  // The key ability value.
+  unsigned int operator==(unsigned int key_ability_value) const;
+  // Whether `input` fits this stored profile, by the match type of `input`: 1 a
+  // pattern comparison of the codes that confirm a type, 2 an exact comparison,
+  // any other fits always. A pattern comparison inserts the key ability code
+  // into this profile when it lacks it.
+  unsigned int operator==(const OnuAbilityProfile& input);
+
+  // --- Serialisation into the host's buffer, item by item. A failing item is
+  // logged and ends the operation; what was read or written so far stays.
+
+  void Serialize(Variant& variant);
+  // Adds to what the profile already holds, under the rules of Add.
+  void UnSerialize(const Variant& variant);
+
+  // Lists the profile on the terminal. `source` filters (2 is all); `flag` 0
+  // hides numbers equal to the default. `sn` and `omci_mode` (255: none)
+  // describe one ONU.
+  void Show(void* vty, ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned int flag,
+            ONU_ABILITY_PHYSICAL_SN& sn, unsigned char omci_mode);
+
+  unsigned short _id = 0;  // within table and source; 0 and 65535: none
+  unsigned int _bind_count = 0;
+  ONU_ABILITY_ENUM_MATCH_TYPE _flag_match_type = ONU_ABILITY_MATCH_TYPE_NONE;
+  ONU_ABILITY_ENUM_PROFILE_TYPE _profile_type = ONU_ABILITY_PROFILE_TYPE_NONE;
+  ONU_ABILITY_ENUM_PROFILE_SOURCE _profile_source = ONU_ABILITY_PROFILE_SOURCE_DEFAULT;
+  unsigned int _ability_default_value = 0;
+  unsigned int _common_ability_num = 0;  // cached count, stale after some operations as meant
+  std::map<unsigned short, ONU_ABILITY_COMMON_ABILITY_VALUE> _common_ability;
+  unsigned char _reserved[16] = {};
+  unsigned short _key_ability_code;  // the registry's at construction or the last Init
+  unsigned int _age_count = 0;
+
+ private:
+  void StoreNumber(unsigned short code, unsigned int value);
+  unsigned int MatchPattern(const OnuAbilityProfile& input);
+  unsigned int MatchExactly(const OnuAbilityProfile& input) const;
+  void ShowHeader(void* vty, const ONU_ABILITY_PHYSICAL_SN& sn, unsigned char omci_mode) const;
+  void ShowAbilities(void* vty, unsigned int flag) const;
+};
+
+#endif  // ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_PROFILE_H

@@ -1,0 +1,101 @@
+// One table of ability profiles of one profile type. It owns its profiles by
+// value, guards them with its own mutex, and implements every lookup. Created
+// and owned only by OnuAbilityTableManager, which forwards to it.
+//
+// A lookup walks from the newest profile to the oldest and stops at the first
+// hit, unless said otherwise. Callers receive copies. Every operation takes the
+// lock for its whole length except two, which say so; none takes a second one.
+#ifndef ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_TABLE_BASE_H
+#define ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_TABLE_BASE_H
+
+#include <string>
+#include <vector>
+
+#include "mutex_lock.h"
+#include "onu_ability_common_table/onu_ability_profile.h"
+
+class ONU_ABILITY_API OnuAbilityTableBase {
+ public:
+  OnuAbilityTableBase();
+  OnuAbilityTableBase(const OnuAbilityTableBase&) = delete;
+  OnuAbilityTableBase& operator=(const OnuAbilityTableBase&) = delete;
+  virtual ~OnuAbilityTableBase();
+
+  // 1 when some profile holds the code. Reads without the lock, as meant.
+  virtual unsigned int IsExist(unsigned short ability_code);
+
+  // The base versions are inert and return 0.
+  virtual unsigned int Add(OnuAbilityProfile& profile);
+  virtual unsigned int Del(const OnuAbilityProfile& profile);
+  virtual unsigned int Del(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned int key_ability_value);
+
+  // Removes every profile of exactly this source. Returns 0.
+  virtual unsigned int DelAll(ONU_ABILITY_ENUM_PROFILE_SOURCE source);
+
+  // Inert: answers 1 and leaves the profile untouched.
+  virtual unsigned int operator==(OnuAbilityProfile& profile);
+
+  // The lowest id from 30001 to 65533 that no profile of this source has, 65535
+  // when all are taken. Returns 0.
+  virtual unsigned int Get(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned short& id);
+
+  // Copies of all profiles of the source (2 is all) with this key ability
+  // value, newest first; `profiles` is emptied first. 0, or
+  // ONU_ABILITY_RET_NOT_FOUND.
+  virtual unsigned int Get(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned int key_ability_value,
+                           std::vector<OnuAbilityProfile>& profiles);
+  // A copy of the newest of them. 0, or ONU_ABILITY_RET_NOT_FOUND with
+  // `profile` untouched.
+  virtual unsigned int Get(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned int key_ability_value,
+                           OnuAbilityProfile& profile);
+  // The same by real type. The source is not consulted, as meant.
+  virtual unsigned int Get(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned short onu_real_type,
+                           OnuAbilityProfile& profile);
+
+  // One value of the newest profile, of any source, with this key ability value
+  // or real type. 0; ONU_ABILITY_RET_OPERATE_FAILED when the profile cannot
+  // give it; ONU_ABILITY_RET_NOT_FOUND without such a profile. On failure a
+  // number becomes 0 and a string "NULL".
+  virtual unsigned int Get(unsigned int key_ability_value, unsigned short ability_code,
+                           unsigned int& value);
+  virtual unsigned int Get(unsigned int key_ability_value, unsigned short ability_code,
+                           std::string& value);
+  virtual unsigned int Get(unsigned short onu_real_type, unsigned short ability_code,
+                           std::string& value);
+
+  // Inert: 0.
+  virtual unsigned int GetLampTotalNum(unsigned int key_ability_value);
+  virtual unsigned int GetLampTotalNum(unsigned short onu_type);
+  virtual unsigned int AddBindCount(unsigned int key_ability_value);
+  virtual unsigned int MinusBindCount(unsigned int key_ability_value);
+
+  // Add a value to the oldest profile of exactly this source with this key
+  // ability value. 0 once there is one, even if it refuses the value, as meant;
+  // ONU_ABILITY_RET_OPERATE_FAILED without one.
+  unsigned int Add(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned int key_ability_value,
+                   unsigned short ability_code, unsigned int value);
+  unsigned int Add(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned int key_ability_value,
+                   unsigned short ability_code, const std::string& value);
+
+  // 1 or 0: some profile of the source (2 is all) has this key ability value.
+  unsigned int IsExist(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned int key_ability_value);
+  // 1 or 0: some profile of the source (2 is all) has this value under the
+  // code. Reads without the lock, as meant.
+  unsigned int IsEqual(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned short ability_code,
+                       unsigned int value);
+
+  unsigned int Get(unsigned short onu_real_type, unsigned short ability_code, unsigned int& value);
+  unsigned int Get(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned short onu_real_type,
+                   std::vector<OnuAbilityProfile>& profiles);
+
+  // Replaces `profiles` with copies of the profiles of the source (2 is all) in
+  // table order. Logs nothing.
+  void GetAll(ONU_ABILITY_ENUM_PROFILE_SOURCE source, std::vector<OnuAbilityProfile>& profiles);
+
+ protected:
+  CMutexLock _mutex;
+  std::vector<OnuAbilityProfile> _vec_profile;  // guarded by _mutex; in insertion order
+  const unsigned short _key_ability_code;       // the registry's at construction, never refreshed
+};
+
+#endif  // ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_TABLE_BASE_H

@@ -1,0 +1,96 @@
+// The single owner of the ability tables, one for each profile type, and the
+// one way to them: it chooses the table and forwards.
+//
+// Takes no lock; the tables lock for themselves. Init must have run before
+// other threads call in, and tables are neither added nor deleted after that.
+//
+// Every forwarding operation answers ONU_ABILITY_RET_INVALID_PARAM, or 0 for a
+// yes/no question, when the profile type has no table, and otherwise what the
+// table answers unless said otherwise.
+#ifndef ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_TABLE_MANAGER_H
+#define ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_TABLE_MANAGER_H
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "onu_ability_common_table/onu_ability_table_base.h"
+
+class ONU_ABILITY_API OnuAbilityTableManager {
+ public:
+  // The singleton, built on first use; without tables until Init.
+  static OnuAbilityTableManager* GetInstance();
+
+  // Leaves the tables themselves alone, as meant: they live until the process
+  // ends.
+  virtual ~OnuAbilityTableManager();
+
+  // Creates the match table, then the real table. To be called once.
+  void Init();
+  // Creates the table of a type (1 or 2) that has none. For a type that has
+  // one, the existing table stays and the new one is never released, as meant.
+  void AddOnuAbilityTable(ONU_ABILITY_ENUM_PROFILE_TYPE type);
+  // Destroys the table of a type with all its profiles.
+  void DelOnuAbilityTable(ONU_ABILITY_ENUM_PROFILE_TYPE type);
+
+  // Brings the profile's derived counts up to date, gives it a new id when it
+  // has none (0 or 65535), and stores a copy in the table of its type.
+  unsigned int Add(OnuAbilityProfile& profile);
+  unsigned int Add(ONU_ABILITY_ENUM_PROFILE_TYPE type, ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                   unsigned int key_ability_value, unsigned short ability_code, unsigned int value);
+  unsigned int Add(ONU_ABILITY_ENUM_PROFILE_TYPE type, ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                   unsigned int key_ability_value, unsigned short ability_code,
+                   const std::string& value);
+
+  // Return 0 whether or not the table found anything to delete, as meant. The
+  // source comes before the type.
+  unsigned int Del(OnuAbilityProfile& profile);
+  unsigned int Del(ONU_ABILITY_ENUM_PROFILE_SOURCE source, ONU_ABILITY_ENUM_PROFILE_TYPE type,
+                   unsigned int key_ability_value);
+  unsigned int DelAll(ONU_ABILITY_ENUM_PROFILE_SOURCE source, ONU_ABILITY_ENUM_PROFILE_TYPE type);
+
+  // Matches the profile against the table of its type.
+  unsigned int operator==(OnuAbilityProfile& profile);
+
+  unsigned int IsExist(ONU_ABILITY_ENUM_PROFILE_TYPE type, ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                       unsigned int key_ability_value);
+  unsigned int IsEqual(ONU_ABILITY_ENUM_PROFILE_TYPE type, ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                       unsigned short ability_code, unsigned int value);
+
+  unsigned int AddBindCount(ONU_ABILITY_ENUM_PROFILE_TYPE type, unsigned int key_ability_value);
+  unsigned int MinusBindCount(ONU_ABILITY_ENUM_PROFILE_TYPE type, unsigned int key_ability_value);
+
+  unsigned int Get(ONU_ABILITY_ENUM_PROFILE_TYPE type, ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                   unsigned short& id);
+  unsigned int Get(ONU_ABILITY_ENUM_PROFILE_TYPE type, ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                   unsigned int key_ability_value, std::vector<OnuAbilityProfile>& profiles);
+  unsigned int Get(ONU_ABILITY_ENUM_PROFILE_TYPE type, ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                   unsigned short onu_real_type, std::vector<OnuAbilityProfile>& profiles);
+  unsigned int Get(ONU_ABILITY_ENUM_PROFILE_TYPE type, ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                   unsigned int key_ability_value, OnuAbilityProfile& profile);
+  unsigned int Get(ONU_ABILITY_ENUM_PROFILE_TYPE type, ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                   unsigned short onu_real_type, OnuAbilityProfile& profile);
+  unsigned int Get(ONU_ABILITY_ENUM_PROFILE_TYPE type, unsigned int key_ability_value,
+                   unsigned short ability_code, unsigned int& value);
+  unsigned int Get(ONU_ABILITY_ENUM_PROFILE_TYPE type, unsigned int key_ability_value,
+                   unsigned short ability_code, std::string& value);
+  unsigned int Get(ONU_ABILITY_ENUM_PROFILE_TYPE type, unsigned short onu_real_type,
+                   unsigned short ability_code, std::string& value);
+  unsigned int Get(ONU_ABILITY_ENUM_PROFILE_TYPE type, unsigned short onu_real_type,
+                   unsigned short ability_code, unsigned int& value);
+
+  // Replaces `out` with copies of the profiles of one table, filtered by source
+  // (2 is all), in table order; empty when the type has no table. Logs nothing.
+  void GetAll(ONU_ABILITY_ENUM_PROFILE_TYPE type, ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+              std::vector<OnuAbilityProfile>& out);
+
+  // Null entries count as no table; see the lamp totals of the query interface.
+  std::map<ONU_ABILITY_ENUM_PROFILE_TYPE, OnuAbilityTableBase*> _map_table;
+
+ private:
+  OnuAbilityTableManager();
+
+  OnuAbilityTableBase* Find(ONU_ABILITY_ENUM_PROFILE_TYPE type) const;
+};
+
+#endif  // ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_TABLE_MANAGER_H

@@ -1,0 +1,32 @@
+// The table of match profiles: the patterns that recognise an ONU's type from
+// what it reports.
+//
+// Every operation runs wholly under the table's lock.
+#ifndef ONU_ABILITY_COMMON_TABLE_ONU_MATCH_ABILITY_TABLE_H
+#define ONU_ABILITY_COMMON_TABLE_ONU_MATCH_ABILITY_TABLE_H
+
+#include "onu_ability_common_table/onu_ability_table_base.h"
+
+class ONU_ABILITY_API OnuMatchAbilityTable : public OnuAbilityTableBase {
+ public:
+  OnuMatchAbilityTable();
+  ~OnuMatchAbilityTable() override;
+
+  using OnuAbilityTableBase::Add;
+  using OnuAbilityTableBase::Del;
+
+  // Appends a copy without any check, after setting the caller's match type to
+  // 2. Returns 0.
+  unsigned int Add(OnuAbilityProfile& profile) override;
+
+  // Removes the newest profile of the same source with the same id; for an id
+  // of 0 or 65535, the newest that the argument fits. 0, or
+  // ONU_ABILITY_RET_NOT_FOUND.
+  unsigned int Del(const OnuAbilityProfile& profile) override;
+
+  // Finds the newest pattern that a reported profile fits. 1 with the argument
+  // overwritten by it, or 0; its match type becomes 1 in any case.
+  unsigned int operator==(OnuAbilityProfile& profile) override;
+};
+
+#endif  // ONU_ABILITY_COMMON_TABLE_ONU_MATCH_ABILITY_TABLE_H

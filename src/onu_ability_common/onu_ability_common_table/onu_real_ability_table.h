@@ -1,0 +1,47 @@
+// The table of real profiles: what each ONU real type can do, with the number
+// of ONUs bound to each.
+//
+// Every operation runs wholly under the table's lock.
+#ifndef ONU_ABILITY_COMMON_TABLE_ONU_REAL_ABILITY_TABLE_H
+#define ONU_ABILITY_COMMON_TABLE_ONU_REAL_ABILITY_TABLE_H
+
+#include "onu_ability_common_table/onu_ability_table_base.h"
+
+class ONU_ABILITY_API OnuRealAbilityTable : public OnuAbilityTableBase {
+ public:
+  OnuRealAbilityTable();
+  ~OnuRealAbilityTable() override;
+
+  using OnuAbilityTableBase::Add;
+  using OnuAbilityTableBase::Del;
+
+  // Appends a copy, after setting the caller's match type to 2. A default
+  // profile is always taken; any other is refused with
+  // ONU_ABILITY_RET_OPERATE_FAILED when its source already has its key ability
+  // value or its (valid) id.
+  unsigned int Add(OnuAbilityProfile& profile) override;
+
+  // Remove the newest unbound profile of exactly this source: by key ability
+  // value; for a profile with a valid id, by real type, which the id is
+  // compared with as meant, else by its key ability value. 0, or
+  // ONU_ABILITY_RET_NOT_FOUND.
+  unsigned int Del(const OnuAbilityProfile& profile) override;
+  unsigned int Del(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned int key_ability_value) override;
+
+  // The lamp total of the newest profile, 0 without one.
+  unsigned int GetLampTotalNum(unsigned int key_ability_value) override;
+  unsigned int GetLampTotalNum(unsigned short onu_type) override;
+
+  // Count ONUs on the oldest external profile with this key ability value; the
+  // count never falls below 0. 0, or ONU_ABILITY_RET_OPERATE_FAILED without
+  // such a profile.
+  unsigned int AddBindCount(unsigned int key_ability_value) override;
+  unsigned int MinusBindCount(unsigned int key_ability_value) override;
+
+ private:
+  // REQUIRES: the lock is held.
+  bool HasSameKeyValue(const OnuAbilityProfile& profile);
+  OnuAbilityProfile* FindBindable(unsigned int key_ability_value);
+};
+
+#endif  // ONU_ABILITY_COMMON_TABLE_ONU_REAL_ABILITY_TABLE_H

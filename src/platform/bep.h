@@ -1,0 +1,33 @@
+// The host's string and memory primitives.
+#ifndef BEP_H
+#define BEP_H
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* As strcmp: below 0, 0 or above 0. Neither text is null. */
+int bep_StrCmp(const char* a, const char* b);
+
+/* The bytes of `text` before its terminator. */
+unsigned int bep_StrLen(const char* text);
+
+/* `count` * `size` zeroed bytes for the caller at `file`:`line`, or null. */
+void* bep_callocEx(unsigned int count, unsigned int size, const char* file, unsigned int line);
+
+/* Releases a block of bep_callocEx; a null block is ignored. */
+void bep_freeEx(void* block, const char* file, unsigned int line);
+
+/* Copies `count` bytes to `dst`, which has room for `dst_size`. The host may
+ * refuse a count above `dst_size`, leaving `dst` as it was. */
+void bep_memCpyEx(void* dst, unsigned int dst_size, const void* src, unsigned int count);
+
+/* Fills `count` bytes of `dst`, which has room for `dst_size`, with the low 8
+ * bits of `value`. The host may refuse a count above `dst_size`. */
+void bep_memSetEx(void* dst, unsigned int dst_size, int value, unsigned int count);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif  // BEP_H

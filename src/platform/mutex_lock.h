@@ -1,0 +1,28 @@
+// The host's mutex class. Each ability table owns one.
+//
+// The class is declared with default visibility, so that a host compiled with
+// hidden visibility still offers it to the library.
+#ifndef MUTEX_LOCK_H
+#define MUTEX_LOCK_H
+
+class __attribute__((visibility("default"))) CMutexLock {
+ public:
+  CMutexLock();
+  ~CMutexLock();
+
+  CMutexLock(const CMutexLock&) = delete;
+  CMutexLock& operator=(const CMutexLock&) = delete;
+
+  // Takes the mutex. `wait_limit` is in milliseconds, -1 waits without limit.
+  // `file` and `line` name the caller for the host's diagnostics; `file` may be
+  // null. Returns 0 when the mutex was taken, anything else when it was not.
+  unsigned int Lock(int wait_limit, const char* file, unsigned int line);
+
+  // Releases the mutex that the calling thread holds. Returns 0 on success.
+  unsigned int Unlock(const char* file, unsigned int line);
+
+ private:
+  void* _handle;
+};
+
+#endif  // MUTEX_LOCK_H

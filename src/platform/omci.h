@@ -1,0 +1,10 @@
+// The serial number of an ONU as the management protocol carries it.
+#ifndef OMCI_H
+#define OMCI_H
+
+struct _OMCI_PHYSICAL_SN_ {
+  unsigned char vendor_id[4]; /* four characters, no terminator */
+  unsigned char serial[4];    /* most significant byte last in a listing */
+};
+
+#endif  // OMCI_H

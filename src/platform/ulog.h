@@ -1,0 +1,28 @@
+// The host's logging function: the only way a line leaves the library.
+//
+// Owned by the host, which defines the symbol. Called from whichever thread
+// entered the library, also while a table's lock is held, so the host's
+// implementation must be safe against concurrent calls.
+#ifndef ULOG_H
+#define ULOG_H
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+#if defined(__GNUC__)
+#define ULOG_PRINTF_FORMAT __attribute__((format(printf, 3, 4)))
+#else
+#define ULOG_PRINTF_FORMAT
+#endif
+
+/* Writes one line of module `module_id` at `level` (0 is the most serious).
+ * `format` and its arguments follow printf; the format is never null. */
+void ulogPrintf(unsigned int module_id, unsigned int level, const char* format, ...)
+    ULOG_PRINTF_FORMAT;
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif  // ULOG_H
