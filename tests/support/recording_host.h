@@ -20,9 +20,9 @@
 // One line that left through ulogPrintf, the common tail taken off `text`.
 struct LogLine {
   unsigned int level = 0;
-  std::string text;          // formatted, without " func:NAME,line:N\r\n\r\n"
-  std::string function;      // NAME of the tail; empty when the line had no tail
-  unsigned int line = 0;     // N of the tail
+  std::string text;       // formatted, without " func:NAME,line:N\r\n\r\n"
+  std::string function;   // NAME of the tail; empty when the line had no tail
+  unsigned int line = 0;  // N of the tail
   unsigned int module_id = 0;
 };
 
@@ -36,17 +36,18 @@ LogLine Log(unsigned int level, std::string text);
 struct MutexCall {
   enum Kind { kConstruct, kLock, kUnlock, kDestroy } kind;
   const void* mutex;
-  int wait_limit;        // of Lock
-  const char* file;      // as passed
-  unsigned int line;     // as passed
+  int wait_limit;     // of Lock
+  const char* file;   // as passed
+  unsigned int line;  // as passed
 };
 
 // One call of a memory primitive of bep.h.
 struct MemoryCall {
-  std::string name;      // "bep_callocEx", "bep_freeEx", "bep_memCpyEx", ...
+  std::string name;  // "bep_callocEx", "bep_freeEx", "bep_memCpyEx", ...
   unsigned int count = 0;
-  unsigned int size = 0;         // element size, or dst_size
-  std::string file;              // empty when null or when the call has none
+  unsigned int size = 0;  // element size, or dst_size
+  std::string file;       // empty when null or when the call has none
+  unsigned int line = 0;  // of the allocator and the release
 };
 
 // The terminal of the tests: collects the bytes of vty_out.

@@ -9,24 +9,24 @@
 #include "onu_ability_common_table.h"
 
 struct HookCall {
-  int id = 0;                   // 0 to 9
-  unsigned short place = 0;     // A
-  int onu = -1;                 // B; -1 for hook 7, which gets none
-  unsigned int argument = 0;    // stage, real type, report type, code, index, length, setting 3
+  int id = 0;                 // 0 to 9
+  unsigned short place = 0;   // A
+  int onu = -1;               // B; -1 for hook 7, which gets none
+  unsigned int argument = 0;  // stage, real type, report type, code, index, length, setting 3
 };
 
 // What the ONU of a test reports.
 struct ScriptedOnu {
-  unsigned int vendor_status = 0;        // result of hook 0
-  std::string vendor_id = "ABCD";        // bytes written by hook 0, no terminator added
-  unsigned int reported_type = 0;        // result of hook 1
+  unsigned int vendor_status = 0;  // result of hook 0
+  std::string vendor_id = "ABCD";  // bytes written by hook 0, no terminator added
+  unsigned int reported_type = 0;  // result of hook 1
   unsigned char private_capability = 0xFF;
-  bool set_private_capability = false;   // hook 2 writes it only then
-  unsigned int device_name_status = 0;   // result of hook 9
-  std::string device_name;               // bytes written by hook 9, no terminator added
+  bool set_private_capability = false;            // hook 2 writes it only then
+  unsigned int device_name_status = 0;            // result of hook 9
+  std::string device_name;                        // bytes written by hook 9, no terminator added
   std::map<unsigned short, unsigned int> values;  // answers of hook 6; others stay as preset
   unsigned short settings[4] = {0, 0, 0, 0};      // hook 7
-  unsigned int read_one_by_one = 1;      // result of hook 8
+  unsigned int read_one_by_one = 1;               // result of hook 8
 };
 
 // The script of the running test, and the record of calls.

@@ -11,12 +11,12 @@
 
 struct VariantItem {
   enum Kind { kShort, kInt, kBytes } kind;
-  unsigned int number;    // of kShort and kInt
-  std::string bytes;      // of kBytes
-  unsigned int index;     // last argument of the call that wrote it
+  unsigned int number;  // of kShort and kInt
+  std::string bytes;    // of kBytes
+  unsigned int index;   // last argument of the call that wrote it
 };
 
-VariantItem ShortItem(unsigned short number);   // index 0xFFFF
+VariantItem ShortItem(unsigned short number);  // index 0xFFFF
 VariantItem IntItem(unsigned int number);
 VariantItem BytesItem(std::string bytes);
 bool operator==(const VariantItem& a, const VariantItem& b);
