@@ -1,0 +1,5 @@
+#!/bin/sh
+# Fails when the derived files under data/ differ from what the facts give.
+set -eu
+cd "$(dirname "$0")/.."
+exec python3 scripts/derive_data.py --check

@@ -1,0 +1,1 @@
+"""Derives the shipped ONU data from the facts under data/facts/."""
