@@ -1,0 +1,60 @@
+#include "vty/place.h"
+
+#include <algorithm>
+
+namespace olt_host {
+namespace {
+
+constexpr std::size_t kScreenWidth = 80;
+constexpr const char* kCut = "...";
+constexpr std::size_t kCutWidth = 3;
+constexpr std::size_t kAhead = 20;  // shown behind the place when a line is cut
+
+// The first byte of a character of UTF-8, or a character of its own.
+bool StartsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }
+
+}  // namespace
+
+std::string Printable(const std::string& text) {
+  std::string printable = text;
+  for (char& c : printable) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (c == '\t') {
+      c = ' ';
+    } else if (byte < 0x20 || byte == 0x7F) {
+      c = '?';
+    }
+  }
+  return printable;
+}
+
+std::size_t DisplayWidth(const std::string& text) {
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), StartsCharacter));
+}
+
+std::string LineWithCaret(const std::string& before, const std::string& line, std::size_t column) {
+  const std::size_t width = kScreenWidth - std::min(kScreenWidth / 2, DisplayWidth(before));
+  std::size_t start = 0;
+  std::size_t end = line.size();
+  std::string head = before;
+  std::string tail;
+  if (line.size() >= width) {
+    end = std::min(line.size(), column + kAhead);
+    const std::size_t most = width - kAhead - 2 * kCutWidth;
+    start = column > most ? column - most : 0;
+    while (start < column && !StartsCharacter(line[start])) ++start;
+    while (end < line.size() && !StartsCharacter(line[end])) ++end;
+    if (start > 0) head += kCut;
+    if (end < line.size()) tail = kCut;
+  }
+  return head + Printable(line.substr(start, end - start)) + tail + "\r\n" +
+         CaretUnder(head, line.substr(start), column - start);
+}
+
+std::string CaretUnder(const std::string& before, const std::string& line, std::size_t column) {
+  const std::size_t behind = column - std::min(column, line.size());
+  return std::string(DisplayWidth(before) + DisplayWidth(line.substr(0, column)) + behind, ' ') +
+         "^\r\n";
+}
+
+}  // namespace olt_host

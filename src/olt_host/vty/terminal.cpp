@@ -1,0 +1,33 @@
+#include "vty/terminal.h"
+
+#include <cstdarg>
+#include <cstdio>
+#include <utility>
+#include <vector>
+
+vty::vty(unsigned int command_node, Sink sink) : node_(command_node), sink_(std::move(sink)) {}
+
+void vty::Write(const char* bytes, std::size_t length) {
+  if (alive_ && length > 0 && !sink_(bytes, length)) alive_ = false;
+}
+
+int vty_out(struct vty* vty, const char* format, ...) {
+  if (vty == nullptr) return -1;
+  char line[512];
+  va_list arguments;
+  va_list again;
+  va_start(arguments, format);
+  va_copy(again, arguments);
+  const int length = std::vsnprintf(line, sizeof line, format, arguments);
+  va_end(arguments);
+  if (length >= 0 && static_cast<std::size_t>(length) < sizeof line) {
+    vty->Write(line, static_cast<std::size_t>(length));
+  } else if (length >= 0) {
+    // Longer than most: formatted again, in full.
+    std::vector<char> text(static_cast<std::size_t>(length) + 1);
+    std::vsnprintf(text.data(), text.size(), format, again);
+    vty->Write(text.data(), static_cast<std::size_t>(length));
+  }
+  va_end(again);
+  return length;
+}

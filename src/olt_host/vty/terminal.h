@@ -1,0 +1,42 @@
+// One operator's terminal, as command handlers see it: the record behind the
+// opaque `struct vty` of the platform interface. It formats text and hands the
+// bytes to a sink (standard output, a socket, a string); it reads nothing.
+//
+// Owned by the session that runs commands on it, and used by the thread that
+// runs them. A terminal whose other end is gone swallows what is written, so
+// that a handler never has to look.
+#ifndef OLT_HOST_VTY_TERMINAL_H
+#define OLT_HOST_VTY_TERMINAL_H
+
+#include <cstddef>
+#include <functional>
+
+#include "vty.h"
+
+struct vty {
+ public:
+  // Takes `length` bytes to the operator; false when the other end is gone.
+  using Sink = std::function<bool(const char* bytes, std::size_t length)>;
+
+  // A terminal on which the commands of `command_node` are offered.
+  vty(unsigned int command_node, Sink sink);
+  vty(const vty&) = delete;
+  vty& operator=(const vty&) = delete;
+
+  // Hands the bytes on as they are; nothing once the terminal is not alive.
+  void Write(const char* bytes, std::size_t length);
+
+  // False after Close, and once the sink has reported that the other end is
+  // gone. A session ends then.
+  bool alive() const { return alive_; }
+  void Close() { alive_ = false; }
+
+  unsigned int node() const { return node_; }
+
+ private:
+  unsigned int node_;
+  Sink sink_;
+  bool alive_ = true;
+};
+
+#endif  // OLT_HOST_VTY_TERMINAL_H
