@@ -1,0 +1,135 @@
+#include "console/editor_session.h"
+
+#include <histedit.h>
+
+#include <cerrno>
+#include <clocale>
+#include <csignal>
+#include <cstdio>
+#include <memory>
+#include <string>
+
+#include "console/line_session.h"
+#include "vty/completion.h"
+#include "vty/execute.h"
+
+namespace olt_host {
+namespace {
+
+char prompt_text[] = "olt> ";
+constexpr int kLinesRemembered = 500;
+
+char* Prompt(EditLine*) { return prompt_text; }
+
+// Lets Ctrl-C interrupt the reading of a line instead of ending the process.
+class InterruptGuard {
+ public:
+  InterruptGuard() {
+    struct sigaction action = {};
+    action.sa_handler = [](int) { interrupted_ = 1; };
+    sigemptyset(&action.sa_mask);
+    sigaction(SIGINT, &action, &before_);
+  }
+  ~InterruptGuard() { sigaction(SIGINT, &before_, nullptr); }
+  InterruptGuard(const InterruptGuard&) = delete;
+  InterruptGuard& operator=(const InterruptGuard&) = delete;
+
+  // Whether Ctrl-C was pressed since the last call.
+  static bool Take() {
+    const bool taken = interrupted_ != 0;
+    interrupted_ = 0;
+    return taken;
+  }
+
+ private:
+  static inline volatile std::sig_atomic_t interrupted_ = 0;
+  struct sigaction before_ = {};
+};
+
+// The editor's answer to TAB.
+unsigned char CompleteWord(EditLine* editor, int) {
+  const struct vty* terminal = nullptr;
+  el_get(editor, EL_CLIENTDATA, &terminal);
+  const LineInfo* const info = el_line(editor);
+  const Completion completion = Complete(terminal->node(), std::string(info->buffer, info->cursor));
+  if (!completion.insert.empty()) {
+    return el_insertstr(editor, completion.insert.c_str()) == 0 ? CC_REFRESH : CC_REFRESH_BEEP;
+  }
+  if (completion.candidates.empty()) return CC_REFRESH_BEEP;
+  std::fputs("\r\n", stdout);
+  for (const std::string& candidate : completion.candidates) {
+    std::fprintf(stdout, "  %s\r\n", candidate.c_str());
+  }
+  return CC_REDISPLAY;
+}
+
+class Editor {
+ public:
+  explicit Editor(struct vty& terminal)
+      : history_(history_init(), history_end),
+        editor_(el_init("olt_host", stdin, stdout, stderr), el_end) {
+    if (editor_ == nullptr || history_ == nullptr) return;
+    HistEvent event;
+    history(history_.get(), &event, H_SETSIZE, kLinesRemembered);
+    history(history_.get(), &event, H_SETUNIQUE, 1);
+    el_set(editor_.get(), EL_CLIENTDATA, &terminal);
+    el_set(editor_.get(), EL_PROMPT, Prompt);
+    el_set(editor_.get(), EL_EDITOR, "emacs");
+    el_set(editor_.get(), EL_HIST, history, history_.get());
+    el_set(editor_.get(), EL_ADDFN, "complete-word", "complete the keyword", CompleteWord);
+    el_set(editor_.get(), EL_BIND, "^I", "complete-word", nullptr);
+    el_set(editor_.get(), EL_BIND, "^R", "em-inc-search-prev", nullptr);
+  }
+
+  enum class Answer { kLine, kInterrupted, kEnd };
+
+  Answer Read(std::string& line) {
+    if (editor_ == nullptr || history_ == nullptr) return Answer::kEnd;
+    el_resize(editor_.get());  // the window may have changed during the last command
+    int length = 0;
+    errno = 0;
+    const char* const text = el_gets(editor_.get(), &length);
+    if (text == nullptr || length <= 0) {
+      return InterruptGuard::Take() ? Answer::kInterrupted : Answer::kEnd;
+    }
+    line.assign(text, static_cast<std::size_t>(length));
+    while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) line.pop_back();
+    return Answer::kLine;
+  }
+
+  void Remember(const std::string& line) {
+    HistEvent event;
+    history(history_.get(), &event, H_ENTER, line.c_str());
+  }
+
+ private:
+  std::unique_ptr<History, decltype(&history_end)> history_;
+  std::unique_ptr<EditLine, decltype(&el_end)> editor_;
+};
+
+}  // namespace
+
+void RunEditor(struct vty& terminal) {
+  std::setlocale(LC_CTYPE, "");  // the editor counts characters, not bytes
+  const InterruptGuard guard;
+  Editor editor(terminal);
+  vty_out(&terminal, "ONU ability console: \"help\" for help, \"exit\" or Ctrl-D to leave.\r\n");
+  std::string line;
+  while (terminal.alive() && std::fflush(stdout) == 0) {
+    const Editor::Answer answer = editor.Read(line);
+    if (answer == Editor::Answer::kInterrupted) {
+      vty_out(&terminal, "^C\r\n");
+      continue;
+    }
+    if (answer == Editor::Answer::kEnd) {
+      vty_out(&terminal, "\r\n");
+      break;
+    }
+    if (IsRemark(line)) continue;
+    editor.Remember(line);
+    ExecuteLine(terminal, terminal.node(), line, LineEcho{true, prompt_text});
+    InterruptGuard::Take();  // pressed while the command ran: too late for it
+  }
+}
+
+}  // namespace olt_host
