@@ -18,8 +18,8 @@ extern "C" {
 
 /* Writes one line of module `module_id` at `level` (0 is the most serious).
  * `format` and its arguments follow printf; the format is never null. */
-void ulogPrintf(unsigned int module_id, unsigned int level, const char* format, ...)
-    ULOG_PRINTF_FORMAT;
+void ulogPrintf(unsigned int module_id, unsigned int level, const char* format,
+                ...) ULOG_PRINTF_FORMAT;
 
 #ifdef __cplusplus
 }

@@ -62,10 +62,10 @@ enum ONU_ABILITY_ENUM_ABILITY_ATTR_ID : int {
 
 // Ability codes that the library itself reads or writes.
 constexpr unsigned short ONU_ABILITY_CODE_PRIVATE_CAPABILITY_KNOWN = 48;
-constexpr unsigned short ONU_ABILITY_CODE_ALL_LAN = 1001;       // derived: sum of LAN ports
-constexpr unsigned short ONU_ABILITY_CODE_ONU_CAPA = 1002;      // 0 SFU, 1 HGU
-constexpr unsigned short ONU_ABILITY_CODE_TRANS_TYPE = 1023;    // non-zero: translate the type
-constexpr unsigned short ONU_ABILITY_CODE_REPORT_TYPE = 1080;   // type that the ONU reported
+constexpr unsigned short ONU_ABILITY_CODE_ALL_LAN = 1001;      // derived: sum of LAN ports
+constexpr unsigned short ONU_ABILITY_CODE_ONU_CAPA = 1002;     // 0 SFU, 1 HGU
+constexpr unsigned short ONU_ABILITY_CODE_TRANS_TYPE = 1023;   // non-zero: translate the type
+constexpr unsigned short ONU_ABILITY_CODE_REPORT_TYPE = 1080;  // type that the ONU reported
 constexpr unsigned short ONU_ABILITY_CODE_REAL_TYPE = 1081;
 constexpr unsigned short ONU_ABILITY_CODE_VENDOR_ID = 1082;     // string of 4 characters
 constexpr unsigned short ONU_ABILITY_CODE_TYPE_NAME = 1083;     // string

@@ -22,11 +22,11 @@ extern std::atomic<unsigned int> onu_ability_log_level_mask;
   ONU_ABILITY_LOG_BARE(level, format " func:%s,line:%d\r\n\r\n", __VA_ARGS__)
 
 // A line without the tail, for the one listing that may go to the log.
-#define ONU_ABILITY_LOG_BARE(level, ...)                                                     \
-  do {                                                                                       \
-    if ((onu_ability_log_level_mask.load(std::memory_order_relaxed) >> (level)) & 1U) {      \
-      ulogPrintf(onu_ability_get_module_id(), (level), __VA_ARGS__);                         \
-    }                                                                                        \
+#define ONU_ABILITY_LOG_BARE(level, ...)                                                \
+  do {                                                                                  \
+    if ((onu_ability_log_level_mask.load(std::memory_order_relaxed) >> (level)) & 1U) { \
+      ulogPrintf(onu_ability_get_module_id(), (level), __VA_ARGS__);                    \
+    }                                                                                   \
   } while (false)
 
 #endif  // ONU_ABILITY_COMMON_GLOBAL_LOG_H

@@ -35,15 +35,17 @@ class ONU_ABILITY_API ConfirmOnuType : public OnuAbilityProfile {
 
   unsigned short _place;
   unsigned char _onu;
-  unsigned int _key_ability_value = 0;      // after recognition
-  unsigned int _report_type = 0;            // code 1080, then its translation
+  unsigned int _key_ability_value = 0;       // after recognition
+  unsigned int _report_type = 0;             // code 1080, then its translation
   unsigned short _identify_setting[4] = {};  // 0 SFU mode, 2 HGU mode, 3 for hook 2
-  unsigned int _type_from_onu_report = 0;   // 0xFFFFFFFF once it proved unknown
+  unsigned int _type_from_onu_report = 0;    // 0xFFFFFFFF once it proved unknown
   unsigned char _private_capability = 0xFF;  // 0xFF: unknown
 
  private:
   void GatherAbilities();
-  unsigned int TranslatedReportType(unsigned int onu_capa, unsigned int trans_type) const;
+  void AskAbility(unsigned short code);
+  void HandOver();
+  unsigned int TranslatedReportType(unsigned int onu_capa) const;
 };
 
 #endif  // ONU_ABILITY_COMMON_TABLE_CONFIRM_ONU_TYPE_H

@@ -13,6 +13,7 @@
 
 #include "onu_ability_common_global.h"
 #include "variant.h"
+#include "vty.h"
 
 class ONU_ABILITY_API OnuAbilityProfile {
  public:
@@ -45,6 +46,8 @@ class ONU_ABILITY_API OnuAbilityProfile {
   // The value of the registry's current key ability code.
   unsigned int Get(unsigned int& value) const;
 
+  // Whether the profile has an id: 0 and 65535 stand for none.
+  bool HasId() const { return _id != 0 && _id != ONU_ABILITY_INVALID_ID; }
   // Whether the profile holds the code.
   bool IsExist(unsigned short code) const;
   // The sum of all numbers whose code has a non-zero attribute `attr_id`; for
@@ -135,10 +138,15 @@ class ONU_ABILITY_API OnuAbilityProfile {
 
  private:
   void StoreNumber(unsigned short code, unsigned int value);
-  unsigned int MatchPattern(const OnuAbilityProfile& input);
-  unsigned int MatchExactly(const OnuAbilityProfile& input) const;
-  void ShowHeader(void* vty, const ONU_ABILITY_PHYSICAL_SN& sn, unsigned char omci_mode) const;
-  void ShowAbilities(void* vty, unsigned int flag) const;
+  void StoreString(unsigned short code, const std::string& value);
+  bool MatchPattern(const OnuAbilityProfile& input, unsigned short key_code);
+  bool MatchAbility(unsigned short code, const ONU_ABILITY_COMMON_ABILITY_VALUE& held,
+                    const ONU_ABILITY_COMMON_ABILITY_VALUE& input, unsigned short key_code) const;
+  bool MatchExactly(const OnuAbilityProfile& input) const;
+  bool IsSameIn(const OnuAbilityProfile& input, unsigned short code,
+                const ONU_ABILITY_COMMON_ABILITY_VALUE& held) const;
+  void ShowHeader(struct vty* terminal) const;
+  void ShowAbilities(struct vty* terminal, unsigned int flag) const;
 };
 
 #endif  // ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_PROFILE_H

@@ -96,6 +96,18 @@ class ONU_ABILITY_API OnuAbilityTableBase {
   CMutexLock _mutex;
   std::vector<OnuAbilityProfile> _vec_profile;  // guarded by _mutex; in insertion order
   const unsigned short _key_ability_code;       // the registry's at construction, never refreshed
+
+  // The newest profile that qualifies, or null.
+  // REQUIRES: the lock is held.
+  OnuAbilityProfile* FindByCode(unsigned short code, unsigned int value);
+  OnuAbilityProfile* FindByCode(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned short code,
+                                unsigned int value);
+  OnuAbilityProfile* FindByRealType(unsigned short onu_real_type);
+
+ private:
+  unsigned int CollectByCode(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned short code,
+                             unsigned int value, std::vector<OnuAbilityProfile>& profiles);
+  static unsigned int CopyOut(const OnuAbilityProfile* found, OnuAbilityProfile& profile);
 };
 
 #endif  // ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_TABLE_BASE_H

@@ -40,7 +40,7 @@ class ONU_ABILITY_API OnuRealAbilityTable : public OnuAbilityTableBase {
 
  private:
   // REQUIRES: the lock is held.
-  bool HasSameKeyValue(const OnuAbilityProfile& profile);
+  bool IsDuplicate(const OnuAbilityProfile& profile) const;
   OnuAbilityProfile* FindBindable(unsigned int key_ability_value);
 };
 

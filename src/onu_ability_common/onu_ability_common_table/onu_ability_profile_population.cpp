@@ -1,0 +1,288 @@
+// Filling, updating and emptying a profile, and the two derived counts.
+//
+// Which paths examine a tag, derive again or refresh the count differs from
+// operation to operation; the differences are meant.
+#include <utility>
+
+#include "onu_ability_common_global/log.h"
+#include "onu_ability_common_table/ability_name.h"
+#include "onu_ability_common_table/onu_ability_profile.h"
+
+namespace {
+
+constexpr unsigned short kLanPort = 3;
+// Port type 7 is a data UNI, too: 3 with this bit set.
+constexpr unsigned int kDataUniBit = 0x4;
+constexpr unsigned short kFillsMatchProfiles = 0x2;
+
+// 0 and the wildcard say nothing about a number of ports.
+bool IsCount(unsigned int number) { return number != 0 && number != ONU_ABILITY_WILDCARD; }
+
+}  // namespace
+
+void OnuAbilityProfile::StoreNumber(unsigned short code, unsigned int value) {
+  ONU_ABILITY_COMMON_ABILITY_VALUE& held = _common_ability[code];
+  held.ability_value_type = ONU_ABILITY_VALUE_TYPE_USHORT;
+  held.ability_ushort_value = value;
+  held.ability_string_value.clear();
+}
+
+void OnuAbilityProfile::StoreString(unsigned short code, const std::string& value) {
+  ONU_ABILITY_COMMON_ABILITY_VALUE& held = _common_ability[code];
+  held.ability_value_type = ONU_ABILITY_VALUE_TYPE_STRING;
+  held.ability_ushort_value = _ability_default_value;
+  held.ability_string_value = value;
+}
+
+void OnuAbilityProfile::Add(unsigned short code, ONU_ABILITY_COMMON_ABILITY_VALUE value) {
+  ONU_ABILITY_LOG(10, "function start!");
+  if (OnuAbilityCodeInfo::GetInstance()->IsExist(code) == 0) {
+    ONU_ABILITY_LOG(1, "ability_code don't exist,ability_code:%d", code);
+    return;
+  }
+  if (IsExist(code)) {
+    Update(code, value);
+    ONU_ABILITY_LOG(10, "function end!");
+    return;
+  }
+  const unsigned int type = value.ability_value_type;
+  if (type == ONU_ABILITY_VALUE_TYPE_USHORT) {
+    if (value.ability_ushort_value == _ability_default_value) {
+      ONU_ABILITY_LOG(4,
+                      "ability value is equal to default value,profile type:%d, value type:%d, "
+                      "ability_code:%d, ability name:%s, ability_value:%d, default value:%d",
+                      _profile_type, type, code, AbilityName(code).c_str(),
+                      value.ability_ushort_value, _ability_default_value);
+      return;
+    }
+  } else if (type == ONU_ABILITY_VALUE_TYPE_STRING) {
+    if (value.ability_string_value.empty()) {
+      ONU_ABILITY_LOG(4,
+                      "ability value is equal to default value,profile type:%d, value type:%d, "
+                      "ability_code:%d, ability_value:%s",
+                      _profile_type, type, code, value.ability_string_value.c_str());
+      return;
+    }
+  } else {
+    ONU_ABILITY_LOG(4,
+                    "ability value type is invalid,profile type:%d, value type:%d, ability_code:%d",
+                    _profile_type, type, code);
+    return;
+  }
+  _common_ability[code] = std::move(value);
+  Update();
+  _common_ability_num = static_cast<unsigned int>(_common_ability.size());
+  ONU_ABILITY_LOG(10, "function end!");
+}
+
+void OnuAbilityProfile::Add(unsigned short code, unsigned int value) {
+  ONU_ABILITY_LOG(10, "function start!");
+  if (OnuAbilityCodeInfo::GetInstance()->IsExist(code) == 0) {
+    ONU_ABILITY_LOG(1, "ability_code don't exist,ability_code:%d", code);
+    return;
+  }
+  if (IsExist(code)) {
+    Update(code, value);
+    ONU_ABILITY_LOG(10, "function end!");
+    return;
+  }
+  if (value == _ability_default_value) {
+    ONU_ABILITY_LOG(4,
+                    "ability value is equal to default value,profile type:%d, ability_code:%d, "
+                    "ability_name:%s, ability_value:%d, default value:%d",
+                    _profile_type, code, AbilityName(code).c_str(), value, _ability_default_value);
+    return;
+  }
+  StoreNumber(code, value);
+  Update();
+  _common_ability_num = static_cast<unsigned int>(_common_ability.size());
+  ONU_ABILITY_LOG(10, "function end!");
+}
+
+void OnuAbilityProfile::Add(unsigned short code, std::string value) {
+  ONU_ABILITY_LOG(10, "function start!");
+  if (OnuAbilityCodeInfo::GetInstance()->IsExist(code) == 0) {
+    ONU_ABILITY_LOG(1, "ability_code don't exist,ability_code:%d", code);
+    return;
+  }
+  if (IsExist(code)) {
+    // Whatever its tag, and past Update(code, string).
+    _common_ability[code].ability_string_value = std::move(value);
+    ONU_ABILITY_LOG(10, "function end!");
+    return;
+  }
+  if (value.empty()) {
+    ONU_ABILITY_LOG(4,
+                    "ability value is equal to default value,profile type:%d, ability_code:%d, "
+                    "ability name:%s, ability_value:%s",
+                    _profile_type, code, AbilityName(code).c_str(), value.c_str());
+    return;
+  }
+  // Strings never feed the derived counts: nothing is derived again.
+  StoreString(code, value);
+  _common_ability_num = static_cast<unsigned int>(_common_ability.size());
+  ONU_ABILITY_LOG(10, "function end!");
+}
+
+void OnuAbilityProfile::Add(unsigned int value) {
+  ONU_ABILITY_LOG(10, "function start!");
+  if (IsExist(_key_ability_code)) {
+    Update(_key_ability_code, value);
+    ONU_ABILITY_LOG(10, "function end!");
+    return;
+  }
+  if (value == _ability_default_value) {
+    ONU_ABILITY_LOG(4,
+                    "ability value is equal to default value,profile type:%d, key_ability_code:%d, "
+                    "ability_name:%s, key_ability_value:%d, default value:%d",
+                    _profile_type, _key_ability_code, AbilityName(_key_ability_code).c_str(), value,
+                    _ability_default_value);
+    return;
+  }
+  StoreNumber(_key_ability_code, value);
+  Update();
+  _common_ability_num = static_cast<unsigned int>(_common_ability.size());
+  ONU_ABILITY_LOG(10, "function end!");
+}
+
+void OnuAbilityProfile::Add(ONU_ABILITY_ENUM_PROFILE_TYPE type, unsigned int value) {
+  ONU_ABILITY_LOG(10, "function start!");
+  // Neither the default rule nor the count applies here, as meant.
+  for (auto& record : OnuAbilityCodeInfo::GetInstance()->Get()) {
+    const unsigned short code = record.ability_code;
+    if (IsExist(code)) {
+      continue;
+    }
+    // Reading an absent confirm type adds it to the record with the value 0.
+    if (type == ONU_ABILITY_PROFILE_TYPE_MATCH &&
+        (record.ability_attr[ONU_ABILITY_ATTR_CONFIRM_TYPE] & kFillsMatchProfiles) == 0) {
+      continue;
+    }
+    const unsigned int value_type =
+        OnuAbilityCodeInfo::GetInstance()->Get(code, ONU_ABILITY_ATTR_VALUE_TYPE);
+    ONU_ABILITY_COMMON_ABILITY_VALUE& held = _common_ability[code];
+    held.ability_value_type = value_type;
+    if (value_type == ONU_ABILITY_VALUE_TYPE_USHORT) {
+      held.ability_ushort_value = value;
+    }
+  }
+  Update();
+  ONU_ABILITY_LOG(10, "function end!");
+}
+
+void OnuAbilityProfile::Update(unsigned short code, const ONU_ABILITY_COMMON_ABILITY_VALUE& value) {
+  ONU_ABILITY_LOG(10, "function start!");
+  const auto ability = _common_ability.find(code);
+  if (ability != _common_ability.end()) {
+    ability->second = value;
+  }
+  Update();
+  ONU_ABILITY_LOG(10, "function end!");
+}
+
+void OnuAbilityProfile::Update(unsigned short code, unsigned int value) {
+  ONU_ABILITY_LOG(10, "function start!");
+  const auto ability = _common_ability.find(code);
+  if (ability != _common_ability.end()) {
+    ONU_ABILITY_COMMON_ABILITY_VALUE& held = ability->second;
+    if (held.ability_value_type != ONU_ABILITY_VALUE_TYPE_USHORT) {
+      ONU_ABILITY_LOG(0, "value_type invalid!value_type:%d", held.ability_value_type);
+      return;
+    }
+    // A real profile never keeps the wildcard, as meant.
+    const bool is_real = _profile_type == ONU_ABILITY_PROFILE_TYPE_REAL;
+    held.ability_ushort_value = is_real && value == ONU_ABILITY_WILDCARD ? 0 : value;
+  }
+  Update();
+  ONU_ABILITY_LOG(10, "function end!");
+}
+
+void OnuAbilityProfile::Update(unsigned short code, const std::string& value) {
+  ONU_ABILITY_LOG(10, "function start!");
+  const auto ability = _common_ability.find(code);
+  if (ability != _common_ability.end()) {
+    ONU_ABILITY_COMMON_ABILITY_VALUE& held = ability->second;
+    if (held.ability_value_type != ONU_ABILITY_VALUE_TYPE_STRING) {
+      ONU_ABILITY_LOG(0, "value_type invalid!value_type:%d", held.ability_value_type);
+      return;
+    }
+    held.ability_string_value = value;
+  }
+  ONU_ABILITY_LOG(10, "function end!");
+}
+
+void OnuAbilityProfile::UpdateInit(unsigned short code, unsigned int value) {
+  ONU_ABILITY_LOG(10, "function start!");
+  StoreNumber(code, value);
+  ONU_ABILITY_LOG(10, "function end!");
+}
+
+void OnuAbilityProfile::UpdateInit(unsigned short code, const std::string& value) {
+  ONU_ABILITY_LOG(10, "function start!");
+  StoreString(code, value);
+  ONU_ABILITY_LOG(10, "function end!");
+}
+
+void OnuAbilityProfile::Update() {
+  UpdateLan();
+  UpdateDataUni();
+}
+
+void OnuAbilityProfile::UpdateLan() {
+  ONU_ABILITY_LOG(10, "function start!");
+  unsigned int sum = 0;
+  bool found = false;
+  for (const auto& [code, value] : _common_ability) {
+    // Whatever the tag of the value, as meant.
+    const unsigned short port_type =
+        OnuAbilityCodeInfo::GetInstance()->Get(code, ONU_ABILITY_ATTR_PORT_TYPE);
+    if (port_type == kLanPort && IsCount(value.ability_ushort_value)) {
+      sum += value.ability_ushort_value;
+      found = true;
+    }
+  }
+  if (found) {
+    StoreNumber(ONU_ABILITY_CODE_ALL_LAN, sum);
+    _common_ability_num = static_cast<unsigned int>(_common_ability.size());
+  }
+  ONU_ABILITY_LOG(6, "all_lan_num:%d", sum);
+  ONU_ABILITY_LOG(10, "function end!");
+}
+
+void OnuAbilityProfile::UpdateDataUni() {
+  ONU_ABILITY_LOG(10, "function start!");
+  unsigned int sum = 0;
+  bool found = false;
+  for (const auto& [code, value] : _common_ability) {
+    const unsigned short value_type =
+        OnuAbilityCodeInfo::GetInstance()->Get(code, ONU_ABILITY_ATTR_VALUE_TYPE);
+    ONU_ABILITY_LOG(6, "ability_code:%d, ability_attr_value:%d", code, value_type);
+    if (value_type != ONU_ABILITY_VALUE_TYPE_USHORT) {
+      continue;
+    }
+    const unsigned short port_type =
+        OnuAbilityCodeInfo::GetInstance()->Get(code, ONU_ABILITY_ATTR_PORT_TYPE);
+    ONU_ABILITY_LOG(6, "ability_code:%d, ability_value:%u, ability_attr_value:%d", code,
+                    value.ability_ushort_value, port_type);
+    if ((port_type & ~kDataUniBit) == kLanPort && IsCount(value.ability_ushort_value)) {
+      sum += value.ability_ushort_value;
+      found = true;
+    }
+  }
+  if (found) {
+    StoreNumber(ONU_ABILITY_CODE_DATA_UNI, sum);
+    _common_ability_num = static_cast<unsigned int>(_common_ability.size());
+  }
+  ONU_ABILITY_LOG(6, "data_uni_total_num:%d", sum);
+  ONU_ABILITY_LOG(10, "function end!");
+}
+
+void OnuAbilityProfile::Del(unsigned short code) {
+  ONU_ABILITY_LOG(10, "function start!");
+  // The count is left to Update, which refreshes it only when it writes a
+  // derived entry: it may stay one too high, as meant.
+  if (_common_ability.erase(code) != 0) {
+    Update();
+  }
+  ONU_ABILITY_LOG(10, "function end!");
+}

@@ -1,0 +1,137 @@
+// What a table stores: additions, deletions, new ids, and the inert operations
+// that the concrete tables override.
+#include "onu_ability_common_table/onu_ability_table_base.h"
+
+#include <algorithm>
+
+#include "onu_ability_common_global/log.h"
+#include "onu_ability_common_table/ability_name.h"
+#include "onu_ability_common_table/table_lock.h"
+
+namespace {
+
+constexpr unsigned short kFirstNewId = 30001;
+constexpr unsigned short kLastNewId = 65533;
+
+}  // namespace
+
+OnuAbilityTableBase::OnuAbilityTableBase()
+    : _key_ability_code(OnuAbilityCodeInfo::GetInstance()->GetKeyAbilityCode()) {
+  ONU_ABILITY_LOG(10, "OnuAbilityTableBase start!");
+}
+
+OnuAbilityTableBase::~OnuAbilityTableBase() { ONU_ABILITY_LOG(10, "release OnuAbilityTableBase!"); }
+
+unsigned int OnuAbilityTableBase::Add(OnuAbilityProfile& /*profile*/) {
+  ONU_ABILITY_LOG(10, "OnuAbilityTableBase::Add!");
+  return ONU_ABILITY_RET_OK;
+}
+
+unsigned int OnuAbilityTableBase::Del(const OnuAbilityProfile& /*profile*/) {
+  ONU_ABILITY_LOG(10, "OnuAbilityTableBase::Del profile!");
+  return ONU_ABILITY_RET_OK;
+}
+
+unsigned int OnuAbilityTableBase::Del(ONU_ABILITY_ENUM_PROFILE_SOURCE /*source*/,
+                                      unsigned int /*key_ability_value*/) {
+  ONU_ABILITY_LOG(10, "OnuAbilityTableBase::Del profile!");
+  return ONU_ABILITY_RET_OK;
+}
+
+unsigned int OnuAbilityTableBase::operator==(OnuAbilityProfile& /*profile*/) {
+  ONU_ABILITY_LOG(10, "OnuAbilityTableBase::operator==!");
+  return 1;
+}
+
+unsigned int OnuAbilityTableBase::GetLampTotalNum(unsigned int /*key_ability_value*/) {
+  ONU_ABILITY_LOG(10, "OnuAbilityTableBase::GetLampTotalNum start!");
+  return 0;
+}
+
+unsigned int OnuAbilityTableBase::GetLampTotalNum(unsigned short /*onu_type*/) {
+  ONU_ABILITY_LOG(10, "OnuAbilityTableBase::GetLampTotalNum start!");
+  return 0;
+}
+
+unsigned int OnuAbilityTableBase::AddBindCount(unsigned int /*key_ability_value*/) {
+  return ONU_ABILITY_RET_OK;
+}
+
+unsigned int OnuAbilityTableBase::MinusBindCount(unsigned int /*key_ability_value*/) {
+  return ONU_ABILITY_RET_OK;
+}
+
+unsigned int OnuAbilityTableBase::Add(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                                      unsigned int key_ability_value, unsigned short ability_code,
+                                      unsigned int value) {
+  ONU_ABILITY_LOG(10, "Add-1 profile start!");
+  const TableLock lock(_mutex);
+  for (auto& profile : _vec_profile) {
+    if (profile._profile_source == source && profile == key_ability_value) {
+      // A value that the profile refuses still counts as success, as meant.
+      profile.Add(ability_code, value);
+      ONU_ABILITY_LOG(10, "Add-1 profile end!");
+      return ONU_ABILITY_RET_OK;
+    }
+  }
+  ONU_ABILITY_LOG(1,
+                  "Add-1 failed!profile_source:%d, key_ability_value:%d, ability_code:%d, "
+                  "ability_name:%s, ability_value:%d",
+                  source, key_ability_value, ability_code, AbilityName(ability_code).c_str(),
+                  value);
+  return ONU_ABILITY_RET_OPERATE_FAILED;
+}
+
+unsigned int OnuAbilityTableBase::Add(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                                      unsigned int key_ability_value, unsigned short ability_code,
+                                      const std::string& value) {
+  ONU_ABILITY_LOG(10, "Add-string profile start!");
+  const TableLock lock(_mutex);
+  for (auto& profile : _vec_profile) {
+    if (profile._profile_source == source && profile == key_ability_value) {
+      profile.Add(ability_code, value);
+      ONU_ABILITY_LOG(10, "Add-string profile end!");
+      return ONU_ABILITY_RET_OK;
+    }
+  }
+  ONU_ABILITY_LOG(1,
+                  "Add-string failed!profile_source:%d, key_ability_value:%d, ability_code:%d, "
+                  "ability_name:%s, ability_value:%s",
+                  source, key_ability_value, ability_code, AbilityName(ability_code).c_str(),
+                  value.c_str());
+  return ONU_ABILITY_RET_OPERATE_FAILED;
+}
+
+unsigned int OnuAbilityTableBase::DelAll(ONU_ABILITY_ENUM_PROFILE_SOURCE source) {
+  ONU_ABILITY_LOG(10, "OnuAbilityTableBase::Del All profile start!");
+  {
+    const TableLock lock(_mutex);
+    for (auto profile = _vec_profile.begin(); profile != _vec_profile.end();) {
+      if (profile->_profile_source == source) {
+        profile = _vec_profile.erase(profile);
+      } else {
+        ++profile;
+      }
+    }
+  }
+  ONU_ABILITY_LOG(10, "OnuAbilityTableBase::Del All profile end!");
+  return ONU_ABILITY_RET_OK;
+}
+
+unsigned int OnuAbilityTableBase::Get(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned short& id) {
+  ONU_ABILITY_LOG(10, "function start!");
+  const TableLock lock(_mutex);
+  // Ids of the other source do not block one.
+  std::vector<bool> taken(kLastNewId + 1);
+  for (const auto& profile : _vec_profile) {
+    if (profile._profile_source == source && profile._id <= kLastNewId) {
+      taken[profile._id] = true;
+    }
+  }
+  const auto free = std::find(taken.begin() + kFirstNewId, taken.end(), false);
+  id = free != taken.end() ? static_cast<unsigned short>(free - taken.begin())
+                           : ONU_ABILITY_INVALID_ID;
+  ONU_ABILITY_LOG(4, "index:%d", id);
+  ONU_ABILITY_LOG(10, "function end!");
+  return ONU_ABILITY_RET_OK;
+}

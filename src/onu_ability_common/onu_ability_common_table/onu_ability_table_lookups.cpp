@@ -1,0 +1,173 @@
+// The lookups of a table. Unless a comment says otherwise they walk from the
+// newest profile to the oldest, so of two profiles that qualify the one added
+// later wins.
+#include "onu_ability_common_global/log.h"
+#include "onu_ability_common_table/ability_name.h"
+#include "onu_ability_common_table/onu_ability_table_base.h"
+#include "onu_ability_common_table/table_lock.h"
+
+// From the oldest, and without the lock, as meant.
+unsigned int OnuAbilityTableBase::IsExist(unsigned short ability_code) {
+  ONU_ABILITY_LOG(10, "function start!");
+  for (const auto& profile : _vec_profile) {
+    if (profile.IsExist(ability_code)) {
+      // The registry's current key code, not the table's own.
+      unsigned int key_ability_value = 0;
+      profile.Get(OnuAbilityCodeInfo::GetInstance()->GetKeyAbilityCode(), key_ability_value);
+      ONU_ABILITY_LOG(6, "ability_code exist!key_ability_value:%d, ability_code:%d",
+                      key_ability_value, ability_code);
+      ONU_ABILITY_LOG(10, "function end!");
+      return 1;
+    }
+  }
+  ONU_ABILITY_LOG(10, "function end!");
+  return 0;
+}
+
+unsigned int OnuAbilityTableBase::IsExist(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                                          unsigned int key_ability_value) {
+  ONU_ABILITY_LOG(10, "(OnuAbilityTableBase)function start!");
+  const TableLock lock(_mutex);
+  const OnuAbilityProfile* profile = FindByCode(source, _key_ability_code, key_ability_value);
+  if (profile != nullptr) {
+    ONU_ABILITY_LOG(9, "find ok in GetOnuAllAbilityValue of OnuAbilityTableBase!");
+  } else {
+    ONU_ABILITY_LOG(1, "find null in GetOnuAllAbilityValue of OnuAbilityTableBase!");
+  }
+  ONU_ABILITY_LOG(10, "function end!");
+  return profile != nullptr ? 1 : 0;
+}
+
+// From the oldest, and without the lock, as meant.
+unsigned int OnuAbilityTableBase::IsEqual(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                                          unsigned short ability_code, unsigned int value) {
+  ONU_ABILITY_LOG(10, "function start!");
+  for (const auto& profile : _vec_profile) {
+    if (profile.IsEqual(source, ability_code, value) != 0) {
+      ONU_ABILITY_LOG(10, "function end!");
+      return 1;
+    }
+  }
+  ONU_ABILITY_LOG(1,
+                  "ability value is not equal!profile_source:%d, ability_code:%d, ability_name:%s, "
+                  "ability_value:%d",
+                  source, ability_code, AbilityName(ability_code).c_str(), value);
+  ONU_ABILITY_LOG(10, "function end!");
+  return 0;
+}
+
+unsigned int OnuAbilityTableBase::Get(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                                      unsigned int key_ability_value,
+                                      std::vector<OnuAbilityProfile>& profiles) {
+  ONU_ABILITY_LOG(10,
+                  "(OnuAbilityTableBase)function start!profile_source:%d, key_ability_code:%d, "
+                  "ability_name:%s, ability_value:0x%x",
+                  source, _key_ability_code, AbilityName(_key_ability_code).c_str(),
+                  key_ability_value);
+  const unsigned int ret = CollectByCode(source, _key_ability_code, key_ability_value, profiles);
+  ONU_ABILITY_LOG(10, "(OnuAbilityTableBase)function end!");
+  return ret;
+}
+
+unsigned int OnuAbilityTableBase::Get(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                                      unsigned short onu_real_type,
+                                      std::vector<OnuAbilityProfile>& profiles) {
+  ONU_ABILITY_LOG(10, "(OnuAbilityTableBase)function start!profile_source:%d, onu_real_type:%d",
+                  source, onu_real_type);
+  const unsigned int ret =
+      CollectByCode(source, ONU_ABILITY_CODE_REAL_TYPE, onu_real_type, profiles);
+  ONU_ABILITY_LOG(10, "(OnuAbilityTableBase)function end!");
+  return ret;
+}
+
+unsigned int OnuAbilityTableBase::CollectByCode(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                                                unsigned short code, unsigned int value,
+                                                std::vector<OnuAbilityProfile>& profiles) {
+  profiles.clear();
+  const TableLock lock(_mutex);
+  for (auto profile = _vec_profile.rbegin(); profile != _vec_profile.rend(); ++profile) {
+    if (profile->IsEqual(source, code, value) != 0) {
+      profiles.push_back(*profile);
+    }
+  }
+  if (profiles.empty()) {
+    ONU_ABILITY_LOG(1, "find null in GetOnuAllAbilityValue of OnuAbilityTableBase!");
+    return ONU_ABILITY_RET_NOT_FOUND;
+  }
+  ONU_ABILITY_LOG(9, "find ok in GetOnuAllAbilityValue of OnuAbilityTableBase, match num:%d.",
+                  static_cast<int>(profiles.size()));
+  return ONU_ABILITY_RET_OK;
+}
+
+unsigned int OnuAbilityTableBase::Get(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                                      unsigned int key_ability_value, OnuAbilityProfile& profile) {
+  ONU_ABILITY_LOG(10, "function start!");
+  const TableLock lock(_mutex);
+  const unsigned int ret =
+      CopyOut(FindByCode(source, _key_ability_code, key_ability_value), profile);
+  ONU_ABILITY_LOG(10, "function end!");
+  return ret;
+}
+
+// A profile of either source may be returned: the source is not consulted, as
+// meant.
+unsigned int OnuAbilityTableBase::Get(ONU_ABILITY_ENUM_PROFILE_SOURCE /*source*/,
+                                      unsigned short onu_real_type, OnuAbilityProfile& profile) {
+  ONU_ABILITY_LOG(10, "function start!");
+  const TableLock lock(_mutex);
+  const unsigned int ret = CopyOut(FindByRealType(onu_real_type), profile);
+  ONU_ABILITY_LOG(10, "function end!");
+  return ret;
+}
+
+unsigned int OnuAbilityTableBase::CopyOut(const OnuAbilityProfile* found,
+                                          OnuAbilityProfile& profile) {
+  if (found == nullptr) {
+    ONU_ABILITY_LOG(1, "find null in GetOnuAllAbilityValue of OnuAbilityTableBase!");
+    return ONU_ABILITY_RET_NOT_FOUND;
+  }
+  profile = *found;
+  ONU_ABILITY_LOG(9, "find ok in GetOnuAllAbilityValue of OnuAbilityTableBase!");
+  return ONU_ABILITY_RET_OK;
+}
+
+void OnuAbilityTableBase::GetAll(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                                 std::vector<OnuAbilityProfile>& profiles) {
+  const TableLock lock(_mutex);
+  profiles.clear();
+  // Growing would release copies, each with a log line.
+  profiles.reserve(_vec_profile.size());
+  for (const auto& profile : _vec_profile) {
+    if (source == ONU_ABILITY_PROFILE_SOURCE_ALL || source == profile._profile_source) {
+      profiles.push_back(profile);
+    }
+  }
+}
+
+OnuAbilityProfile* OnuAbilityTableBase::FindByCode(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                                                   unsigned short code, unsigned int value) {
+  for (auto profile = _vec_profile.rbegin(); profile != _vec_profile.rend(); ++profile) {
+    if (profile->IsEqual(source, code, value) != 0) {
+      return &*profile;
+    }
+  }
+  return nullptr;
+}
+
+OnuAbilityProfile* OnuAbilityTableBase::FindByCode(unsigned short code, unsigned int value) {
+  for (auto profile = _vec_profile.rbegin(); profile != _vec_profile.rend(); ++profile) {
+    if (profile->IsEqual(code, value) != 0) {
+      return &*profile;
+    }
+  }
+  return nullptr;
+}
+
+OnuAbilityProfile* OnuAbilityTableBase::FindByRealType(unsigned short onu_real_type) {
+  for (auto profile = _vec_profile.rbegin(); profile != _vec_profile.rend(); ++profile) {
+    if (*profile == onu_real_type) {
+      return &*profile;
+    }
+  }
+  return nullptr;
+}

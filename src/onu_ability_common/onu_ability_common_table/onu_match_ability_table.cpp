@@ -1,0 +1,66 @@
+#include "onu_ability_common_table/onu_match_ability_table.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "onu_ability_common_global/log.h"
+#include "onu_ability_common_table/table_lock.h"
+
+OnuMatchAbilityTable::OnuMatchAbilityTable() { ONU_ABILITY_LOG(10, "OnuMatchAbilityTable start!"); }
+
+OnuMatchAbilityTable::~OnuMatchAbilityTable() {
+  ONU_ABILITY_LOG(10, "release OnuMatchAbilityTable!");
+}
+
+unsigned int OnuMatchAbilityTable::Add(OnuAbilityProfile& profile) {
+  ONU_ABILITY_LOG(10, "OnuMatchAbilityTable::Add start!");
+  {
+    const TableLock lock(_mutex);
+    // The caller's own object changes, as meant.
+    profile._flag_match_type = ONU_ABILITY_MATCH_TYPE_EXACT;
+    ONU_ABILITY_LOG(1, "find null!onu ability profile will be added");
+    _vec_profile.push_back(profile);
+  }
+  ONU_ABILITY_LOG(10, "OnuMatchAbilityTable::Add profile end!");
+  return ONU_ABILITY_RET_OK;
+}
+
+unsigned int OnuMatchAbilityTable::Del(const OnuAbilityProfile& profile) {
+  ONU_ABILITY_LOG(10, "OnuMatchAbilityTable::DeleteItem start!");
+  unsigned int ret = ONU_ABILITY_RET_NOT_FOUND;
+  {
+    const TableLock lock(_mutex);
+    const auto found =
+        std::find_if(_vec_profile.rbegin(), _vec_profile.rend(), [&profile](auto& candidate) {
+          return candidate._profile_source == profile._profile_source &&
+                 (profile.HasId() ? candidate._id == profile._id : (candidate == profile) != 0);
+        });
+    if (found != _vec_profile.rend()) {
+      ONU_ABILITY_LOG(9, "(Del)find ok!id:%hu", profile._id);
+      _vec_profile.erase(std::next(found).base());
+      ret = ONU_ABILITY_RET_OK;
+    } else {
+      ONU_ABILITY_LOG(1, "(Del)find null!id:%hu", profile._id);
+    }
+  }
+  ONU_ABILITY_LOG(10, "OnuMatchAbilityTable::DeleteItem end!");
+  return ret;
+}
+
+unsigned int OnuMatchAbilityTable::operator==(OnuAbilityProfile& profile) {
+  ONU_ABILITY_LOG(10, "OnuMatchAbilityTable::operator== start!");
+  ONU_ABILITY_LOG(6, "operator== start!flag_match_type:%d", profile._flag_match_type);
+  unsigned int ret = 0;
+  {
+    const TableLock lock(_mutex);
+    profile._flag_match_type = ONU_ABILITY_MATCH_TYPE_PATTERN;
+    const auto found = std::find_if(_vec_profile.rbegin(), _vec_profile.rend(),
+                                    [&profile](auto& stored) { return (stored == profile) != 0; });
+    if (found != _vec_profile.rend()) {
+      profile = *found;
+      ret = 1;
+    }
+  }
+  ONU_ABILITY_LOG(10, "OnuMatchAbilityTable::operator== end!");
+  return ret;
+}
