@@ -1,0 +1,94 @@
+#include "catalogue/ability_reader.h"
+
+#include <map>
+
+#include "catalogue/nearest_name.h"
+
+namespace olt_host {
+
+namespace {
+
+const CodeEntry& ResolveCode(const YamlView& key, const std::string& text,
+                             const Catalogue& catalogue) {
+  const CodeEntry* code =
+      key.LooksLikeNumber() ? catalogue.FindCode(key.Number16(0, 65534)) : catalogue.FindCode(text);
+  if (code == nullptr) {
+    std::vector<std::string> names;
+    for (const CodeEntry& entry : catalogue.codes) {
+      names.push_back(entry.name);
+    }
+    const std::string nearest = key.LooksLikeNumber() ? "" : NearestName(text, names);
+    key.Fail("code " + text + " is not defined",
+             nearest.empty() ? "a code that is defined under codes" : Quoted(nearest));
+  }
+  if (!IsDefinedAbove(code->position, key.Position())) {
+    key.Fail("code " + text + " is used before its definition in line " +
+                 std::to_string(code->position.line),
+             "codes above everything that uses them");
+  }
+  return *code;
+}
+
+std::string ReadText(const YamlView& value, const CodeEntry& code) {
+  std::string text;
+  if (code.code == kVendorIdCode) {
+    text = value.TextUpTo(kVendorIdBytes);
+  } else if (code.code == kTypeNameCode) {
+    text = value.TextUpTo(kTypeNameBytes);
+  } else {
+    text = value.Text();
+  }
+  // The library drops an empty text without a word.
+  if (text.empty()) {
+    value.Fail(value.Name() + " is an empty text", "a text, or no entry at all");
+  }
+  return text;
+}
+
+AbilityEntry ReadAbility(const YamlView& value, const CodeEntry& code, const AbilityRules& rules) {
+  AbilityEntry ability;
+  ability.code = code.code;
+  ability.position = value.Position();
+  if (code.HoldsText() && !rules.texts_allowed) {
+    value.Fail(value.Name() + " holds a text", "a code that holds a number");
+  }
+  if (value.IsWord("any")) {
+    if (!rules.any_allowed) {
+      value.Fail(value.Name() + " is any in a real profile",
+                 std::string("a ") + (code.HoldsText() ? "text" : "number") +
+                     "; only match profiles take any");
+    }
+    ability.kind = AbilityKind::kAny;
+  } else if (code.HoldsText()) {
+    ability.kind = AbilityKind::kText;
+    ability.text = ReadText(value, code);
+  } else {
+    ability.number = value.Number(0, kAnyNumber, rules.any_allowed ? ", or any" : "");
+  }
+  return ability;
+}
+
+}  // namespace
+
+bool IsDefinedAbove(const SourcePosition& definition, const SourcePosition& use) {
+  return definition.file != use.file || definition.line <= use.line;
+}
+
+std::vector<AbilityEntry> ReadAbilities(const YamlView& abilities, const Catalogue& catalogue,
+                                        const AbilityRules& rules) {
+  std::vector<AbilityEntry> result;
+  std::map<std::uint16_t, unsigned int> seen;
+  for (const auto& [key, value] : abilities.Entries("a map of codes and values")) {
+    const CodeEntry& code = ResolveCode(key, value.Name(), catalogue);
+    const auto [earlier, is_new] = seen.emplace(code.code, key.Position().line);
+    if (!is_new) {
+      key.Fail("code " + std::to_string(code.code) + " (" + code.name +
+                   ") stands twice, first in line " + std::to_string(earlier->second),
+               "every code once");
+    }
+    result.push_back(ReadAbility(value, code, rules));
+  }
+  return result;
+}
+
+}  // namespace olt_host

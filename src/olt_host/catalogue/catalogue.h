@@ -1,0 +1,95 @@
+// A catalogue of ONU models as its file states it: attributes, ability codes and
+// profiles, each with the place it was read from. Plain data that knows nothing
+// of the library; CatalogueLoader puts it there.
+#ifndef OLT_HOST_CATALOGUE_CATALOGUE_H
+#define OLT_HOST_CATALOGUE_CATALOGUE_H
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "catalogue/input_error.h"
+
+namespace olt_host {
+
+struct AttributeEntry {
+  std::uint16_t id = 0;
+  std::string name;
+  SourcePosition position;
+};
+
+struct CodeEntry {
+  std::uint16_t code = 0;
+  std::string name;
+  std::string help;
+  std::map<std::uint16_t, std::uint16_t> attributes;  // by id; what is not listed is 0
+  SourcePosition position;
+
+  // The value of an attribute as the library will hold it.
+  std::uint16_t Attribute(std::uint16_t id) const;
+  // Whether the code's values are texts rather than numbers.
+  bool HoldsText() const;
+};
+
+enum class AbilityKind { kNumber, kText, kAny };
+
+struct AbilityEntry {
+  std::uint16_t code = 0;
+  AbilityKind kind = AbilityKind::kNumber;
+  std::uint32_t number = 0;
+  std::string text;
+  SourcePosition position;
+};
+
+struct ProfileEntry {
+  std::uint32_t key = 0;
+  std::uint16_t id = 0;  // 0: the library gives one
+  std::string source;    // where the facts come from
+  std::vector<AbilityEntry> abilities;
+  SourcePosition position;
+};
+
+struct Catalogue {
+  std::string name;
+  std::string version;
+  std::uint16_t key_ability_code = 1085;
+  std::uint16_t sfu_common_type = 857;
+  std::uint16_t hgu_common_type = 762;
+  std::vector<AttributeEntry> attributes;
+  std::vector<CodeEntry> codes;
+  std::vector<ProfileEntry> real_profiles;
+  std::vector<ProfileEntry> match_profiles;  // the last is tried first
+  SourcePosition position;                   // of the file's beginning
+  SourcePosition key_ability_code_position;
+
+  // Null when there is none.
+  const AttributeEntry* FindAttribute(std::uint16_t id) const;
+  const AttributeEntry* FindAttribute(const std::string& attribute_name) const;
+  const CodeEntry* FindCode(std::uint16_t code) const;
+  const CodeEntry* FindCode(const std::string& code_name) const;
+};
+
+// The attributes to which the library gives a meaning; 5 belongs to every code.
+constexpr std::uint16_t kConfirmTypeAttribute = 1;
+constexpr std::uint16_t kPortTypeAttribute = 4;
+constexpr std::uint16_t kValueTypeAttribute = 5;
+constexpr std::uint16_t kNumberValueType = 2;
+constexpr std::uint16_t kTextValueType = 3;
+
+// The codes to which it gives one.
+constexpr std::uint16_t kAllLanCode = 1001;
+constexpr std::uint16_t kVendorIdCode = 1082;
+constexpr std::uint16_t kTypeNameCode = 1083;
+constexpr std::uint16_t kDataUniCode = 65533;
+
+constexpr std::uint32_t kAnyNumber = 0xFFFFFFFF;
+
+// What the commands and the buffers of the hooks take, in bytes.
+constexpr std::size_t kVendorIdBytes = 4;
+constexpr std::size_t kTypeNameBytes = 20;
+constexpr std::size_t kDeviceNameBytes = 20;
+
+}  // namespace olt_host
+
+#endif  // OLT_HOST_CATALOGUE_CATALOGUE_H

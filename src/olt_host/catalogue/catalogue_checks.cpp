@@ -1,0 +1,203 @@
+#include "catalogue/catalogue_checks.h"
+
+#include <map>
+
+namespace olt_host {
+
+namespace {
+
+// The ids that the library gives to profiles without one.
+constexpr unsigned int kFirstGivenId = 30001;
+constexpr unsigned int kLastGivenId = 65533;
+
+// Port types; a data UNI is a LAN port or a port of the second kind.
+constexpr std::uint16_t kLanPort = 3;
+constexpr std::uint16_t kOtherDataUni = 7;
+
+// Holds that a property of entries is unique; `what` names it with its value.
+template <typename Key>
+class Uniqueness {
+ public:
+  explicit Uniqueness(std::string expectation) : _expectation(std::move(expectation)) {}
+
+  void Hold(const Key& key, const std::string& what, const SourcePosition& position) {
+    const auto [earlier, is_new] = _seen.emplace(key, position);
+    if (!is_new) {
+      throw InputError(position,
+                       what + " is already taken in " + RelativeText(earlier->second, position),
+                       _expectation);
+    }
+  }
+
+ private:
+  std::string _expectation;
+  std::map<Key, SourcePosition> _seen;
+};
+
+std::string CodeText(const CodeEntry& code) {
+  return "code " + std::to_string(code.code) + " (" + code.name + ")";
+}
+
+// The codes that the library reads or writes itself, and what it keeps there.
+const std::map<std::uint16_t, bool>& FixedCodesHoldText() {
+  static const std::map<std::uint16_t, bool> fixed = {
+      {48, false},   {kAllLanCode, false}, {1002, false},         {1023, false},
+      {1080, false}, {1081, false},        {kVendorIdCode, true}, {kTypeNameCode, true},
+      {1093, true},  {kDataUniCode, false}};
+  return fixed;
+}
+
+void CheckFixedCode(const CodeEntry& code) {
+  const auto fixed = FixedCodesHoldText().find(code.code);
+  if (fixed != FixedCodesHoldText().end() && fixed->second != code.HoldsText()) {
+    throw InputError(code.position,
+                     CodeText(code) + " holds a " + (code.HoldsText() ? "text" : "number"),
+                     std::string("value type ") + (fixed->second ? "string" : "number") +
+                         ", which the library keeps there");
+  }
+  // A total that counts as a port would be added to itself at every update.
+  const bool is_total = code.code == kAllLanCode || code.code == kDataUniCode;
+  const std::uint16_t port_type = code.Attribute(kPortTypeAttribute);
+  if (is_total && (port_type == kLanPort || port_type == kOtherDataUni)) {
+    throw InputError(code.position,
+                     CodeText(code) + " is a total of ports but counts as a port itself",
+                     "no port type 3 or 7");
+  }
+}
+
+void CheckKeyAbilityCode(const Catalogue& catalogue) {
+  const CodeEntry* key_code = catalogue.FindCode(catalogue.key_ability_code);
+  if (key_code == nullptr) {
+    throw InputError(
+        catalogue.key_ability_code_position,
+        "key ability code " + std::to_string(catalogue.key_ability_code) + " is not defined",
+        "it under codes");
+  }
+  if (key_code->HoldsText()) {
+    throw InputError(key_code->position, CodeText(*key_code) + " holds a text",
+                     "a number, for it is the key ability code");
+  }
+  if (key_code->code == kAllLanCode || key_code->code == kDataUniCode) {
+    throw InputError(catalogue.key_ability_code_position,
+                     CodeText(*key_code) + " is a total of ports, which the library overwrites",
+                     "another key ability code, such as 1085");
+  }
+}
+
+// Follows how the library gives ids: the lowest one free when the profile's turn
+// comes. A later profile must not state an id given by then.
+void CheckIds(const std::vector<ProfileEntry>& profiles) {
+  std::map<unsigned int, SourcePosition> taken;
+  unsigned int next = kFirstGivenId;
+  for (const ProfileEntry& profile : profiles) {
+    unsigned int id = profile.id;
+    if (id == 0) {
+      while (taken.count(next) != 0) {
+        ++next;
+      }
+      id = next;
+    }
+    if (id > kLastGivenId && profile.id == 0) {
+      throw InputError(profile.position, "no id is left for this profile",
+                       "at most 35533 profiles without an id");
+    }
+    const auto [earlier, is_new] = taken.emplace(id, profile.position);
+    if (!is_new) {
+      throw InputError(profile.position,
+                       "id " + std::to_string(id) + " already belongs to the profile in " +
+                           RelativeText(earlier->second, profile.position),
+                       "an id of its own, below 30001 or none at all");
+    }
+  }
+}
+
+// The key is the value of the key ability code; stating another one is a
+// contradiction.
+void CheckStatedKey(const Catalogue& catalogue, const ProfileEntry& profile) {
+  for (const AbilityEntry& ability : profile.abilities) {
+    if (ability.code == catalogue.key_ability_code &&
+        (ability.kind != AbilityKind::kNumber || ability.number != profile.key)) {
+      throw InputError(ability.position,
+                       CodeText(*catalogue.FindCode(ability.code)) + " differs from the key " +
+                           std::to_string(profile.key),
+                       "the key alone: it is stored under this code");
+    }
+  }
+}
+
+bool CountsFor(const CodeEntry& code, std::uint16_t total_code) {
+  const std::uint16_t port_type = code.Attribute(kPortTypeAttribute);
+  if (total_code == kAllLanCode) {
+    return port_type == kLanPort;
+  }
+  return !code.HoldsText() && (port_type == kLanPort || port_type == kOtherDataUni);
+}
+
+// The library overwrites a stated total with the sum of the ports.
+void CheckStatedTotal(const Catalogue& catalogue, const ProfileEntry& profile,
+                      const AbilityEntry& stated) {
+  std::uint32_t sum = 0;
+  bool derived = false;
+  for (const AbilityEntry& ability : profile.abilities) {
+    if (ability.kind == AbilityKind::kNumber && ability.number != 0 &&
+        ability.number != kAnyNumber && CountsFor(*catalogue.FindCode(ability.code), stated.code)) {
+      sum += ability.number;
+      derived = true;
+    }
+  }
+  if (derived && (stated.kind != AbilityKind::kNumber || stated.number != sum)) {
+    throw InputError(stated.position,
+                     CodeText(*catalogue.FindCode(stated.code)) + " is not the sum of the ports",
+                     std::to_string(sum) + ", or no entry: the library derives it");
+  }
+}
+
+void CheckContents(const Catalogue& catalogue, const std::vector<ProfileEntry>& profiles) {
+  for (const ProfileEntry& profile : profiles) {
+    CheckStatedKey(catalogue, profile);
+    for (const AbilityEntry& ability : profile.abilities) {
+      if (ability.code == kAllLanCode || ability.code == kDataUniCode) {
+        CheckStatedTotal(catalogue, profile, ability);
+      }
+    }
+  }
+}
+
+}  // namespace
+
+void CheckAttributes(const Catalogue& catalogue) {
+  Uniqueness<std::uint16_t> ids("an id of its own for every attribute");
+  Uniqueness<std::string> names("a name of its own for every attribute");
+  for (const AttributeEntry& attribute : catalogue.attributes) {
+    ids.Hold(attribute.id, "attribute id " + std::to_string(attribute.id), attribute.position);
+    names.Hold(attribute.name, "attribute name " + Quoted(attribute.name), attribute.position);
+  }
+  if (catalogue.FindAttribute(kValueTypeAttribute) == nullptr) {
+    throw InputError(catalogue.position, "attribute 5, the value type of a code, is not defined",
+                     "it under attributes, such as {id: 5, name: VALUE_TYPE}");
+  }
+}
+
+void CheckCodes(const Catalogue& catalogue) {
+  Uniqueness<std::uint16_t> codes("a number of its own for every code");
+  Uniqueness<std::string> names("a name of its own for every code");
+  for (const CodeEntry& code : catalogue.codes) {
+    codes.Hold(code.code, "code " + std::to_string(code.code), code.position);
+    names.Hold(code.name, "code name " + Quoted(code.name), code.position);
+    CheckFixedCode(code);
+  }
+  CheckKeyAbilityCode(catalogue);
+}
+
+void CheckProfiles(const Catalogue& catalogue) {
+  Uniqueness<std::uint32_t> keys("a key of its own for every real profile");
+  for (const ProfileEntry& profile : catalogue.real_profiles) {
+    keys.Hold(profile.key, "key " + std::to_string(profile.key), profile.position);
+  }
+  CheckIds(catalogue.real_profiles);
+  CheckIds(catalogue.match_profiles);
+  CheckContents(catalogue, catalogue.real_profiles);
+  CheckContents(catalogue, catalogue.match_profiles);
+}
+
+}  // namespace olt_host

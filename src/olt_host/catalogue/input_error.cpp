@@ -1,0 +1,58 @@
+#include "catalogue/input_error.h"
+
+#include <cstdio>
+
+namespace olt_host {
+
+namespace {
+
+constexpr std::size_t kQuotedBytes = 60;
+
+bool IsContinuationByte(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
+// At most kQuotedBytes, not cut within a character of several bytes.
+std::string Shortened(const std::string& text) {
+  if (text.size() <= kQuotedBytes) {
+    return text;
+  }
+  std::size_t length = kQuotedBytes;
+  while (length > 0 && IsContinuationByte(text[length])) {
+    --length;
+  }
+  return text.substr(0, length) + "...";
+}
+
+}  // namespace
+
+std::string ToText(const SourcePosition& position) {
+  if (position.line == 0) {
+    return position.file;
+  }
+  return position.file + ":" + std::to_string(position.line);
+}
+
+std::string RelativeText(const SourcePosition& earlier, const SourcePosition& here) {
+  return earlier.file == here.file ? "line " + std::to_string(earlier.line) : ToText(earlier);
+}
+
+std::string Quoted(const std::string& text) {
+  std::string quoted = "\"";
+  for (const char character : Shortened(text)) {
+    const auto byte = static_cast<unsigned char>(character);
+    if (byte < 0x20 || byte == 0x7F) {
+      char escape[5];
+      std::snprintf(escape, sizeof escape, "\\x%02x", byte);
+      quoted += escape;
+    } else {
+      quoted += character;
+    }
+  }
+  return quoted + "\"";
+}
+
+InputError::InputError(const SourcePosition& position, const std::string& problem,
+                       const std::string& expectation)
+    : std::runtime_error(ToText(position) + ": " + problem + "; expected " + expectation),
+      _position(position) {}
+
+}  // namespace olt_host

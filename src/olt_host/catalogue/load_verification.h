@@ -1,0 +1,16 @@
+// Compares what the library holds with the catalogue that was loaded.
+#ifndef OLT_HOST_CATALOGUE_LOAD_VERIFICATION_H
+#define OLT_HOST_CATALOGUE_LOAD_VERIFICATION_H
+
+#include "catalogue/catalogue.h"
+
+namespace olt_host {
+
+// Throws LoadError for the first attribute, code or profile of the catalogue
+// that the library does not hold as stated. A number equal to the default of
+// its table (0, or 0xFFFFFFFF in a pattern) is not stored, which is the same.
+void VerifyLoaded(const Catalogue& catalogue);
+
+}  // namespace olt_host
+
+#endif  // OLT_HOST_CATALOGUE_LOAD_VERIFICATION_H

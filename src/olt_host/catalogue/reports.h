@@ -1,0 +1,63 @@
+// What a population of ONUs reports, and what is expected of its confirmation,
+// as a reports file states it. Plain data.
+#ifndef OLT_HOST_CATALOGUE_REPORTS_H
+#define OLT_HOST_CATALOGUE_REPORTS_H
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "catalogue/input_error.h"
+
+namespace olt_host {
+
+constexpr std::uint32_t kUnknownReportedType = 0xFFFFFFFF;
+constexpr std::uint8_t kUnknownPrivateCapability = 0xFF;
+
+// How an ONU was recognised: by the type that it reported, by its abilities, or
+// not at all.
+enum class Recognition { kNone, kType, kAbilities };
+
+// "none", "type" or "abilities".
+const char* ToText(Recognition recognition);
+
+// What an OLT is set to for the ONUs of one place.
+struct IdentifySettings {
+  std::uint16_t sfu_mode = 0;
+  std::uint16_t setting_1 = 0;
+  std::uint16_t hgu_mode = 0;
+  std::uint16_t setting_3 = 0;
+};
+
+struct Expectation {
+  std::optional<std::uint16_t> real_type;  // nothing: not recognised
+  std::optional<Recognition> how;
+  std::optional<std::uint16_t> report_type;  // after translation
+};
+
+struct OnuReport {
+  std::uint16_t place = 0;
+  std::uint8_t onu = 0;
+  std::optional<std::string> vendor_id;  // nothing: the ONU does not tell
+  std::uint32_t reported_type = kUnknownReportedType;
+  bool read_abilities = true;
+  std::optional<std::uint8_t> private_capability;
+  std::optional<std::string> device_name;
+  std::map<std::uint16_t, std::uint32_t> abilities;  // by code
+  std::optional<Expectation> expect;
+  SourcePosition position;
+};
+
+struct Reports {
+  std::string name;
+  IdentifySettings default_settings;
+  std::map<std::uint16_t, IdentifySettings> settings;  // by place
+  std::vector<OnuReport> onus;
+};
+
+}  // namespace olt_host
+
+#endif  // OLT_HOST_CATALOGUE_REPORTS_H

@@ -1,0 +1,28 @@
+// The results as one JSON document: {"catalogue": ..., "results": [...],
+// "summary": ...}.
+#ifndef OLT_HOST_CONFIRMATION_JSON_WRITER_H
+#define OLT_HOST_CONFIRMATION_JSON_WRITER_H
+
+#include <ostream>
+
+#include "confirmation/result_writer.h"
+
+namespace olt_host {
+
+class JsonWriter : public ResultWriter {
+ public:
+  JsonWriter(std::ostream& out, bool summary_only) : _out(out), _summary_only(summary_only) {}
+
+  void Begin(const ConfirmationRun& run) override;
+  void Write(const ConfirmationResult& result) override;
+  void End(const ConfirmationSummary& summary) override;
+
+ private:
+  std::ostream& _out;
+  bool _summary_only;
+  bool _first = true;
+};
+
+}  // namespace olt_host
+
+#endif  // OLT_HOST_CONFIRMATION_JSON_WRITER_H

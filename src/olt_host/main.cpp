@@ -1,0 +1,16 @@
+#include <exception>
+#include <iostream>
+
+#include "command_line.h"
+#include "exit_status.h"
+#include "jobs.h"
+
+int main(int argc, char** argv) {
+  try {
+    const olt_host::ParsedCommandLine parsed = olt_host::ParseCommandLine(argc, argv);
+    return parsed.command_line ? olt_host::RunJob(*parsed.command_line) : parsed.exit_status;
+  } catch (const std::exception& error) {
+    std::cerr << "olt_host: " << error.what() << "\n";
+    return olt_host::kExitBadInput;
+  }
+}

@@ -1,0 +1,23 @@
+#include "startup.h"
+
+#include "catalogue/catalogue_loader.h"
+#include "confirmation/hooks.h"
+#include "onu_ability_common_reg_extern_func.h"
+#include "onu_ability_common_service_cli.h"
+#include "onu_ability_common_table.h"
+
+namespace olt_host {
+
+void StartLibrary(const Catalogue& catalogue) {
+  RegisterHooks();
+  OnuAbilityRegExternFunc* settings = OnuAbilityRegExternFunc::GetInstance();
+  settings->SetModuleId(kModuleId);
+  settings->SetCmdNode(kCommandNode);
+  settings->SetSfuCommonType(catalogue.sfu_common_type);
+  settings->SetHguCommonType(catalogue.hgu_common_type);
+  OnuAbilityTableManager::GetInstance()->Init();
+  LoadCatalogue(catalogue);
+  onu_ability_service_cbb_cli_init();
+}
+
+}  // namespace olt_host
