@@ -42,10 +42,10 @@ class ONU_ABILITY_API ConfirmOnuType : public OnuAbilityProfile {
   unsigned char _private_capability = 0xFF;  // 0xFF: unknown
 
  private:
-  void GatherAbilities();
-  void AskAbility(unsigned short code);
-  void HandOver();
-  unsigned int TranslatedReportType(unsigned int onu_capa) const;
+  ONU_ABILITY_LOCAL void GatherAbilities();
+  ONU_ABILITY_LOCAL void AskAbility(unsigned short code);
+  ONU_ABILITY_LOCAL void HandOver();
+  ONU_ABILITY_LOCAL unsigned int TranslatedReportType(unsigned int onu_capa) const;
 };
 
 #endif  // ONU_ABILITY_COMMON_TABLE_CONFIRM_ONU_TYPE_H

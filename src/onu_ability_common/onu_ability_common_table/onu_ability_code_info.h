@@ -61,7 +61,7 @@ class ONU_ABILITY_API OnuAbilityCodeInfo {
  private:
   OnuAbilityCodeInfo() = default;
 
-  std::vector<ONU_ABILITY_CODE_ATTR_INFO>::iterator Find(unsigned short code);
+  ONU_ABILITY_LOCAL std::vector<ONU_ABILITY_CODE_ATTR_INFO>::iterator Find(unsigned short code);
 
   std::vector<ONU_ABILITY_CODE_ATTR_INFO> _vec_ability_attr;
   unsigned short _key_ability_code = ONU_ABILITY_CODE_DEFAULT_KEY;

@@ -137,16 +137,18 @@ class ONU_ABILITY_API OnuAbilityProfile {
   unsigned int _age_count = 0;
 
  private:
-  void StoreNumber(unsigned short code, unsigned int value);
-  void StoreString(unsigned short code, const std::string& value);
-  bool MatchPattern(const OnuAbilityProfile& input, unsigned short key_code);
-  bool MatchAbility(unsigned short code, const ONU_ABILITY_COMMON_ABILITY_VALUE& held,
-                    const ONU_ABILITY_COMMON_ABILITY_VALUE& input, unsigned short key_code) const;
-  bool MatchExactly(const OnuAbilityProfile& input) const;
-  bool IsSameIn(const OnuAbilityProfile& input, unsigned short code,
-                const ONU_ABILITY_COMMON_ABILITY_VALUE& held) const;
-  void ShowHeader(struct vty* terminal) const;
-  void ShowAbilities(struct vty* terminal, unsigned int flag) const;
+  ONU_ABILITY_LOCAL void StoreNumber(unsigned short code, unsigned int value);
+  ONU_ABILITY_LOCAL void StoreString(unsigned short code, const std::string& value);
+  ONU_ABILITY_LOCAL bool MatchPattern(const OnuAbilityProfile& input, unsigned short key_code);
+  ONU_ABILITY_LOCAL bool MatchAbility(unsigned short code,
+                                      const ONU_ABILITY_COMMON_ABILITY_VALUE& held,
+                                      const ONU_ABILITY_COMMON_ABILITY_VALUE& input,
+                                      unsigned short key_code) const;
+  ONU_ABILITY_LOCAL bool MatchExactly(const OnuAbilityProfile& input) const;
+  ONU_ABILITY_LOCAL bool IsSameIn(const OnuAbilityProfile& input, unsigned short code,
+                                  const ONU_ABILITY_COMMON_ABILITY_VALUE& held) const;
+  ONU_ABILITY_LOCAL void ShowHeader(struct vty* terminal) const;
+  ONU_ABILITY_LOCAL void ShowAbilities(struct vty* terminal, unsigned int flag) const;
 };
 
 #endif  // ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_PROFILE_H

@@ -99,15 +99,17 @@ class ONU_ABILITY_API OnuAbilityTableBase {
 
   // The newest profile that qualifies, or null.
   // REQUIRES: the lock is held.
-  OnuAbilityProfile* FindByCode(unsigned short code, unsigned int value);
-  OnuAbilityProfile* FindByCode(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned short code,
-                                unsigned int value);
-  OnuAbilityProfile* FindByRealType(unsigned short onu_real_type);
+  ONU_ABILITY_LOCAL OnuAbilityProfile* FindByCode(unsigned short code, unsigned int value);
+  ONU_ABILITY_LOCAL OnuAbilityProfile* FindByCode(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                                                  unsigned short code, unsigned int value);
+  ONU_ABILITY_LOCAL OnuAbilityProfile* FindByRealType(unsigned short onu_real_type);
 
  private:
-  unsigned int CollectByCode(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned short code,
-                             unsigned int value, std::vector<OnuAbilityProfile>& profiles);
-  static unsigned int CopyOut(const OnuAbilityProfile* found, OnuAbilityProfile& profile);
+  ONU_ABILITY_LOCAL unsigned int CollectByCode(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                                               unsigned short code, unsigned int value,
+                                               std::vector<OnuAbilityProfile>& profiles);
+  ONU_ABILITY_LOCAL static unsigned int CopyOut(const OnuAbilityProfile* found,
+                                                OnuAbilityProfile& profile);
 };
 
 #endif  // ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_TABLE_BASE_H

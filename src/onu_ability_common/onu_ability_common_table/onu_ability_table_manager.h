@@ -88,9 +88,9 @@ class ONU_ABILITY_API OnuAbilityTableManager {
   std::map<ONU_ABILITY_ENUM_PROFILE_TYPE, OnuAbilityTableBase*> _map_table;
 
  private:
-  OnuAbilityTableManager();
+  ONU_ABILITY_LOCAL OnuAbilityTableManager();
 
-  OnuAbilityTableBase* Find(ONU_ABILITY_ENUM_PROFILE_TYPE type) const;
+  ONU_ABILITY_LOCAL OnuAbilityTableBase* Find(ONU_ABILITY_ENUM_PROFILE_TYPE type) const;
 };
 
 #endif  // ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_TABLE_MANAGER_H

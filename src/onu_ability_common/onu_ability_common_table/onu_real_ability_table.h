@@ -40,8 +40,8 @@ class ONU_ABILITY_API OnuRealAbilityTable : public OnuAbilityTableBase {
 
  private:
   // REQUIRES: the lock is held.
-  bool IsDuplicate(const OnuAbilityProfile& profile) const;
-  OnuAbilityProfile* FindBindable(unsigned int key_ability_value);
+  ONU_ABILITY_LOCAL bool IsDuplicate(const OnuAbilityProfile& profile) const;
+  ONU_ABILITY_LOCAL OnuAbilityProfile* FindBindable(unsigned int key_ability_value);
 };
 
 #endif  // ONU_ABILITY_COMMON_TABLE_ONU_REAL_ABILITY_TABLE_H
