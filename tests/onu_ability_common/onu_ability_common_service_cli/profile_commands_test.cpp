@@ -75,6 +75,7 @@ TEST_F(CommandProfileTest, ShowWithARealTypeListsOnlyItsProfiles) {
 }
 
 TEST_F(CommandProfileTest, ShowOfAnUnknownRealTypeSaysSo) {
+  AddToTable(MakeRealProfile(5, 601));
   EXPECT_EQ(Run(cl_show_onu_ability_table_cmd, {"match", "2", "1", "real_type", "601"}), 0U);
   EXPECT_EQ(output, "GetOnuAllAbilityValue failed!onu_real_type:601\r\n\r\n");
 }
@@ -109,12 +110,6 @@ TEST_F(CommandProfileTest, DelOfAMatchProfileCountsAsSuccessAndKeepsIt) {
 TEST_F(CommandProfileTest, DelWithoutATableFails) {
   EXPECT_EQ(Run(cl_del_onutype_capa_table_cmd, {"5", "3", "0"}), 0U);
   EXPECT_EQ(output, "ONU_ABILITY_INSTANCE_TABLE_MGR.Del failed\r\n");
-}
-
-TEST_F(CommandProfileTest, DelReadsTheKeyUnsigned) {
-  AddToTable(MakeRealProfile(4294967290U, 601));
-  Run(cl_del_onutype_capa_table_cmd, {"4294967290", "1", "0"});
-  EXPECT_TRUE(TableOf(1).empty());
 }
 
 // --- update ... uint_ability_value
@@ -173,8 +168,8 @@ TEST_F(CommandProfileTest, UpdateStringOfAnUnknownProfileFails) {
   EXPECT_EQ(output, "Add ability value failed!\r\n");
 }
 
-// --- The two ways of reading a key. Only the string update reads it signed,
-// which shows where the number fits neither type.
+// --- The two ways of reading a key. Only the string update reads it signed, as
+// meant, which shows where the number fits neither type.
 
 class CommandKeyReadingTest : public CommandProfileTest {
  protected:
@@ -201,6 +196,22 @@ class CommandKeyReadingTest : public CommandProfileTest {
   const unsigned int unsigned_key_ =
       static_cast<unsigned int>(std::strtoul(text_.c_str(), nullptr, 10));
 };
+
+TEST_F(CommandKeyReadingTest, AddSetAndApplyReadTheKeyUnsigned) {
+  const std::string key = std::to_string(unsigned_key_);
+  Run(cl_add_onutype_capa_table_cmd, {text_, "1", "600", "601", "null", "null"});
+  EXPECT_EQ(output, "onu ability item set ok!key_ability_value:" + key + "\r\n");
+  Run(cl_set_onutype_capa_table_cmd, {"key", text_});
+  EXPECT_EQ(output, "set onu_ability_profile ok!\r\n");
+  Run(cl_apply_add_onutype_capa_table_cmd, {text_});
+  EXPECT_EQ(output, "add ability profile successfully,key_ability_value:" + key + "\r\n");
+}
+
+TEST_F(CommandKeyReadingTest, DelReadsTheKeyUnsigned) {
+  AddToTable(MakeRealProfile(unsigned_key_, 602));
+  Run(cl_del_onutype_capa_table_cmd, {text_, "1", "0"});
+  EXPECT_TRUE(TableOf(1).empty());
+}
 
 TEST_F(CommandKeyReadingTest, UpdateNumberReadsTheKeyUnsigned) {
   Run(cl_update_uint_ability_value_cmd, {text_, "2", "0", "1020", "4"});

@@ -57,6 +57,25 @@ TEST_F(ConfirmOnuTypeResultsTest, RealProfileWithoutTypeNameGivesNone) {
   EXPECT_FALSE(Holds(onu_, 1083));
 }
 
+// With the reported type as the key, the translated type is the key that counts.
+TEST_F(ConfirmOnuTypeResultsTest, KeyValueIsReadAgainAfterTheTranslation) {
+  OnuAbilityProfile real = MakeRealProfile(700, 601);
+  real.UpdateInit(1002, 1U);
+  real.UpdateInit(1023, 1U);
+  real.Add(1083, std::string("BEFORE"));
+  AddToTable(real);
+  OnuAbilityProfile common = MakeRealProfile(762, 602);
+  common.Add(1083, std::string("AFTER"));
+  AddToTable(common);
+  AddToTable(Pattern(700, 601));
+  OnuAbilityCodeInfo::GetInstance()->SetKeyAbilityCode(1080);
+  Hooks().onu.reported_type = 700;
+  Hooks().onu.settings[2] = 2;
+  Perform();
+  EXPECT_EQ(onu_._key_ability_value, 762U);
+  EXPECT_EQ(Text(onu_, 1083), "AFTER");
+}
+
 // --- The real type.
 
 TEST_F(ConfirmOnuTypeResultsTest, RealTypeOfTheMatchProfileIsTold) {
