@@ -44,6 +44,11 @@ TEST_F(GlobalVarTest, CharToStringTakesTheLengthModulo256) {
   EXPECT_EQ(std::string(44, 'x'), Copied(std::string(300, 'x'), 1000));
 }
 
+TEST_F(GlobalVarTest, CharToStringTakesTheModuloBeforeTheMaximum) {
+  EXPECT_EQ("", Copied(std::string(256, 'x'), 10));
+  EXPECT_EQ(std::string(44, 'x'), Copied(std::string(300, 'x'), 50));
+}
+
 TEST_F(GlobalVarTest, CharToStringCopiesThroughTheHost) {
   Copied("ABCD", 3);
   ASSERT_EQ(1U, host.memory_calls().size());
