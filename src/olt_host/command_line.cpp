@@ -27,7 +27,7 @@ std::optional<unsigned int> ParseLevel(const std::string& text) {
 }
 
 void AddLogOptions(CLI::App& command, CommandLine& result) {
-  command.add_option("--log", result.log.file, "Add log lines to FILE instead of standard error")
+  command.add_option("--log", result.log.file, "Add log lines to FILE, not to standard error")
       ->type_name("FILE");
   command
       .add_option_function<std::string>(
@@ -40,15 +40,22 @@ void AddLogOptions(CLI::App& command, CommandLine& result) {
             }
             result.log.mask = *mask;
           },
-          "Log levels to write, 0 to 31: a list such as 0,1,13, or all (default 0,13)")
+          "Levels to log, 0 to 31: a list or all (default 0,13)")
       ->type_name("LEVELS");
 }
 
+void AddCatalogue(CLI::App& command, CommandLine& result) {
+  command.add_option("CATALOGUE", result.catalogue, "Catalogue of ONU models (YAML)")
+      ->required()
+      ->type_name("FILE");
+}
+
 CLI::App* AddConfirm(CLI::App& app, CommandLine& result) {
-  CLI::App* confirm = app.add_subcommand(
-      "confirm", "Confirm the type of every ONU of a population and print the results");
-  confirm->add_option("CATALOGUE", result.catalogue, "Catalogue of ONU models (YAML)")->required();
-  confirm->add_option("REPORTS", result.reports, "What the ONUs report (YAML)")->required();
+  CLI::App* confirm = app.add_subcommand("confirm", "Confirm the types of a population of ONUs");
+  AddCatalogue(*confirm, result);
+  confirm->add_option("REPORTS", result.reports, "What the ONUs report (YAML)")
+      ->required()
+      ->type_name("FILE");
   CLI::Option* json = confirm->add_flag_callback(
       "--json", [&result] { result.format = OutputFormat::kJson; }, "Print one JSON document");
   CLI::Option* csv = confirm->add_flag_callback(
@@ -63,22 +70,23 @@ CLI::App* AddConfirm(CLI::App& app, CommandLine& result) {
   AddLogOptions(*confirm, result);
   confirm->footer(std::string("Columns of the table: the ONU, its vendor identifier, the type it "
                               "reported and\nwhat the identify mode makes of that, its real type "
-                              "and type name, what it was\nrecognised by (its reported type or its "
-                              "abilities), and whether that is as expected.\n\n") +
+                              "and type name, what it\nwas recognised by (its reported type or its "
+                              "abilities), whether that is as\nexpected.\n\n") +
                   kExitStatusHelp);
   return confirm;
 }
 
 CLI::App* AddConsole(CLI::App& app, CommandLine& result) {
   CLI::App* console =
-      app.add_subcommand("console", "Open the operator's command line on a loaded catalogue");
-  console->add_option("CATALOGUE", result.catalogue, "Catalogue of ONU models (YAML)")->required();
-  console->add_option("REPORTS", result.reports,
-                      "What the ONUs report (YAML): confirmed first, with a summary");
+      app.add_subcommand("console", "Open the operator's command line on a catalogue");
+  AddCatalogue(*console, result);
+  console->add_option("REPORTS", result.reports, "What the ONUs report (YAML): confirmed first")
+      ->type_name("FILE");
   AddLogOptions(*console, result);
   console->footer(
-      "Commands come from standard input: with line editing, history and completion on\n"
-      "a terminal, else a command a line. Type \"help\" for the commands, \"exit\" to leave.\n\n"
+      "Commands come from standard input: with line editing, history and completion\n"
+      "on a terminal, else a command a line. Type \"help\" for the commands, \"exit\"\n"
+      "to leave.\n\n"
       "Exit status:\n"
       "  0  done\n"
       "  1  a command of a piped input failed\n"
@@ -86,12 +94,23 @@ CLI::App* AddConsole(CLI::App& app, CommandLine& result) {
   return console;
 }
 
-// CLI11 has a number for each kind of error; here every bad usage is one.
-int ReportParseResult(const CLI::App& app, const CLI::ParseError& error) {
+// What is wrong, in words; CLI11 does not look at a word that is no command.
+std::string Problem(const CLI::App& app, const CLI::ParseError& error, int argc,
+                    const char* const* argv) {
+  if (!app.get_subcommands().empty() || error.get_name() != "RequiredError") {
+    return error.what();
+  }
+  return argc < 2 ? "a command is missing; expected confirm or console"
+                  : "\"" + std::string(argv[1]) + "\" is no command; expected confirm or console";
+}
+
+// CLI11 has a status for each kind of error; here every bad usage has one.
+int ReportParseResult(const CLI::App& app, const CLI::ParseError& error, int argc,
+                      const char* const* argv) {
   if (error.get_exit_code() == 0) {
     return app.exit(error);
   }
-  std::cerr << "olt_host: " << error.what() << "; \"olt_host --help\" says what is expected\n";
+  std::cerr << "olt_host: " << Problem(app, error, argc, argv) << " (see olt_host --help)\n";
   return kExitBadInput;
 }
 
@@ -122,13 +141,14 @@ ParsedCommandLine ParseCommandLine(int argc, const char* const* argv) {
       "olt_host");
   app.set_version_flag("--version", "olt_host " OLT_HOST_VERSION);
   app.require_subcommand(1);
+  app.get_formatter()->column_width(26);
   app.footer("\"olt_host COMMAND --help\" tells more about a command.");
   AddConfirm(app, result);
   const CLI::App* console = AddConsole(app, result);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return {std::nullopt, ReportParseResult(app, error)};
+    return {std::nullopt, ReportParseResult(app, error, argc, argv)};
   }
   result.job = console->parsed() ? Job::kConsole : Job::kConfirm;
   return {result, kExitOk};

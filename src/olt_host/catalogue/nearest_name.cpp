@@ -43,7 +43,7 @@ std::string NearestName(const std::string& name, const std::vector<std::string>&
     return "";
   }
   std::string nearest;
-  std::size_t best = std::max<std::size_t>(2, name.size() / 3) + 1;
+  std::size_t best = (name.size() + 2) / 3 + 1;  // a slip for every three letters
   for (const std::string& candidate : known) {
     const std::size_t distance = Distance(name, candidate);
     if (distance < best && distance < candidate.size()) {
