@@ -1,0 +1,106 @@
+#include "command_line.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace olt_host_test {
+namespace {
+
+olt_host::ParsedCommandLine Parse(std::vector<const char*> arguments) {
+  arguments.insert(arguments.begin(), "olt_host");
+  return olt_host::ParseCommandLine(static_cast<int>(arguments.size()), arguments.data());
+}
+
+// The message of a command line that is refused with status 2.
+std::string Refusal(const std::vector<const char*>& arguments) {
+  testing::internal::CaptureStderr();
+  const olt_host::ParsedCommandLine parsed = Parse(arguments);
+  const std::string message = testing::internal::GetCapturedStderr();
+  EXPECT_FALSE(parsed.command_line.has_value());
+  EXPECT_EQ(parsed.exit_status, 2);
+  return message;
+}
+
+TEST(CommandLine, Confirm) {
+  const auto parsed = Parse({"confirm", "c.yaml", "r.yaml"});
+  ASSERT_TRUE(parsed.command_line.has_value());
+  EXPECT_EQ(parsed.command_line->job, olt_host::Job::kConfirm);
+  EXPECT_EQ(parsed.command_line->catalogue, "c.yaml");
+  EXPECT_EQ(parsed.command_line->reports, "r.yaml");
+  EXPECT_EQ(parsed.command_line->format, olt_host::OutputFormat::kTable);
+  EXPECT_FALSE(parsed.command_line->summary_only);
+  EXPECT_EQ(parsed.command_line->log.file, "");
+  EXPECT_EQ(parsed.command_line->log.mask, (1U << 0) | (1U << 13));
+}
+
+TEST(CommandLine, ConfirmWithOptions) {
+  const auto parsed = Parse(
+      {"confirm", "c", "r", "--json", "--summary", "--log", "x.log", "--log-levels", "0,1,31"});
+  ASSERT_TRUE(parsed.command_line.has_value());
+  EXPECT_EQ(parsed.command_line->format, olt_host::OutputFormat::kJson);
+  EXPECT_TRUE(parsed.command_line->summary_only);
+  EXPECT_EQ(parsed.command_line->log.file, "x.log");
+  EXPECT_EQ(parsed.command_line->log.mask, 0x80000003U);
+  EXPECT_EQ(Parse({"confirm", "c", "r", "--csv"}).command_line->format,
+            olt_host::OutputFormat::kCsv);
+}
+
+TEST(CommandLine, ConsoleWithAndWithoutReports) {
+  const auto parsed = Parse({"console", "c.yaml"});
+  ASSERT_TRUE(parsed.command_line.has_value());
+  EXPECT_EQ(parsed.command_line->job, olt_host::Job::kConsole);
+  EXPECT_EQ(parsed.command_line->reports, "");
+  EXPECT_EQ(Parse({"console", "c.yaml", "r.yaml"}).command_line->reports, "r.yaml");
+}
+
+TEST(CommandLine, RefusesBadUsageWithOneMessage) {
+  EXPECT_EQ(Refusal({}),
+            "olt_host: a command is missing; expected confirm or console "
+            "(see olt_host --help)\n");
+  EXPECT_EQ(Refusal({"conform", "c", "r"}),
+            "olt_host: \"conform\" is no command; expected confirm or console "
+            "(see olt_host --help)\n");
+  EXPECT_EQ(Refusal({"confirm", "c"}), "olt_host: REPORTS is required (see olt_host --help)\n");
+  EXPECT_EQ(Refusal({"confirm", "c", "r", "--json", "--csv"}),
+            "olt_host: --json excludes --csv (see olt_host --help)\n");
+  EXPECT_EQ(Refusal({"confirm", "c", "r", "--csv", "--summary"}),
+            "olt_host: --csv excludes --summary (see olt_host --help)\n");
+  EXPECT_EQ(Refusal({"confirm", "c", "r", "--log-levels", "1,99"}),
+            "olt_host: --log-levels: \"1,99\" is no list of levels; expected 0,1,13 or all "
+            "(see olt_host --help)\n");
+}
+
+TEST(CommandLine, HelpAndVersionEndWithStatusZero) {
+  for (const std::vector<const char*>& arguments : {std::vector<const char*>{"--help"},
+                                                    {"confirm", "--help"},
+                                                    {"console", "--help"},
+                                                    {"--version"}}) {
+    testing::internal::CaptureStdout();
+    const auto parsed = Parse(arguments);
+    const std::string text = testing::internal::GetCapturedStdout();
+    EXPECT_FALSE(parsed.command_line.has_value());
+    EXPECT_EQ(parsed.exit_status, 0);
+    EXPECT_NE(text, "");
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+      EXPECT_LE(line.size(), 80U) << line;
+    }
+  }
+}
+
+TEST(LogLevels, AreAListOrAll) {
+  EXPECT_EQ(olt_host::ParseLogLevels("0"), 1U);
+  EXPECT_EQ(olt_host::ParseLogLevels("0,1,13"), 0x2003U);
+  EXPECT_EQ(olt_host::ParseLogLevels("13,0,13"), 0x2001U);
+  EXPECT_EQ(olt_host::ParseLogLevels("all"), 0xFFFFFFFFU);
+}
+
+TEST(LogLevels, RefuseEverythingElse) {
+  for (const char* text : {"", ",", "1,", ",1", "32", "1,,2", "-1", "x", "1 2", "999", "ALL"}) {
+    EXPECT_EQ(olt_host::ParseLogLevels(text), std::nullopt) << text;
+  }
+}
+
+}  // namespace
+}  // namespace olt_host_test
