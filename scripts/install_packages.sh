@@ -1,0 +1,44 @@
+#!/bin/sh
+# Installs what is missing of a set of Debian packages, and says so.
+#
+#   scripts/install_packages.sh build   the library, olt_host and their tests
+#   scripts/install_packages.sh check   the other gates (clang, lint, format)
+#
+# docs/dependencies.md says what each package is for.
+set -eu
+
+build_packages="g++ cmake ninja-build pkg-config libgtest-dev libyaml-cpp-dev libspdlog-dev
+  libcli11-dev nlohmann-json3-dev libedit-dev python3"
+check_packages="clang clang-format clang-tidy"
+
+case "${1:-}" in
+  build) packages=$build_packages ;;
+  check) packages=$check_packages ;;
+  *) echo "usage: $0 build|check" >&2; exit 2 ;;
+esac
+
+missing=""
+for package in $packages; do
+  if ! dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q "ok installed"; then
+    missing="$missing $package"
+  fi
+done
+if [ -z "$missing" ]; then
+  exit 0
+fi
+
+as_root=""
+if [ "$(id -u)" != 0 ]; then
+  if ! command -v sudo >/dev/null; then
+    echo "$0: these packages are missing:$missing" >&2
+    echo "$0: run as root or install sudo, or install them by hand" >&2
+    exit 1
+  fi
+  as_root="sudo"
+fi
+echo "==> Installing Debian packages:$missing"
+export DEBIAN_FRONTEND=noninteractive
+$as_root apt-get update -qq </dev/null
+# shellcheck disable=SC2086  # a list of names
+$as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
+  $missing </dev/null
