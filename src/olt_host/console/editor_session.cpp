@@ -56,9 +56,9 @@ unsigned char CompleteWord(EditLine* editor, int) {
     return el_insertstr(editor, completion.insert.c_str()) == 0 ? CC_REFRESH : CC_REFRESH_BEEP;
   }
   if (completion.candidates.empty()) return CC_REFRESH_BEEP;
-  std::fputs("\r\n", stdout);
+  std::fputs("\n", stdout);
   for (const std::string& candidate : completion.candidates) {
-    std::fprintf(stdout, "  %s\r\n", candidate.c_str());
+    std::fprintf(stdout, "  %s\n", candidate.c_str());
   }
   return CC_REDISPLAY;
 }

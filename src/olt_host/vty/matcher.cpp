@@ -131,7 +131,7 @@ class Matcher {
       AddOnce(expected_, token.text);
       if (token.kind == TokenKind::kNumber) AddOnce(numbers, token.text);
     }
-    outcome_ = candidates.empty() ? MatchOutcome::kTooMany : MatchOutcome::kUnknown;
+    outcome_ = candidates.empty() && MayEnd() ? MatchOutcome::kTooMany : MatchOutcome::kUnknown;
     if (numbers.empty()) return;
     if (IsAllDigits(word.text)) {
       outcome_ = MatchOutcome::kOutOfRange;
