@@ -180,6 +180,7 @@ int main() {
   DefineCode(7, "LAMPS", 1, 2);
   DefineCode(1081, "REAL_TYPE", 0, 2);
   DefineCode(1083, "TYPE_NAME", 0, 3);
+  DefineCode(1085, "KEY_VALUE", 0, 2);
   LoadType(500, 9, "FIRST");
   LoadType(501, 4, "SECOND");
 
