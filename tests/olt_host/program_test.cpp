@@ -166,6 +166,27 @@ TEST_F(Program, ConsoleEndsWithOneWhenACommandFails) {
   EXPECT_EQ(Run("console " + _catalogue, "show nonsense\n").status, 1);
 }
 
+// The text between the next line `opening` and the line of three backquotes after
+// it; `at` moves behind them.
+std::string NextBlock(const std::string& text, const std::string& opening, std::size_t& at) {
+  at = text.find(opening + "\n", at);
+  const std::size_t begin = text.find('\n', at) + 1;
+  at = text.find("```\n", begin);
+  return text.substr(begin, at - begin);
+}
+
+TEST_F(Program, ExampleOfTheDocumentationGivesTheOutputShownThere) {
+  const std::string page = ReadFile(Fixture("../../../docs/catalogue-format.md"));
+  std::size_t at = 0;
+  const std::string catalogue = _directory.Write("c.yaml", NextBlock(page, "```yaml", at));
+  const std::string reports = _directory.Write("r.yaml", NextBlock(page, "```yaml", at));
+  const std::string shown = NextBlock(page, "$ olt_host confirm catalogue.yaml reports.yaml", at);
+  const ProgramResult result = Run("confirm " + catalogue + " " + reports);
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(result.err, "");
+  EXPECT_EQ(result.out, shown);
+}
+
 TEST_F(Program, ShowsItsVersion) {
   const ProgramResult result = Run("--version");
   EXPECT_EQ(result.status, 0);

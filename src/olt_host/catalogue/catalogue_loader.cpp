@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "catalogue/load_verification.h"
 #include "onu_ability_common_table.h"
 
 namespace olt_host {

@@ -2,17 +2,10 @@
 #ifndef OLT_HOST_CATALOGUE_CATALOGUE_LOADER_H
 #define OLT_HOST_CATALOGUE_CATALOGUE_LOADER_H
 
-#include <stdexcept>
-
 #include "catalogue/catalogue.h"
+#include "catalogue/load_verification.h"
 
 namespace olt_host {
-
-// The library did not take something of a catalogue that passed its checks.
-class LoadError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
 
 // Registers attributes and codes, sets the key ability code and adds every
 // profile as a default one, then reads all of it back.

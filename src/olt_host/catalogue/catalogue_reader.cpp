@@ -3,7 +3,7 @@
 #include "catalogue/ability_reader.h"
 #include "catalogue/catalogue_checks.h"
 #include "catalogue/nearest_name.h"
-#include "catalogue/yaml_view.h"
+#include "catalogue/yaml_document.h"
 
 namespace olt_host {
 

@@ -3,7 +3,6 @@
 #include <string>
 #include <vector>
 
-#include "catalogue/catalogue_loader.h"
 #include "onu_ability_common_table.h"
 
 namespace olt_host {

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "catalogue/ability_reader.h"
-#include "catalogue/yaml_view.h"
+#include "catalogue/yaml_document.h"
 
 namespace olt_host {
 

@@ -1,9 +1,9 @@
+#include "catalogue/yaml_document.h"
+
 #include <cerrno>
 #include <cstring>
 #include <fstream>
 #include <sstream>
-
-#include "catalogue/yaml_view.h"
 
 namespace olt_host {
 

@@ -86,9 +86,6 @@ class YamlMap {
   std::vector<std::pair<std::string, YamlView>> _values;
 };
 
-// Reads a file that holds one YAML document; its root is called `name`.
-YamlView OpenYaml(const std::string& file, const std::string& name);
-
 }  // namespace olt_host
 
 #endif  // OLT_HOST_CATALOGUE_YAML_VIEW_H
