@@ -348,6 +348,21 @@ TEST_F(ProfileAddTest, OnlyACompletedAddLogsItsEnd) {
   EXPECT_EQ(EndTraces(log, "Add"), 1U);
 }
 
+TEST_F(ProfileAddTest, AddOfAHeldCodeCompletesAndLogsItsEnd) {
+  real.UpdateInit(kPotsPorts, 2);
+  real.UpdateInit(kKeyValue, 501);
+  host.ForgetLog();
+
+  real.Add(kPotsPorts, 3);
+  real.Add(kPotsPorts, Value(2, 4));
+  real.Add(kPotsPorts, std::string("x"));
+  real.Add(502U);
+
+  const std::vector<LogLine> log = host.TakeLog();
+  EXPECT_EQ(StartTraces(log, "Add"), 4U);
+  EXPECT_EQ(EndTraces(log, "Add"), 4U);
+}
+
 TEST_F(ProfileAddTest, RefusedAddLogsNoEnd) {
   real.Add(77, 2);
   real.Add(77, Value(2, 2));

@@ -103,20 +103,22 @@ inline LogLine NotHeld(unsigned short code, const std::string& name) {
                     ", ability_name:" + name);
 }
 
-// The lines of `function` with exactly this text.
-inline unsigned int CountOf(const std::vector<LogLine>& log, const std::string& text,
-                            const std::string& function) {
+// The traces of `function`, which are level 10.
+inline unsigned int TracesOf(const std::vector<LogLine>& log, const std::string& text,
+                             const std::string& function) {
   unsigned int count = 0;
-  for (const LogLine& line : log) count += line.text == text && line.function == function ? 1U : 0U;
+  for (const LogLine& line : log) {
+    count += line == Log(10, text) && line.function == function ? 1U : 0U;
+  }
   return count;
 }
 
 inline unsigned int StartTraces(const std::vector<LogLine>& log, const std::string& function) {
-  return CountOf(log, "function start!", function);
+  return TracesOf(log, "function start!", function);
 }
 
 inline unsigned int EndTraces(const std::vector<LogLine>& log, const std::string& function) {
-  return CountOf(log, "function end!", function);
+  return TracesOf(log, "function end!", function);
 }
 
 inline bool Contains(const std::vector<LogLine>& log, const LogLine& wanted) {

@@ -171,4 +171,15 @@ TEST_F(ProfileFillByTypeTest, EmptyRegistryOnlyDerives) {
   EXPECT_EQ(Derivations(host.TakeLog()), 1);
 }
 
+TEST_F(ProfileFillByTypeTest, LogsItsTraces) {
+  DefineCode(100, "A");
+  host.ForgetLog();
+
+  real.Add(ProfileType(kReal), 6U);
+
+  const std::vector<LogLine> log = host.TakeLog();
+  EXPECT_EQ(StartTraces(log, "Add"), 1U);
+  EXPECT_EQ(EndTraces(log, "Add"), 1U);
+}
+
 }  // namespace

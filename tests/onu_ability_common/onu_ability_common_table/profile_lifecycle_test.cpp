@@ -204,6 +204,24 @@ TEST_F(ProfileLifecycleTest, ClearKeepsEveryOtherMember) {
   EXPECT_EQ(profile._key_ability_code, 1085);
 }
 
+TEST_F(ProfileLifecycleTest, InitAndClearLogStartAndEnd) {
+  OnuAbilityProfile profile;
+  host.ForgetLog();
+
+  profile.Init(ProfileType(1), ProfileSource(0), MatchType(0));
+  profile.Clear();
+  std::vector<LogLine> log = host.TakeLog();
+  EXPECT_EQ(StartTraces(log, "Init"), 1U);
+  EXPECT_EQ(EndTraces(log, "Init"), 1U);
+  EXPECT_EQ(StartTraces(log, "Clear"), 1U);
+  EXPECT_EQ(EndTraces(log, "Clear"), 1U);
+
+  profile.Init(ProfileType(3), ProfileSource(0), MatchType(0));
+  log = host.TakeLog();
+  EXPECT_EQ(StartTraces(log, "Init"), 1U);
+  EXPECT_EQ(EndTraces(log, "Init"), 0U) << "a refusal returns after its message";
+}
+
 TEST_F(ProfileLifecycleTest, AssignmentCopiesMembersAndAbilities) {
   const OnuAbilityProfile source = MakeFilledProfile(kMatch);
   OnuAbilityProfile target = MakeProfile(kReal);

@@ -302,4 +302,42 @@ TEST_F(ProfileReadingTest, ReadingChangesNothing) {
   EXPECT_EQ(ContentOf(match), content);
 }
 
+// --- Traces
+
+TEST_F(ProfileReadingTest, EveryReadingOfAnAbsentCodeLogsItsEnd) {
+  onu_ability_set_log_level_mask(1U << 10);  // so the registry is not asked
+  real.Get(kPotsPorts, value);
+  real.Get(kPotsPorts, number);
+  real.Get(kPotsPorts, text);
+  real.Get(number);
+
+  EXPECT_EQ(EndTraces(host.TakeLog(), "Get"), 4U);
+}
+
+TEST_F(ProfileReadingTest, WholeValueAndKeyValueLogTheirStart) {
+  real.UpdateInit(kPotsPorts, 2);
+  real.UpdateInit(kKeyValue, 501);
+  onu_ability_set_log_level_mask(1U << 10);  // so the registry is not asked
+  host.ForgetLog();
+
+  real.Get(kPotsPorts, value);
+  EXPECT_EQ(StartTraces(host.TakeLog(), "Get"), 1U);
+
+  real.Get(number);
+  EXPECT_EQ(StartTraces(host.TakeLog(), "Get"), 1U);
+}
+
+TEST_F(ProfileReadingTest, IsExistLogsItsStartAndForAHeldCodeItsEnd) {
+  real.UpdateInit(kPotsPorts, 2);
+  host.ForgetLog();
+
+  real.IsExist(kPotsPorts);
+  std::vector<LogLine> log = host.TakeLog();
+  EXPECT_EQ(StartTraces(log, "IsExist"), 1U);
+  EXPECT_EQ(EndTraces(log, "IsExist"), 1U);
+
+  real.IsExist(kFePorts);
+  EXPECT_EQ(StartTraces(host.TakeLog(), "IsExist"), 1U);
+}
+
 }  // namespace

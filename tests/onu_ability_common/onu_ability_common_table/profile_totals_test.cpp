@@ -125,4 +125,15 @@ TEST_F(ProfileTotalsTest, SizeCountsTheAbilitiesAndNotTheCachedCount) {
   EXPECT_EQ(profile.GetSize(), 44U);
 }
 
+TEST_F(ProfileTotalsTest, BothFiguresLogStartAndEnd) {
+  Total(3);
+  profile.GetSize();
+
+  const std::vector<LogLine> log = host.TakeLog();
+  EXPECT_EQ(StartTraces(log, "GetTotalNum"), 1U);
+  EXPECT_EQ(EndTraces(log, "GetTotalNum"), 1U);
+  EXPECT_EQ(StartTraces(log, "GetSize"), 1U);
+  EXPECT_EQ(EndTraces(log, "GetSize"), 1U);
+}
+
 }  // namespace
