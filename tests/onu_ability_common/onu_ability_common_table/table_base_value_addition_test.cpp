@@ -39,6 +39,20 @@ TEST_F(TableBaseValueAdditionTest, NumberComparesKeysFromTheOldestProfileOn) {
             host.TakeLog({4}));
 }
 
+TEST_F(TableBaseValueAdditionTest, StringComparesKeysFromTheOldestProfileOn) {
+  for (const unsigned int key : {1U, 2U, 3U}) {
+    table.Put(MakeRealProfile(key, 70));
+  }
+  ForgetSetUp();
+  EXPECT_EQ(kOk, table.Add(kDefault, 2U, kTypeName, std::string("NAME")));
+  EXPECT_EQ((std::vector<LogLine>{
+                Log(4, "(OnuAbilityProfile)get key ability value, key_ability_code:1085"),
+                Log(4, "(OnuAbilityProfile)key_ability_value_temp:1, key_ability_value:2"),
+                Log(4, "(OnuAbilityProfile)get key ability value, key_ability_code:1085"),
+                Log(4, "(OnuAbilityProfile)key_ability_value_temp:2, key_ability_value:2")}),
+            host.TakeLog({4}));
+}
+
 TEST_F(TableBaseValueAdditionTest, ProfilesOfAnotherSourceAreNotEvenCompared) {
   table.Put(MakeRealProfile(7, 70, kDefault));
   table.Put(MakeRealProfile(7, 71, kExternal));
@@ -116,6 +130,9 @@ TEST_F(TableBaseValueAdditionTest, KeyValueIsThatOfTheCurrentKeyCode) {
   EXPECT_EQ(kOperateFailed, table.Add(kDefault, 7U, kFePorts, 4U));
   EXPECT_EQ(kOk, table.Add(kDefault, 70U, kFePorts, 4U));
   EXPECT_EQ(4U, NumberOf(table.profiles()[0], kFePorts));
+  EXPECT_EQ(kOperateFailed, table.Add(kDefault, 7U, kTypeName, std::string("NAME")));
+  EXPECT_EQ(kOk, table.Add(kDefault, 70U, kTypeName, std::string("NAME")));
+  EXPECT_EQ("NAME", TextOf(table.profiles()[0], kTypeName));
 }
 
 }  // namespace
