@@ -50,7 +50,7 @@ void OnuAbilityTableManager::AddOnuAbilityTable(ONU_ABILITY_ENUM_PROFILE_TYPE ty
   if (entry == nullptr) {
     entry = table;
   }
-}
+}  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
 
 void OnuAbilityTableManager::DelOnuAbilityTable(ONU_ABILITY_ENUM_PROFILE_TYPE type) {
   const OnuAbilityTableBase* table = Find(type);
