@@ -343,9 +343,10 @@ TEST_F(ProfileAddTest, OnlyACompletedAddLogsItsEnd) {
   EXPECT_EQ(EndTraces(log, "Add"), 1U);
 
   real.Add(kProfileName, std::string("x"));
+  real.Add(kTypeName, Value(3, 0, "x"));
   log = host.TakeLog();
-  EXPECT_EQ(StartTraces(log, "Add"), 1U);
-  EXPECT_EQ(EndTraces(log, "Add"), 1U);
+  EXPECT_EQ(StartTraces(log, "Add"), 2U);
+  EXPECT_EQ(EndTraces(log, "Add"), 2U);
 }
 
 TEST_F(ProfileAddTest, AddOfAHeldCodeCompletesAndLogsItsEnd) {
