@@ -62,7 +62,7 @@ int RunJob(const CommandLine& command_line) {
     population.emplace(std::move(reports));
   }
   OpenLog(command_line.log);
-  StartLibrary(catalogue);
+  const RunningLibrary library(catalogue);
   int status = kExitOk;
   if (population) {
     const bool summary_only = command_line.summary_only || command_line.job == Job::kConsole;

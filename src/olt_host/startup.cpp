@@ -8,7 +8,7 @@
 
 namespace olt_host {
 
-void StartLibrary(const Catalogue& catalogue) {
+RunningLibrary::RunningLibrary(const Catalogue& catalogue) {
   RegisterHooks();
   OnuAbilityRegExternFunc* settings = OnuAbilityRegExternFunc::GetInstance();
   settings->SetModuleId(kModuleId);
@@ -18,6 +18,12 @@ void StartLibrary(const Catalogue& catalogue) {
   OnuAbilityTableManager::GetInstance()->Init();
   LoadCatalogue(catalogue);
   onu_ability_service_cbb_cli_init();
+}
+
+RunningLibrary::~RunningLibrary() {
+  OnuAbilityTableManager* manager = OnuAbilityTableManager::GetInstance();
+  manager->DelOnuAbilityTable(ONU_ABILITY_PROFILE_TYPE_MATCH);
+  manager->DelOnuAbilityTable(ONU_ABILITY_PROFILE_TYPE_REAL);
 }
 
 }  // namespace olt_host

@@ -10,9 +10,18 @@ namespace olt_host {
 constexpr unsigned int kModuleId = 19;
 constexpr unsigned int kCommandNode = 26;
 
-// Hooks, module id, command node and common types; the tables; the catalogue;
-// the command line. Once a process. Throws LoadError.
-void StartLibrary(const Catalogue& catalogue);
+// The library at work: made once a process, from the main thread, while no other
+// thread uses the library.
+class RunningLibrary {
+ public:
+  // Hooks, module id, command node and common types; the tables; the catalogue;
+  // the command line. Throws LoadError.
+  explicit RunningLibrary(const Catalogue& catalogue);
+  // Releases the tables, which the library itself leaves alone at its end.
+  ~RunningLibrary();
+  RunningLibrary(const RunningLibrary&) = delete;
+  RunningLibrary& operator=(const RunningLibrary&) = delete;
+};
 
 }  // namespace olt_host
 

@@ -56,12 +56,9 @@ bool HasControlCharacter(const std::string& text) {
 
 }  // namespace
 
-YamlView::YamlView(YAML::Node node, std::string name, std::shared_ptr<const std::string> file,
-                   unsigned int line)
-    : _node(std::move(node)),
-      _name(std::move(name)),
-      _file(std::move(file)),
-      _line(LineOf(_node, line)) {}
+YamlView::YamlView(const YAML::Node& node, std::string name,
+                   std::shared_ptr<const std::string> file, unsigned int line)
+    : _node(node), _name(std::move(name)), _file(std::move(file)), _line(LineOf(_node, line)) {}
 
 SourcePosition YamlView::Position() const { return {*_file, _line}; }
 

@@ -25,7 +25,7 @@ class YamlView {
  public:
   // `name` says in messages what the value is. `line` counts where the value
   // itself has no place of its own, as an empty one.
-  YamlView(YAML::Node node, std::string name, std::shared_ptr<const std::string> file,
+  YamlView(const YAML::Node& node, std::string name, std::shared_ptr<const std::string> file,
            unsigned int line);
 
   SourcePosition Position() const;

@@ -1,7 +1,5 @@
 #include "confirmation/hooks.h"
 
-#include <cstring>
-
 #include "onu_ability_common_reg_extern_func.h"
 #include "onu_ability_common_table.h"
 
@@ -21,7 +19,7 @@ const OnuReport* FindReport(unsigned short place, unsigned char onu) {
 
 // The buffers of the library are zeroed and have room for the terminator.
 unsigned int CopyText(const std::string& text, std::size_t limit, char* buffer) {
-  std::memcpy(buffer, text.data(), text.size() < limit ? text.size() : limit);
+  text.copy(buffer, limit);
   return kDone;
 }
 
