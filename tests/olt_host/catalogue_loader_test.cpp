@@ -14,8 +14,6 @@ namespace {
 
 class CatalogueLoader : public testing::Test {
  protected:
-  CatalogueLoader() { CleanLibrary(); }
-
   static olt_host::Catalogue Small() {
     return olt_host::ReadCatalogue(Fixture("small_catalogue.yaml"));
   }
@@ -32,6 +30,8 @@ class CatalogueLoader : public testing::Test {
     const std::size_t at = message.find("small_catalogue.yaml");
     return at == std::string::npos ? message : message.substr(at);
   }
+
+  CleanLibrary _library;
 };
 
 TEST_F(CatalogueLoader, RegistersAttributesAndCodesInOrder) {

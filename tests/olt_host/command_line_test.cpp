@@ -16,7 +16,7 @@ olt_host::ParsedCommandLine Parse(std::vector<const char*> arguments) {
 std::string Refusal(const std::vector<const char*>& arguments) {
   testing::internal::CaptureStderr();
   const olt_host::ParsedCommandLine parsed = Parse(arguments);
-  const std::string message = testing::internal::GetCapturedStderr();
+  std::string message = testing::internal::GetCapturedStderr();
   EXPECT_FALSE(parsed.command_line.has_value());
   EXPECT_EQ(parsed.exit_status, 2);
   return message;

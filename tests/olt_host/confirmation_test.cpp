@@ -19,7 +19,6 @@ using olt_host::Recognition;
 class Confirmation : public testing::Test {
  protected:
   Confirmation() {
-    CleanLibrary();
     olt_host::RegisterHooks();
     _catalogue = olt_host::ReadCatalogue(Fixture("small_catalogue.yaml"));
     OnuAbilityRegExternFunc::GetInstance()->SetSfuCommonType(_catalogue.sfu_common_type);
@@ -38,6 +37,7 @@ class Confirmation : public testing::Test {
     return olt_host::ConfirmOnu(population, population.Onus().front());
   }
 
+  CleanLibrary _library;
   olt_host::Catalogue _catalogue;
 };
 

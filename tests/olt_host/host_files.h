@@ -81,20 +81,31 @@ inline std::string With(std::string text, const std::string& from, const std::st
   return text.replace(at, from.size(), to);
 }
 
-// Empties registries and tables, so that the tests of one process do not see
-// each other; the tables are new ones.
-inline void CleanLibrary() {
-  OnuAbilityTableManager* manager = OnuAbilityTableManager::GetInstance();
-  manager->DelOnuAbilityTable(ONU_ABILITY_PROFILE_TYPE_MATCH);
-  manager->DelOnuAbilityTable(ONU_ABILITY_PROFILE_TYPE_REAL);
-  OnuAbilityCodeInfo::GetInstance()->Get().clear();
-  OnuAbilityCodeInfo::GetInstance()->SetKeyAbilityCode(ONU_ABILITY_CODE_DEFAULT_KEY);
-  constexpr int kHighestIdInTests = 100;
-  for (int id = 1; id <= kHighestIdInTests; ++id) {
-    OnuAbilityAttrInfo::GetInstance()->Del(static_cast<ONU_ABILITY_ENUM_ABILITY_ATTR_ID>(id));
+// The library as a process starts with it, with new tables, whatever the tests
+// before in the same process left behind; emptied again at the end.
+class CleanLibrary {
+ public:
+  CleanLibrary() {
+    Empty();
+    OnuAbilityTableManager::GetInstance()->Init();
   }
-  manager->Init();
-}
+  ~CleanLibrary() { Empty(); }
+  CleanLibrary(const CleanLibrary&) = delete;
+  CleanLibrary& operator=(const CleanLibrary&) = delete;
+
+ private:
+  static void Empty() {
+    OnuAbilityTableManager* manager = OnuAbilityTableManager::GetInstance();
+    manager->DelOnuAbilityTable(ONU_ABILITY_PROFILE_TYPE_MATCH);
+    manager->DelOnuAbilityTable(ONU_ABILITY_PROFILE_TYPE_REAL);
+    OnuAbilityCodeInfo::GetInstance()->Get().clear();
+    OnuAbilityCodeInfo::GetInstance()->SetKeyAbilityCode(ONU_ABILITY_CODE_DEFAULT_KEY);
+    constexpr int kHighestIdInTests = 100;
+    for (int id = 1; id <= kHighestIdInTests; ++id) {
+      OnuAbilityAttrInfo::GetInstance()->Del(static_cast<ONU_ABILITY_ENUM_ABILITY_ATTR_ID>(id));
+    }
+  }
+};
 
 }  // namespace olt_host_test
 

@@ -1,33 +1,15 @@
 // The built program, run as a user runs it: outputs and exit statuses.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 #include <nlohmann/json.hpp>
 
-#include "host_files.h"
+#include "program_runner.h"
 
 namespace olt_host_test {
 namespace {
 
-struct ProgramResult {
-  int status = -1;
-  std::string out;
-  std::string err;
-};
-
 class Program : public testing::Test {
  protected:
-  // Runs olt_host with these arguments and this standard input.
-  ProgramResult Run(const std::string& arguments, const std::string& input = "") {
-    const std::string in = _directory.Write("in", input);
-    const std::string out = _directory.Path("out");
-    const std::string err = _directory.Path("err");
-    const std::string command = std::string("'") + OLT_HOST_PROGRAM + "' " + arguments + " <'" +
-                                in + "' >'" + out + "' 2>'" + err + "'";
-    const int status = std::system(command.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ReadFile(out), ReadFile(err)};
-  }
-
   // The reports of the fixture with one change.
   std::string ReportsWith(const std::string& from, const std::string& to) {
     return _directory.Write("r.yaml", With(ReadFile(Fixture("small_reports.yaml")), from, to));
@@ -39,7 +21,7 @@ class Program : public testing::Test {
 };
 
 TEST_F(Program, ConfirmsAPopulationAsExpected) {
-  const ProgramResult result = Run("confirm " + _catalogue + " " + _reports);
+  const ProgramResult result = RunProgram({"confirm", _catalogue, _reports});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.err, "");
   EXPECT_EQ(result.out,
@@ -64,7 +46,7 @@ TEST_F(Program, ConfirmsAPopulationAsExpected) {
 TEST_F(Program, EndsWithOneWhenAnOnuIsNotAsExpected) {
   const std::string reports =
       ReportsWith("expect: {real_type: 1001, how: abilities}", "expect: {real_type: 1002}");
-  const ProgramResult result = Run("confirm --summary " + _catalogue + " " + reports);
+  const ProgramResult result = RunProgram({"confirm", "--summary", _catalogue, reports});
   EXPECT_EQ(result.status, 1);
   EXPECT_EQ(result.err, "");
   EXPECT_NE(result.out.find("  not as expected                          1\n"), std::string::npos);
@@ -75,7 +57,7 @@ TEST_F(Program, EndsWithOneWhenAnOnuIsNotAsExpected) {
 }
 
 TEST_F(Program, PrintsJson) {
-  const ProgramResult result = Run("confirm --json " + _catalogue + " " + _reports);
+  const ProgramResult result = RunProgram({"confirm", "--json", _catalogue, _reports});
   EXPECT_EQ(result.status, 0);
   const auto json = nlohmann::json::parse(result.out);
   ASSERT_EQ(json["results"].size(), 7U);
@@ -85,7 +67,7 @@ TEST_F(Program, PrintsJson) {
 }
 
 TEST_F(Program, PrintsCsv) {
-  const ProgramResult result = Run("confirm --csv " + _catalogue + " " + _reports);
+  const ProgramResult result = RunProgram({"confirm", "--csv", _catalogue, _reports});
   EXPECT_EQ(result.status, 0);
   EXPECT_NE(result.out.find("\n2,1,,1002,1002,HGU-4GE-1POTS,type,yes,700,1002,,700,yes\n"),
             std::string::npos)
@@ -94,14 +76,14 @@ TEST_F(Program, PrintsCsv) {
 
 TEST_F(Program, BadInputEndsWithTwoAndOneMessage) {
   const std::string reports = ReportsWith("{GE_PORTS: 9}", "{GE_PORTZ: 9}");
-  const ProgramResult result = Run("confirm " + _catalogue + " " + reports);
+  const ProgramResult result = RunProgram({"confirm", _catalogue, reports});
   EXPECT_EQ(result.status, 2);
   EXPECT_EQ(result.out, "");
   EXPECT_EQ(result.err, reports + ":20: code GE_PORTZ is not defined; expected \"GE_PORTS\"\n");
 }
 
 TEST_F(Program, MissingFileEndsWithTwo) {
-  const ProgramResult result = Run("confirm " + _catalogue + " nowhere.yaml");
+  const ProgramResult result = RunProgram({"confirm", _catalogue, "nowhere.yaml"});
   EXPECT_EQ(result.status, 2);
   EXPECT_EQ(result.err,
             "nowhere.yaml: cannot be read: No such file or directory; "
@@ -109,7 +91,7 @@ TEST_F(Program, MissingFileEndsWithTwo) {
 }
 
 TEST_F(Program, BadUsageEndsWithTwo) {
-  const ProgramResult result = Run("confirm");
+  const ProgramResult result = RunProgram({"confirm"});
   EXPECT_EQ(result.status, 2);
   EXPECT_EQ(result.out, "");
   EXPECT_EQ(result.err, "olt_host: CATALOGUE is required (see olt_host --help)\n");
@@ -117,25 +99,22 @@ TEST_F(Program, BadUsageEndsWithTwo) {
 
 TEST_F(Program, LogThatCannotBeWrittenEndsWithTwo) {
   const ProgramResult result =
-      Run("confirm --log " + _directory.Path("") + " " + _catalogue + " " + _reports);
+      RunProgram({"confirm", "--log", _directory.Path(""), _catalogue, _reports});
   EXPECT_EQ(result.status, 2);
   EXPECT_EQ(result.out, "");
   EXPECT_EQ(result.err.rfind("olt_host: cannot open the log file ", 0), 0U) << result.err;
 }
 
 TEST_F(Program, OutputThatCannotBeWrittenEndsWithTwo) {
-  const std::string command = std::string("'") + OLT_HOST_PROGRAM + "' confirm " + _catalogue +
-                              " " + _reports + " >/dev/full 2>'" + _directory.Path("err") + "'";
-  const int status = std::system(command.c_str());
-  ASSERT_TRUE(WIFEXITED(status));
-  EXPECT_EQ(WEXITSTATUS(status), 2);
-  EXPECT_EQ(ReadFile(_directory.Path("err")), "olt_host: standard output cannot be written\n");
+  const std::string err = _directory.Path("err");
+  EXPECT_EQ(SpawnProgram({"confirm", _catalogue, _reports}, "/dev/null", "/dev/full", err), 2);
+  EXPECT_EQ(ReadFile(err), "olt_host: standard output cannot be written\n");
 }
 
 TEST_F(Program, WritesTheLevelsAskedForIntoTheLog) {
   const std::string log = _directory.Path("host.log");
   const ProgramResult result =
-      Run("confirm --log " + log + " --log-levels 4 " + _catalogue + " " + _reports);
+      RunProgram({"confirm", "--log", log, "--log-levels", "4", _catalogue, _reports});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.err, "");
   const std::string text = ReadFile(log);
@@ -144,7 +123,7 @@ TEST_F(Program, WritesTheLevelsAskedForIntoTheLog) {
 }
 
 TEST_F(Program, ConsoleRunsCommandsOnTheLoadedCatalogue) {
-  const ProgramResult result = Run("console " + _catalogue, "show onu_common_type\n");
+  const ProgramResult result = RunProgram({"console", _catalogue}, "show onu_common_type\n");
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.err, "");
   EXPECT_NE(result.out.find("common_sfu_type:       800"), std::string::npos) << result.out;
@@ -153,7 +132,7 @@ TEST_F(Program, ConsoleRunsCommandsOnTheLoadedCatalogue) {
 
 TEST_F(Program, ConsoleConfirmsAPopulationFirst) {
   const ProgramResult result =
-      Run("console " + _catalogue + " " + _reports, "show key_ability_code\n");
+      RunProgram({"console", _catalogue, _reports}, "show key_ability_code\n");
   EXPECT_EQ(result.status, 0);
   const std::size_t summary = result.out.find("  ONUs confirmed                           7\n");
   const std::size_t command = result.out.find("key_ability_code:      1085");
@@ -163,7 +142,7 @@ TEST_F(Program, ConsoleConfirmsAPopulationFirst) {
 }
 
 TEST_F(Program, ConsoleEndsWithOneWhenACommandFails) {
-  EXPECT_EQ(Run("console " + _catalogue, "show nonsense\n").status, 1);
+  EXPECT_EQ(RunProgram({"console", _catalogue}, "show nonsense\n").status, 1);
 }
 
 // The text between the next line `opening` and the line of three backquotes after
@@ -181,14 +160,14 @@ TEST_F(Program, ExampleOfTheDocumentationGivesTheOutputShownThere) {
   const std::string catalogue = _directory.Write("c.yaml", NextBlock(page, "```yaml", at));
   const std::string reports = _directory.Write("r.yaml", NextBlock(page, "```yaml", at));
   const std::string shown = NextBlock(page, "$ olt_host confirm catalogue.yaml reports.yaml", at);
-  const ProgramResult result = Run("confirm " + catalogue + " " + reports);
+  const ProgramResult result = RunProgram({"confirm", catalogue, reports});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.err, "");
   EXPECT_EQ(result.out, shown);
 }
 
 TEST_F(Program, ShowsItsVersion) {
-  const ProgramResult result = Run("--version");
+  const ProgramResult result = RunProgram({"--version"});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.out.rfind("olt_host ", 0), 0U);
 }
