@@ -97,7 +97,23 @@ TEST_F(ConsoleLines, EndsWhenTheOtherEndIsGone) {
 
 TEST_F(ConsoleLines, ListNamesEveryCommandWithItsSyntax) {
   EXPECT_EQ(0, Run("list\n"));
-  EXPECT_EQ("  say <string> \r\n  fail\r\n  list\r\n  help\r\n  exit\r\n  quit\r\n", screen.Take());
+  EXPECT_EQ("  say <string>\r\n  fail\r\n  list\r\n  help\r\n  exit\r\n  quit\r\n", screen.Take());
+}
+
+cmd_element long_cmd = {
+    "update profile key <value> profile_type <1-2> profile_source <0-1> code <value> number "
+    "<value>",
+    Fail, ""};
+
+TEST_F(ConsoleLines, ListBreaksLinesThatTheScreenDoesNotHold) {
+  install_element(kNode + 1, &long_cmd);
+  Screen other(kNode + 1);
+  InstallConsoleCommands(kNode + 1);
+  EXPECT_EQ(
+      "  update profile key <value> profile_type <1-2> profile_source <0-1> code\r\n"
+      "      <value> number <value>\r\n"
+      "  list\r\n  help\r\n  exit\r\n  quit\r\n",
+      other.Type("list"));
 }
 
 TEST_F(ConsoleLines, HelpExplainsAndLists) {

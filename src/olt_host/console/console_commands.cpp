@@ -1,14 +1,34 @@
 #include "console/console_commands.h"
 
+#include <sstream>
+#include <string>
+
 #include "vty/command_table.h"
 #include "vty/terminal.h"
 
 namespace olt_host {
 namespace {
 
+constexpr std::size_t kScreenWidth = 80;
+
+// A syntax string, broken at blanks where it would not fit the screen.
+std::string Listed(const char* syntax) {
+  std::istringstream items(syntax);
+  std::string text;
+  std::string line = " ";
+  for (std::string item; items >> item;) {
+    if (line.size() + 1 + item.size() >= kScreenWidth) {
+      text += line + "\r\n";
+      line = "     ";
+    }
+    line += " " + item;
+  }
+  return text + line + "\r\n";
+}
+
 int ListCommands(struct cmd_element*, struct vty* terminal, int, char**) {
   for (const Command& command : CommandTable::Instance().Commands(terminal->node())) {
-    vty_out(terminal, "  %s\r\n", command.element->string);
+    vty_out(terminal, "%s", Listed(command.element->string).c_str());
   }
   return 0;
 }

@@ -94,6 +94,7 @@ const char* Meaning(unsigned int status) {
 unsigned int CallHandler(const Command& command, struct vty& terminal,
                          std::vector<std::string>& arguments) {
   std::vector<char*> argv;
+  argv.reserve(arguments.size() + 1);
   for (std::string& argument : arguments) argv.push_back(argument.data());
   argv.push_back(nullptr);
   return static_cast<unsigned int>(command.element->func(
