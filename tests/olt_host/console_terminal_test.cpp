@@ -59,7 +59,7 @@ class TerminalSession {
     for (;;) {
       const std::size_t found = unread_.find(text);
       if (found != std::string::npos) {
-        const std::string seen = unread_.substr(0, found + text.size());
+        std::string seen = unread_.substr(0, found + text.size());
         unread_.erase(0, seen.size());
         return seen;
       }
