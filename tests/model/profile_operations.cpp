@@ -284,7 +284,9 @@ void Damage(std::vector<model::Item>& items, RandomInput& random) {
       items.resize(place % items.size());
       return;
     case 2:
-      item.bytes = item.bytes.empty() ? "" : std::string("\0B", 2) + item.bytes;
+      if (!item.bytes.empty()) {
+        item.bytes[item.bytes.size() / 2] = '\0';
+      }
       break;
     default:
       item.kind = random.Pick({model::Item::kShort, model::Item::kInt, model::Item::kBytes});

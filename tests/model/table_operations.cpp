@@ -1,7 +1,15 @@
 #include "both_sides.h"
 #include "tables.h"
 
-#if defined(__SANITIZE_ADDRESS__)
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define WITH_ADDRESS_SANITIZER
+#endif
+#elif defined(__SANITIZE_ADDRESS__)
+#define WITH_ADDRESS_SANITIZER
+#endif
+
+#if defined(WITH_ADDRESS_SANITIZER)
 #include <sanitizer/lsan_interface.h>
 #define LEAK_IS_MEANT(statement) \
   __lsan_disable();              \
