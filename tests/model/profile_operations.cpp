@@ -275,10 +275,8 @@ void Damage(std::vector<model::Item>& items, RandomInput& random) {
   model::Item& item = items[place % items.size()];
   switch (random.Below(4)) {
     case 0:
-      // As the count also the largest number; as a length that would ask for a buffer of one byte
-      // more than 32 bits can count.
-      item.number = place == 6 ? random.Pick<unsigned int>({0, 1, 65536, 65537, 0xFFFFFFFFU})
-                               : random.Pick<unsigned int>({0, 1, 2, 3, 5, 1010, 65535, 66546});
+      item.number =
+          random.Pick<unsigned int>({0, 1, 2, 3, 5, 1010, 65535, 65536, 65537, 66546, 0xFFFFFFFFU});
       break;
     case 1:
       items.resize(place % items.size());

@@ -39,6 +39,11 @@ bool UnpackEnum(Buffer& buffer, int& member, const char* field) {
 
 // False when the bytes cannot be fetched; a failed allocation skips them.
 bool UnpackText(Buffer& buffer, u32 length, std::string& text) {
+  // One byte more than 32 bits can count: no buffer of that length, so nothing to fetch.
+  if (length == 0xFFFFFFFFU) {
+    MODEL_LOG(13, "unpack ability_string_value failed\r\n");
+    return false;
+  }
   TheRecord().memory.push_back({"bep_callocEx", length + 1});
   if (FailsNow(buffer.fail_allocation)) {
     return true;
