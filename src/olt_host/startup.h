@@ -15,7 +15,8 @@ constexpr unsigned int kCommandNode = 26;
 class RunningLibrary {
  public:
   // Hooks, module id, command node and common types; the tables; the catalogue;
-  // the command line. Throws LoadError.
+  // the command line. Throws LoadError, or std::runtime_error for a command that
+  // cannot be installed.
   explicit RunningLibrary(const Catalogue& catalogue);
   // Releases the tables, which the library itself leaves alone at its end.
   ~RunningLibrary();

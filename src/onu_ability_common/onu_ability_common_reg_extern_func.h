@@ -57,6 +57,8 @@ class ONU_ABILITY_API OnuAbilityRegExternFunc {
   static OnuAbilityRegExternFunc* GetInstance();
 
   virtual ~OnuAbilityRegExternFunc();
+  OnuAbilityRegExternFunc(const OnuAbilityRegExternFunc&) = delete;
+  OnuAbilityRegExternFunc& operator=(const OnuAbilityRegExternFunc&) = delete;
 
   // Stores `func` as the hook `id` (0 to 9), replacing an earlier one. A null
   // function is logged and not stored; any other id is ignored.

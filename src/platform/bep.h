@@ -2,6 +2,11 @@
 #ifndef BEP_H
 #define BEP_H
 
+/* Exported also by a host that is compiled with hidden visibility. */
+#if defined(__GNUC__)
+#pragma GCC visibility push(default)
+#endif
+
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -28,6 +33,10 @@ void bep_memSetEx(void* dst, unsigned int dst_size, int value, unsigned int coun
 
 #ifdef __cplusplus
 }
+#endif
+
+#if defined(__GNUC__)
+#pragma GCC visibility pop
 #endif
 
 #endif  // BEP_H

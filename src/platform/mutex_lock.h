@@ -22,7 +22,7 @@ class __attribute__((visibility("default"))) CMutexLock {
   unsigned int Unlock(const char* file, unsigned int line);
 
  private:
-  void* _handle;
+  [[maybe_unused]] void* _handle;  // the host's own
 };
 
 #endif  // MUTEX_LOCK_H

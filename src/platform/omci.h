@@ -4,7 +4,7 @@
 
 struct _OMCI_PHYSICAL_SN_ {
   unsigned char vendor_id[4]; /* four characters, no terminator */
-  unsigned char serial[4];    /* most significant byte last in a listing */
+  unsigned char serial[4];    /* in the order of the protocol */
 };
 
 #endif  // OMCI_H

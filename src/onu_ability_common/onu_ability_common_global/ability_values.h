@@ -54,7 +54,7 @@ enum ONU_ABILITY_ENUM_MATCH_TYPE : int {
 // host registers ids and names of its own beside them; id 2 is free.
 enum ONU_ABILITY_ENUM_ABILITY_ATTR_ID : int {
   ONU_ABILITY_ATTR_NONE = 0,          // no attribute: the id of an unknown name
-  ONU_ABILITY_ATTR_CONFIRM_TYPE = 1,  // bit mask: 1 compared with patterns, 2 asked from the ONU
+  ONU_ABILITY_ATTR_CONFIRM_TYPE = 1,  // bits: 1 compared with patterns, 2 asked from the ONU
   ONU_ABILITY_ATTR_LAMP = 3,          // non-zero: the code counts lamps
   ONU_ABILITY_ATTR_PORT_TYPE = 4,     // 3 LAN port; 3 or 7 data UNI
   ONU_ABILITY_ATTR_VALUE_TYPE = 5,    // 2 number, 3 string

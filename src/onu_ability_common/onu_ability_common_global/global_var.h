@@ -18,6 +18,8 @@ class ONU_ABILITY_API OnuAbilityGlobalVar {
   static OnuAbilityGlobalVar* GetInstance();
 
   virtual ~OnuAbilityGlobalVar();
+  OnuAbilityGlobalVar(const OnuAbilityGlobalVar&) = delete;
+  OnuAbilityGlobalVar& operator=(const OnuAbilityGlobalVar&) = delete;
 
   // Copies the text of `src` without its terminator; the caller zeroes `dst`
   // beforehand. Copies min(length of src modulo 256, maximum) modulo 256 bytes.

@@ -17,7 +17,12 @@ extern std::atomic<unsigned int> onu_ability_log_level_mask;
 #define ONU_ABILITY_LOG(level, ...) \
   ONU_ABILITY_LOG_WITH_TAIL(level, __VA_ARGS__, __func__, __LINE__)
 
-// The format and the two arguments of the tail; use ONU_ABILITY_LOG.
+// The same from a function that does a part of an operation: the line carries
+// the name of the operation, which is what its reader knows.
+#define ONU_ABILITY_LOG_FOR(operation, level, ...) \
+  ONU_ABILITY_LOG_WITH_TAIL(level, __VA_ARGS__, operation, __LINE__)
+
+// The format and the two arguments of the tail; use one of the above.
 #define ONU_ABILITY_LOG_WITH_TAIL(level, format, ...) \
   ONU_ABILITY_LOG_BARE(level, format " func:%s,line:%d\r\n\r\n", __VA_ARGS__)
 

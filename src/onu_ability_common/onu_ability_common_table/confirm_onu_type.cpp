@@ -63,8 +63,8 @@ void ConfirmOnuType::HandOver() {
   const unsigned int ret = OnuAbilityTableManager::GetInstance()->Get(
       ONU_ABILITY_PROFILE_TYPE_REAL, _key_ability_value, ONU_ABILITY_CODE_TYPE_NAME, type_name);
   if (ret != ONU_ABILITY_RET_OK) {
-    ONU_ABILITY_LOG(4, "get onu type name failed!_key_ability_value:%d, ret:0x%x",
-                    _key_ability_value, ret);
+    ONU_ABILITY_LOG_FOR("Perform", 4, "get onu type name failed!_key_ability_value:%d, ret:0x%x",
+                        _key_ability_value, ret);
     type_name.clear();
   }
   Add(ONU_ABILITY_CODE_TYPE_NAME, type_name);
@@ -94,25 +94,28 @@ void ConfirmOnuType::Init() {
 }
 
 void ConfirmOnuType::GatherAbilities() {
-  for (auto& record : OnuAbilityCodeInfo::GetInstance()->Get()) {
+  auto& records = OnuAbilityCodeInfo::GetInstance()->Get();
+  // By index: a hook may define or delete codes meanwhile.
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    auto& record = records[i];
     // Reading an absent attribute adds it to the record with the value 0.
     const unsigned short confirm_type = record.ability_attr[ONU_ABILITY_ATTR_CONFIRM_TYPE];
     const unsigned short value_type = record.ability_attr[ONU_ABILITY_ATTR_VALUE_TYPE];
-    ONU_ABILITY_LOG(4, "confirm_type_attr_value:%d, ability_value_type_attr_value:%d", confirm_type,
-                    value_type);
+    ONU_ABILITY_LOG_FOR("Init", 4, "confirm_type_attr_value:%d, ability_value_type_attr_value:%d",
+                        confirm_type, value_type);
     if (value_type == ONU_ABILITY_VALUE_TYPE_USHORT && (confirm_type & kAskedFromOnu) != 0) {
       AskAbility(record.ability_code);
     }
   }
   Hooks()._get_private_capability(_place, _onu, _identify_setting[3], &_private_capability);
   Add(ONU_ABILITY_CODE_ONU_CAPA, trans_1_type_to_4_type(_private_capability));
-  ONU_ABILITY_LOG(4, "onu_capa_private:%d", _private_capability);
+  ONU_ABILITY_LOG_FOR("Init", 4, "onu_capa_private:%d", _private_capability);
   char device_name[kDeviceNameLength + 1] = {};
   if (Hooks()._get_device_name(_place, _onu, kDeviceNameLength, device_name) ==
       ONU_ABILITY_RET_OK) {
     const std::string name = BufferText(device_name, sizeof(device_name));
     Add(ONU_ABILITY_CODE_TYPE_NAME, name);
-    ONU_ABILITY_LOG(4, "onu_device_name:%s.", name.c_str());
+    ONU_ABILITY_LOG_FOR("Init", 4, "onu_device_name:%s.", name.c_str());
   }
 }
 
@@ -122,8 +125,8 @@ void ConfirmOnuType::AskAbility(unsigned short code) {
   if (code == ONU_ABILITY_CODE_ONU_CAPA) {
     _private_capability = static_cast<unsigned char>(value);
   }
-  ONU_ABILITY_LOG(4, "ability_code:%d, ability_name:%s, ability_value:%d", code,
-                  AbilityName(code).c_str(), value);
+  ONU_ABILITY_LOG_FOR("Init", 4, "ability_code:%d, ability_name:%s, ability_value:%d", code,
+                      AbilityName(code).c_str(), value);
   Add(code, value);
 }
 

@@ -22,7 +22,8 @@ class ONU_ABILITY_API ConfirmOnuType : public OnuAbilityProfile {
   // The steps of Perform.
 
   using OnuAbilityProfile::Init;
-  // Gathers the report through the hooks. Once an object: it does not clear.
+  // Gathers the report through the hooks, which must all be registered. Once an
+  // object: it does not clear.
   void Init();
   // 0 when the reported type names a match profile, which overwrites this one.
   unsigned int IsValidOnuType();

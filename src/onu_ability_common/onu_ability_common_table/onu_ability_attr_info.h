@@ -18,6 +18,8 @@ class ONU_ABILITY_API OnuAbilityAttrInfo {
   static OnuAbilityAttrInfo* GetInstance();
 
   virtual ~OnuAbilityAttrInfo();
+  OnuAbilityAttrInfo(const OnuAbilityAttrInfo&) = delete;
+  OnuAbilityAttrInfo& operator=(const OnuAbilityAttrInfo&) = delete;
 
   // 1 when no id has this name, else 0. Names compare byte for byte.
   int IsValid(std::string name);

@@ -18,6 +18,8 @@ class ONU_ABILITY_API OnuAbilityCodeInfo {
   static OnuAbilityCodeInfo* GetInstance();
 
   virtual ~OnuAbilityCodeInfo();
+  OnuAbilityCodeInfo(const OnuAbilityCodeInfo&) = delete;
+  OnuAbilityCodeInfo& operator=(const OnuAbilityCodeInfo&) = delete;
 
   // Whether `code` is registered is not checked. A profile takes the key code
   // over when it is constructed or initialised, a table when it is constructed.

@@ -51,7 +51,8 @@ class ONU_ABILITY_API OnuAbilityProfile {
   // Whether the profile holds the code.
   bool IsExist(unsigned short code) const;
   // The sum of all numbers whose code has a non-zero attribute `attr_id`; for
-  // the lamp attribute, of their low 8 bits.
+  // the lamp attribute, of their low 8 bits. An unknown code or attribute reads
+  // as 65535 and so counts.
   unsigned int GetTotalNum(ONU_ABILITY_ENUM_ABILITY_ATTR_ID attr_id) const;
   // 30 + 14 for each ability: the figure that callers reserve, which is not the
   // exact serialised size.
@@ -66,13 +67,15 @@ class ONU_ABILITY_API OnuAbilityProfile {
   // The key ability value, under the profile's own key ability code, registered
   // or not.
   void Add(unsigned int value);
-  // One entry with `value` for every registered code that the profile lacks;
-  // for type 2 only the codes whose confirm-type attribute has bit 2.
+  // One entry for every registered code that the profile lacks: `value` for a
+  // number, "" for a string. For type 2 only the codes whose confirm-type
+  // attribute has the bit of value 2.
   void Add(ONU_ABILITY_ENUM_PROFILE_TYPE type, unsigned int value);
 
-  // Replace the value of a held code. A number needs a stored number, a string
-  // a stored string; a real profile stores the wildcard 0xFFFFFFFF as 0.
+  // Replaces the whole value of a held code, without any check.
   void Update(unsigned short code, const ONU_ABILITY_COMMON_ABILITY_VALUE& value);
+  // Replace the number of a held number, the string of a held string. A real
+  // profile stores the wildcard 0xFFFFFFFF as 0.
   void Update(unsigned short code, unsigned int value);
   void Update(unsigned short code, const std::string& value);
   // Set an entry without any rule, check or count.
@@ -107,15 +110,16 @@ class ONU_ABILITY_API OnuAbilityProfile {
   unsigned int operator==(unsigned int key_ability_value) const;
   // Whether `input` fits this stored profile, by the match type of `input`: 1 a
   // pattern comparison of the codes that confirm a type, 2 an exact comparison,
-  // any other fits always. A pattern comparison inserts the key ability code
-  // into this profile when it lacks it.
+  // any other fits always. A pattern comparison with a profile that holds any
+  // ability inserts the key ability code into this one when it lacks it.
   unsigned int operator==(const OnuAbilityProfile& input);
 
   // --- Serialisation into the host's buffer, item by item. A failing item is
   // logged and ends the operation; what was read or written so far stays.
 
   void Serialize(Variant& variant);
-  // Adds to what the profile already holds, under the rules of Add.
+  // Replaces the header and adds the abilities to those already held, under the
+  // rules of Add; the count becomes the buffer's.
   void UnSerialize(const Variant& variant);
 
   // Lists the profile on the terminal. `source` filters (2 is all); `flag` 0

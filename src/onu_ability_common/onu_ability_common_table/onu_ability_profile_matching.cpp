@@ -187,20 +187,21 @@ bool OnuAbilityProfile::MatchPattern(const OnuAbilityProfile& input, unsigned sh
     // A profile without the key code acquires an unset entry here, whether or
     // not anyone listens to the line: later counts and listings show it.
     const unsigned int key_value = _common_ability[key_code].ability_ushort_value;
-    ONU_ABILITY_LOG(6,
-                    "key_ability_code:%d, key_ability_value:%d, ability_code:%d, ability_name:%s, "
-                    "confirm_type_attr_value:%d",
-                    key_code, key_value, code, AbilityName(code).c_str(), confirm_type);
+    ONU_ABILITY_LOG_FOR(
+        "operator==", 6,
+        "key_ability_code:%d, key_ability_value:%d, ability_code:%d, ability_name:%s, "
+        "confirm_type_attr_value:%d",
+        key_code, key_value, code, AbilityName(code).c_str(), confirm_type);
     if ((confirm_type & kComparedWithPatterns) == 0) {
       continue;
     }
     const auto ability = _common_ability.find(code);
     if (ability == _common_ability.end()) {
       // What the pattern does not name never blocks a match.
-      ONU_ABILITY_LOG(4,
-                      "ability_code is not exist, don't need match!ability_code:%d, "
-                      "ability_name:%s",
-                      code, AbilityName(code).c_str());
+      ONU_ABILITY_LOG_FOR("operator==", 4,
+                          "ability_code is not exist, don't need match!ability_code:%d, "
+                          "ability_name:%s",
+                          code, AbilityName(code).c_str());
       continue;
     }
     if (!MatchAbility(code, ability->second, value, key_code)) {
@@ -216,36 +217,37 @@ bool OnuAbilityProfile::MatchAbility(unsigned short code,
                                      const ONU_ABILITY_COMMON_ABILITY_VALUE& held,
                                      const ONU_ABILITY_COMMON_ABILITY_VALUE& input,
                                      unsigned short key_code) const {
-  ONU_ABILITY_LOG(6, "value_type:%d", held.ability_value_type);
+  ONU_ABILITY_LOG_FOR("operator==", 6, "value_type:%d", held.ability_value_type);
   if (held.ability_value_type == ONU_ABILITY_VALUE_TYPE_USHORT) {
-    ONU_ABILITY_LOG(6,
-                    "key_ability_code:%d, key_ability_value:%d, ability_code:%d, ability_name:%s, "
-                    "value_input:%d, value_compare:%d",
-                    key_code, _common_ability.at(key_code).ability_ushort_value, code,
-                    AbilityName(code).c_str(), input.ability_ushort_value,
-                    held.ability_ushort_value);
+    ONU_ABILITY_LOG_FOR(
+        "operator==", 6,
+        "key_ability_code:%d, key_ability_value:%d, ability_code:%d, ability_name:%s, "
+        "value_input:%d, value_compare:%d",
+        key_code, _common_ability.at(key_code).ability_ushort_value, code,
+        AbilityName(code).c_str(), input.ability_ushort_value, held.ability_ushort_value);
     return IsAmbiguousMatch(held.ability_ushort_value, input.ability_ushort_value) != 0;
   }
   if (held.ability_value_type == ONU_ABILITY_VALUE_TYPE_STRING) {
-    ONU_ABILITY_LOG(6,
-                    "key_ability_code:%d, ability_code:%d, ability_name:%s, string_input:%s, "
-                    "string_compare:%s",
-                    key_code, code, AbilityName(code).c_str(), input.ability_string_value.c_str(),
-                    held.ability_string_value.c_str());
+    ONU_ABILITY_LOG_FOR("operator==", 6,
+                        "key_ability_code:%d, ability_code:%d, ability_name:%s, string_input:%s, "
+                        "string_compare:%s",
+                        key_code, code, AbilityName(code).c_str(),
+                        input.ability_string_value.c_str(), held.ability_string_value.c_str());
     return IsAmbiguousMatch(held.ability_string_value, input.ability_string_value) != 0;
   }
-  ONU_ABILITY_LOG(0, "ability_code:%d, ability_name:%s, value_type:%d", code,
-                  AbilityName(code).c_str(), input.ability_value_type);
+  ONU_ABILITY_LOG_FOR("operator==", 0, "ability_code:%d, ability_name:%s, value_type:%d", code,
+                      AbilityName(code).c_str(), input.ability_value_type);
   return false;
 }
 
 bool OnuAbilityProfile::MatchExactly(const OnuAbilityProfile& input) const {
   if (_profile_source == ONU_ABILITY_PROFILE_SOURCE_EXTERNAL && *this == input._id) {
-    ONU_ABILITY_LOG(5, "id already exist!");
+    ONU_ABILITY_LOG_FOR("operator==", 5, "id already exist!");
     return true;
   }
   for (const auto& [code, value] : _common_ability) {
-    ONU_ABILITY_LOG(6, "ability_code:%d, ability_name:%s", code, AbilityName(code).c_str());
+    ONU_ABILITY_LOG_FOR("operator==", 6, "ability_code:%d, ability_name:%s", code,
+                        AbilityName(code).c_str());
     if (!IsLeftOutOfExactMatch(code) && !IsSameIn(input, code, value)) {
       return false;
     }
@@ -258,25 +260,27 @@ bool OnuAbilityProfile::IsSameIn(const OnuAbilityProfile& input, unsigned short 
   const auto ability = input._common_ability.find(code);
   if (ability == input._common_ability.end()) {
     if (held.ability_ushort_value == _ability_default_value && held.ability_string_value.empty()) {
-      ONU_ABILITY_LOG(6,
-                      "ability_code is not exist and ability_value is default value!"
-                      "ability_code:%d, ability_name:%s",
-                      code, AbilityName(code).c_str());
+      ONU_ABILITY_LOG_FOR("operator==", 6,
+                          "ability_code is not exist and ability_value is default value!"
+                          "ability_code:%d, ability_name:%s",
+                          code, AbilityName(code).c_str());
       return true;
     }
-    ONU_ABILITY_LOG(6, "ability_code is not exist!ability_code:%d, ability_name:%s", code,
-                    AbilityName(code).c_str());
+    ONU_ABILITY_LOG_FOR("operator==", 6,
+                        "ability_code is not exist!ability_code:%d, ability_name:%s", code,
+                        AbilityName(code).c_str());
     return false;
   }
   const ONU_ABILITY_COMMON_ABILITY_VALUE& value = ability->second;
   if (value.ability_value_type == ONU_ABILITY_VALUE_TYPE_USHORT) {
-    ONU_ABILITY_LOG(6, "value_1:%d, value_2:%d", held.ability_ushort_value,
-                    value.ability_ushort_value);
+    ONU_ABILITY_LOG_FOR("operator==", 6, "value_1:%d, value_2:%d", held.ability_ushort_value,
+                        value.ability_ushort_value);
   } else if (value.ability_value_type == ONU_ABILITY_VALUE_TYPE_STRING) {
-    ONU_ABILITY_LOG(6, "string_1:%s, string_2:%s", held.ability_string_value.c_str(),
-                    value.ability_string_value.c_str());
+    ONU_ABILITY_LOG_FOR("operator==", 6, "string_1:%s, string_2:%s",
+                        held.ability_string_value.c_str(), value.ability_string_value.c_str());
   } else {
-    ONU_ABILITY_LOG(0, "value_type invalid!value_type:%d", value.ability_value_type);
+    ONU_ABILITY_LOG_FOR("operator==", 0, "value_type invalid!value_type:%d",
+                        value.ability_value_type);
     return false;
   }
   // No wildcards here: all three fields count, whatever the type.

@@ -3,8 +3,9 @@
 // and owned only by OnuAbilityTableManager, which forwards to it.
 //
 // A lookup walks from the newest profile to the oldest and stops at the first
-// hit, unless said otherwise. Callers receive copies. Every operation takes the
-// lock for its whole length except two, which say so; none takes a second one.
+// hit, unless said otherwise. Callers receive copies. Every operation that reads or
+// changes the profiles does so under the lock, except two, which say so; none takes
+// a second one.
 #ifndef ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_TABLE_BASE_H
 #define ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_TABLE_BASE_H
 
@@ -69,9 +70,9 @@ class ONU_ABILITY_API OnuAbilityTableBase {
   virtual unsigned int AddBindCount(unsigned int key_ability_value);
   virtual unsigned int MinusBindCount(unsigned int key_ability_value);
 
-  // Add a value to the oldest profile of exactly this source with this key
-  // ability value. 0 once there is one, even if it refuses the value, as meant;
-  // ONU_ABILITY_RET_OPERATE_FAILED without one.
+  // Add a value to the oldest profile of exactly this source with this value of
+  // the registry's current key ability code. 0 once there is one, even if it refuses the value, as
+  // meant; ONU_ABILITY_RET_OPERATE_FAILED without one.
   unsigned int Add(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned int key_ability_value,
                    unsigned short ability_code, unsigned int value);
   unsigned int Add(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned int key_ability_value,

@@ -91,11 +91,12 @@ unsigned int OnuAbilityTableBase::CollectByCode(ONU_ABILITY_ENUM_PROFILE_SOURCE 
     }
   }
   if (profiles.empty()) {
-    ONU_ABILITY_LOG(1, "find null in GetOnuAllAbilityValue of OnuAbilityTableBase!");
+    ONU_ABILITY_LOG_FOR("Get", 1, "find null in GetOnuAllAbilityValue of OnuAbilityTableBase!");
     return ONU_ABILITY_RET_NOT_FOUND;
   }
-  ONU_ABILITY_LOG(9, "find ok in GetOnuAllAbilityValue of OnuAbilityTableBase, match num:%d.",
-                  static_cast<int>(profiles.size()));
+  ONU_ABILITY_LOG_FOR("Get", 9,
+                      "find ok in GetOnuAllAbilityValue of OnuAbilityTableBase, match num:%d.",
+                      static_cast<int>(profiles.size()));
   return ONU_ABILITY_RET_OK;
 }
 
@@ -123,11 +124,11 @@ unsigned int OnuAbilityTableBase::Get(ONU_ABILITY_ENUM_PROFILE_SOURCE /*source*/
 unsigned int OnuAbilityTableBase::CopyOut(const OnuAbilityProfile* found,
                                           OnuAbilityProfile& profile) {
   if (found == nullptr) {
-    ONU_ABILITY_LOG(1, "find null in GetOnuAllAbilityValue of OnuAbilityTableBase!");
+    ONU_ABILITY_LOG_FOR("Get", 1, "find null in GetOnuAllAbilityValue of OnuAbilityTableBase!");
     return ONU_ABILITY_RET_NOT_FOUND;
   }
   profile = *found;
-  ONU_ABILITY_LOG(9, "find ok in GetOnuAllAbilityValue of OnuAbilityTableBase!");
+  ONU_ABILITY_LOG_FOR("Get", 9, "find ok in GetOnuAllAbilityValue of OnuAbilityTableBase!");
   return ONU_ABILITY_RET_OK;
 }
 

@@ -24,6 +24,8 @@ class ONU_ABILITY_API OnuAbilityTableManager {
   // Leaves the tables themselves alone, as meant: they live until the process
   // ends.
   virtual ~OnuAbilityTableManager();
+  OnuAbilityTableManager(const OnuAbilityTableManager&) = delete;
+  OnuAbilityTableManager& operator=(const OnuAbilityTableManager&) = delete;
 
   // Creates the match table, then the real table. To be called once.
   void Init();
@@ -80,7 +82,8 @@ class ONU_ABILITY_API OnuAbilityTableManager {
                    unsigned short ability_code, unsigned int& value);
 
   // Replaces `out` with copies of the profiles of one table, filtered by source
-  // (2 is all), in table order; empty when the type has no table. Logs nothing.
+  // (2 is all), in table order; empty when the type has no table. Logs nothing but the release
+  // of what `out` held.
   void GetAll(ONU_ABILITY_ENUM_PROFILE_TYPE type, ONU_ABILITY_ENUM_PROFILE_SOURCE source,
               std::vector<OnuAbilityProfile>& out);
 

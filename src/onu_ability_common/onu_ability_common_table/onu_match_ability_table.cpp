@@ -1,10 +1,22 @@
 #include "onu_ability_common_table/onu_match_ability_table.h"
 
-#include <algorithm>
 #include <iterator>
 
 #include "onu_ability_common_global/log.h"
 #include "onu_ability_common_table/table_lock.h"
+
+namespace {
+
+// Whether deleting `profile` means `candidate`: by the id when there is one, else
+// by a comparison, which may change the candidate.
+bool IsDeletedBy(const OnuAbilityProfile& profile, OnuAbilityProfile& candidate) {
+  if (candidate._profile_source != profile._profile_source) {
+    return false;
+  }
+  return profile.HasId() ? candidate._id == profile._id : (candidate == profile) != 0;
+}
+
+}  // namespace
 
 OnuMatchAbilityTable::OnuMatchAbilityTable() { ONU_ABILITY_LOG(10, "OnuMatchAbilityTable start!"); }
 
@@ -30,14 +42,13 @@ unsigned int OnuMatchAbilityTable::Del(const OnuAbilityProfile& profile) {
   unsigned int ret = ONU_ABILITY_RET_NOT_FOUND;
   {
     const TableLock lock(_mutex);
-    const auto found =
-        std::find_if(_vec_profile.rbegin(), _vec_profile.rend(), [&profile](auto& candidate) {
-          return candidate._profile_source == profile._profile_source &&
-                 (profile.HasId() ? candidate._id == profile._id : (candidate == profile) != 0);
-        });
-    if (found != _vec_profile.rend()) {
+    auto candidate = _vec_profile.rbegin();
+    while (candidate != _vec_profile.rend() && !IsDeletedBy(profile, *candidate)) {
+      ++candidate;
+    }
+    if (candidate != _vec_profile.rend()) {
       ONU_ABILITY_LOG(9, "(Del)find ok!id:%hu", profile._id);
-      _vec_profile.erase(std::next(found).base());
+      _vec_profile.erase(std::next(candidate).base());
       ret = ONU_ABILITY_RET_OK;
     } else {
       ONU_ABILITY_LOG(1, "(Del)find null!id:%hu", profile._id);
@@ -54,10 +65,12 @@ unsigned int OnuMatchAbilityTable::operator==(OnuAbilityProfile& profile) {
   {
     const TableLock lock(_mutex);
     profile._flag_match_type = ONU_ABILITY_MATCH_TYPE_PATTERN;
-    const auto found = std::find_if(_vec_profile.rbegin(), _vec_profile.rend(),
-                                    [&profile](auto& stored) { return (stored == profile) != 0; });
-    if (found != _vec_profile.rend()) {
-      profile = *found;
+    auto stored = _vec_profile.rbegin();
+    while (stored != _vec_profile.rend() && (*stored == profile) == 0) {
+      ++stored;
+    }
+    if (stored != _vec_profile.rend()) {
+      profile = *stored;
       ret = 1;
     }
   }

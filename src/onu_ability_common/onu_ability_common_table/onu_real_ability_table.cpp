@@ -38,20 +38,21 @@ bool OnuRealAbilityTable::IsDuplicate(const OnuAbilityProfile& profile) const {
       });
   bool same_id = false;
   if (profile.HasId()) {
-    ONU_ABILITY_LOG(4, "id:%hu", profile._id);
+    ONU_ABILITY_LOG_FOR("Add", 4, "id:%hu", profile._id);
     same_id = std::any_of(_vec_profile.begin(), _vec_profile.end(), [&](const auto& stored) {
       return stored._profile_source == source && stored._id == profile._id;
     });
   }
   // "find ok" marks the refusal and "find null" the success, as meant.
   if (same_id || same_real_type) {
-    ONU_ABILITY_LOG(9, "find ok!flag_same_id:%hhu,flag_same_realtype:%hhu",
-                    static_cast<unsigned char>(same_id),
-                    static_cast<unsigned char>(same_real_type));
+    ONU_ABILITY_LOG_FOR("Add", 9, "find ok!flag_same_id:%hhu,flag_same_realtype:%hhu",
+                        static_cast<unsigned char>(same_id),
+                        static_cast<unsigned char>(same_real_type));
     return true;
   }
-  ONU_ABILITY_LOG(1, "find null!flag_same_id:%hhu,flag_same_realtype:%hhu",
-                  static_cast<unsigned char>(same_id), static_cast<unsigned char>(same_real_type));
+  ONU_ABILITY_LOG_FOR("Add", 1, "find null!flag_same_id:%hhu,flag_same_realtype:%hhu",
+                      static_cast<unsigned char>(same_id),
+                      static_cast<unsigned char>(same_real_type));
   return false;
 }
 

@@ -155,6 +155,7 @@ TEST_F(AbilityValuesTest, FilterSource2TakesTheWholeTable) {
         ONU_ABILITY_PROFILE_TYPE_REAL, static_cast<ONU_ABILITY_ENUM_PROFILE_SOURCE>(source),
         profiles);
     std::vector<unsigned int> found;
+    found.reserve(profiles.size());
     for (const OnuAbilityProfile& profile : profiles) {
       found.push_back(profile._common_ability.at(1085).ability_ushort_value);
     }

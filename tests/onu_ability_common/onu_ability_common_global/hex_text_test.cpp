@@ -1,5 +1,6 @@
 // filter_nohexchar and char_to_hex, with the lines that they write to standard
 // output (a console write adds the newline).
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -24,9 +25,9 @@ class HexTextTest : public LibraryTest {
   }
 
   std::string Filtered(std::string text) {
-    text.push_back('\0');
     EXPECT_EQ(0U, filter_nohexchar(text.data()));
-    return text.c_str();
+    text.resize(strlen(text.data()));
+    return text;
   }
 
   std::string source_;   // after the conversion, with its terminator
