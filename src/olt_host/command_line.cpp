@@ -83,10 +83,17 @@ CLI::App* AddConsole(CLI::App& app, CommandLine& result) {
   console->add_option("REPORTS", result.reports, "What the ONUs report (YAML): confirmed first")
       ->type_name("FILE");
   AddLogOptions(*console, result);
+  // A listing alone refuses every profile of another source with a line of level
+  // 0: unasked for, such lines would drown what the operator's command printed.
+  console->callback([console, &result] {
+    if (console->count("--log") == 0 && console->count("--log-levels") == 0) {
+      result.log.mask = 0;
+    }
+  });
   console->footer(
       "Commands come from standard input: with line editing, history and completion\n"
       "on a terminal, else a command a line. Type \"help\" for the commands, \"exit\"\n"
-      "to leave.\n\n"
+      "to leave. Nothing is logged unless --log or --log-levels asks for it.\n\n"
       "Exit status:\n"
       "  0  done\n"
       "  1  a command of a piped input failed\n"

@@ -54,6 +54,13 @@ TEST(CommandLine, ConsoleWithAndWithoutReports) {
   EXPECT_EQ(Parse({"console", "c.yaml", "r.yaml"}).command_line->reports, "r.yaml");
 }
 
+TEST(CommandLine, ConsoleLogsOnlyWhenAsked) {
+  EXPECT_EQ(Parse({"console", "c"}).command_line->log.mask, 0U);
+  EXPECT_EQ(Parse({"console", "c", "--log", "x.log"}).command_line->log.mask,
+            (1U << 0) | (1U << 13));
+  EXPECT_EQ(Parse({"console", "c", "--log-levels", "9"}).command_line->log.mask, 1U << 9);
+}
+
 TEST(CommandLine, RefusesBadUsageWithOneMessage) {
   EXPECT_EQ(Refusal({}),
             "olt_host: a command is missing; expected confirm or console "
