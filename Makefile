@@ -5,9 +5,11 @@ CATALOGUE := data/catalogue.yaml
 REPORTS := data/reports.yaml
 CMAKE_FLAGS :=
 
-.PHONY: run test build check install clean help
+.PHONY: run test build configure check install clean help
 
-run: build
+run: configure
+	@echo "==> Building olt_host in $(BUILD)/"
+	@cmake --build $(BUILD) --target olt_host
 	@echo "==> Confirming the shipped ONU population"
 	@scripts/run_host.sh $(HOST) $(CATALOGUE) $(REPORTS)
 
@@ -15,11 +17,13 @@ test: build
 	@echo "==> Running the tests"
 	@ctest --test-dir $(BUILD) --output-on-failure -j 2 --progress
 
-build:
-	@scripts/install_packages.sh build
-	@echo "==> Building in $(BUILD)/"
-	@cmake -S . -B $(BUILD) -G Ninja $(CMAKE_FLAGS) >$(BUILD).log 2>&1 || { cat $(BUILD).log; exit 1; }
+build: configure
+	@echo "==> Building everything in $(BUILD)/"
 	@cmake --build $(BUILD)
+
+configure:
+	@scripts/install_packages.sh build
+	@cmake -S . -B $(BUILD) -G Ninja $(CMAKE_FLAGS) >$(BUILD).log 2>&1 || { cat $(BUILD).log; exit 1; }
 
 check:
 	@for gate in scripts/check_*.sh; do echo "==> $$gate"; $$gate || exit 1; done
