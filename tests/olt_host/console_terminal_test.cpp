@@ -7,8 +7,11 @@
 #include <termios.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <cstring>
+#include <stdexcept>
 #include <string>
 #include <thread>
 
@@ -33,6 +36,9 @@ class TerminalSession {
   TerminalSession() {
     winsize size{24, 80, 0, 0};
     child_ = forkpty(&master_, nullptr, nullptr, &size);
+    if (child_ < 0) {
+      throw std::runtime_error(std::string("no pseudo-terminal: ") + std::strerror(errno));
+    }
     if (child_ == 0) {
       setenv("TERM", "xterm", 1);
       install_element(kNode, &say_cmd);
