@@ -26,24 +26,24 @@ class InterruptGuard {
  public:
   InterruptGuard() {
     struct sigaction action = {};
-    action.sa_handler = [](int) { interrupted_ = 1; };
+    action.sa_handler = [](int) { _interrupted = 1; };
     sigemptyset(&action.sa_mask);
-    sigaction(SIGINT, &action, &before_);
+    sigaction(SIGINT, &action, &_before);
   }
-  ~InterruptGuard() { sigaction(SIGINT, &before_, nullptr); }
+  ~InterruptGuard() { sigaction(SIGINT, &_before, nullptr); }
   InterruptGuard(const InterruptGuard&) = delete;
   InterruptGuard& operator=(const InterruptGuard&) = delete;
 
   // Whether Ctrl-C was pressed since the last call.
   static bool Take() {
-    const bool taken = interrupted_ != 0;
-    interrupted_ = 0;
+    const bool taken = _interrupted != 0;
+    _interrupted = 0;
     return taken;
   }
 
  private:
-  static inline volatile std::sig_atomic_t interrupted_ = 0;
-  struct sigaction before_ = {};
+  static inline volatile std::sig_atomic_t _interrupted = 0;
+  struct sigaction _before = {};
 };
 
 // The editor's answer to TAB.
@@ -66,29 +66,29 @@ unsigned char CompleteWord(EditLine* editor, int) {
 class Editor {
  public:
   explicit Editor(struct vty& terminal)
-      : history_(history_init(), history_end),
-        editor_(el_init("olt_host", stdin, stdout, stderr), el_end) {
-    if (editor_ == nullptr || history_ == nullptr) return;
+      : _history(history_init(), history_end),
+        _editor(el_init("olt_host", stdin, stdout, stderr), el_end) {
+    if (_editor == nullptr || _history == nullptr) return;
     HistEvent event;
-    history(history_.get(), &event, H_SETSIZE, kLinesRemembered);
-    history(history_.get(), &event, H_SETUNIQUE, 1);
-    el_set(editor_.get(), EL_CLIENTDATA, &terminal);
-    el_set(editor_.get(), EL_PROMPT, Prompt);
-    el_set(editor_.get(), EL_EDITOR, "emacs");
-    el_set(editor_.get(), EL_HIST, history, history_.get());
-    el_set(editor_.get(), EL_ADDFN, "complete-word", "complete the keyword", CompleteWord);
-    el_set(editor_.get(), EL_BIND, "^I", "complete-word", nullptr);
-    el_set(editor_.get(), EL_BIND, "^R", "em-inc-search-prev", nullptr);
+    history(_history.get(), &event, H_SETSIZE, kLinesRemembered);
+    history(_history.get(), &event, H_SETUNIQUE, 1);
+    el_set(_editor.get(), EL_CLIENTDATA, &terminal);
+    el_set(_editor.get(), EL_PROMPT, Prompt);
+    el_set(_editor.get(), EL_EDITOR, "emacs");
+    el_set(_editor.get(), EL_HIST, history, _history.get());
+    el_set(_editor.get(), EL_ADDFN, "complete-word", "complete the keyword", CompleteWord);
+    el_set(_editor.get(), EL_BIND, "^I", "complete-word", nullptr);
+    el_set(_editor.get(), EL_BIND, "^R", "em-inc-search-prev", nullptr);
   }
 
   enum class Answer { kLine, kInterrupted, kEnd };
 
   Answer Read(std::string& line) {
-    if (editor_ == nullptr || history_ == nullptr) return Answer::kEnd;
-    el_resize(editor_.get());  // the window may have changed during the last command
+    if (_editor == nullptr || _history == nullptr) return Answer::kEnd;
+    el_resize(_editor.get());  // the window may have changed during the last command
     int length = 0;
     errno = 0;
-    const char* const text = el_gets(editor_.get(), &length);
+    const char* const text = el_gets(_editor.get(), &length);
     if (text == nullptr || length <= 0) {
       return InterruptGuard::Take() ? Answer::kInterrupted : Answer::kEnd;
     }
@@ -99,12 +99,12 @@ class Editor {
 
   void Remember(const std::string& line) {
     HistEvent event;
-    history(history_.get(), &event, H_ENTER, line.c_str());
+    history(_history.get(), &event, H_ENTER, line.c_str());
   }
 
  private:
-  std::unique_ptr<History, decltype(&history_end)> history_;
-  std::unique_ptr<EditLine, decltype(&el_end)> editor_;
+  std::unique_ptr<History, decltype(&history_end)> _history;
+  std::unique_ptr<EditLine, decltype(&el_end)> _editor;
 };
 
 }  // namespace

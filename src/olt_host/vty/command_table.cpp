@@ -24,7 +24,7 @@ std::string CommandTable::Install(unsigned int node, cmd_element* element) {
   if (command.grammar.vertices.empty()) {
     return "the groups of a command repeat too much\n  \"" + text + "\"";
   }
-  std::vector<Command>& commands = commands_[node];
+  std::vector<Command>& commands = _commands[node];
   const bool known = std::any_of(commands.begin(), commands.end(), [element](const Command& other) {
     return other.element == element;
   });
@@ -35,8 +35,8 @@ std::string CommandTable::Install(unsigned int node, cmd_element* element) {
 
 const std::vector<Command>& CommandTable::Commands(unsigned int node) const {
   static const std::vector<Command> kNone;
-  const auto found = commands_.find(node);
-  return found == commands_.end() ? kNone : found->second;
+  const auto found = _commands.find(node);
+  return found == _commands.end() ? kNone : found->second;
 }
 
 }  // namespace olt_host

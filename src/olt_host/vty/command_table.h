@@ -33,18 +33,18 @@ class CommandTable {
   // In the order of installation; empty for a node without commands.
   const std::vector<Command>& Commands(unsigned int node) const;
 
-  void AddModule(const Module& module) { modules_.push_back(module); }
-  const std::vector<Module>& modules() const { return modules_; }
+  void AddModule(const Module& module) { _modules.push_back(module); }
+  const std::vector<Module>& modules() const { return _modules; }
 
   // What install_element refused, in order. The library does not look at its
   // results, so a host asks here whether every command was taken.
-  void NoteRefusal(const std::string& reason) { refusals_.push_back(reason); }
-  const std::vector<std::string>& refusals() const { return refusals_; }
+  void NoteRefusal(const std::string& reason) { _refusals.push_back(reason); }
+  const std::vector<std::string>& refusals() const { return _refusals; }
 
  private:
-  std::map<unsigned int, std::vector<Command>> commands_;
-  std::vector<Module> modules_;
-  std::vector<std::string> refusals_;
+  std::map<unsigned int, std::vector<Command>> _commands;
+  std::vector<Module> _modules;
+  std::vector<std::string> _refusals;
 };
 
 }  // namespace olt_host

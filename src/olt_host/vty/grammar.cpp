@@ -28,8 +28,8 @@ class GrammarBuilder {
  public:
   Grammar Run(const Syntax& syntax) {
     const Follow begin = AddSequence(syntax.items, Follow{{}, true});
-    grammar_.first = begin.next;
-    return too_large_ ? Grammar() : grammar_;
+    _grammar.first = begin.next;
+    return _too_large ? Grammar() : _grammar;
   }
 
  private:
@@ -47,12 +47,12 @@ class GrammarBuilder {
       case SyntaxNode::kToken:
         break;
     }
-    if (grammar_.vertices.size() == kMostVertices) {
-      too_large_ = true;
+    if (_grammar.vertices.size() == kMostVertices) {
+      _too_large = true;
       return follow;
     }
-    grammar_.vertices.push_back(GrammarVertex{item.token, follow.next, follow.may_end});
-    return Follow{{grammar_.vertices.size() - 1}, false};
+    _grammar.vertices.push_back(GrammarVertex{item.token, follow.next, follow.may_end});
+    return Follow{{_grammar.vertices.size() - 1}, false};
   }
 
   Follow AddChoice(const SyntaxNode& choice, const Follow& follow) {
@@ -65,7 +65,7 @@ class GrammarBuilder {
   // At most n times is: nothing, or once and then at most n - 1 times.
   Follow AddGroup(const SyntaxNode& group, const Follow& follow) {
     Follow rest = follow;
-    for (unsigned int i = 0; i < group.repeat && !too_large_; ++i) {
+    for (unsigned int i = 0; i < group.repeat && !_too_large; ++i) {
       Follow once_more = AddSequence(group.children, rest);
       Include(once_more, follow);
       rest = once_more;
@@ -73,8 +73,8 @@ class GrammarBuilder {
     return rest;
   }
 
-  Grammar grammar_;
-  bool too_large_ = false;
+  Grammar _grammar;
+  bool _too_large = false;
 };
 
 }  // namespace

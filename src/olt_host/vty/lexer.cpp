@@ -13,59 +13,59 @@ bool IsControl(char c) {
 
 class Lexer {
  public:
-  explicit Lexer(const std::string& line) : line_(line) {}
+  explicit Lexer(const std::string& line) : _line(line) {}
 
   LexedLine Run() {
-    while (lexed_.error.empty()) {
-      while (at_ < line_.size() && IsBlank(line_[at_])) ++at_;
-      if (at_ == line_.size()) break;
+    while (_lexed.error.empty()) {
+      while (_at < _line.size() && IsBlank(_line[_at])) ++_at;
+      if (_at == _line.size()) break;
       Word word;
-      word.column = at_;
-      word.quoted = line_[at_] == '"';
+      word.column = _at;
+      word.quoted = _line[_at] == '"';
       const bool whole = word.quoted ? ReadQuoted(word) : ReadPlain(word);
-      word.end = at_;
-      if (whole) lexed_.words.push_back(word);
+      word.end = _at;
+      if (whole) _lexed.words.push_back(word);
     }
-    return lexed_;
+    return _lexed;
   }
 
  private:
   bool Fail(const char* reason, std::size_t column) {
-    lexed_.error = reason;
-    lexed_.error_column = column;
+    _lexed.error = reason;
+    _lexed.error_column = column;
     return false;
   }
 
   bool ReadPlain(Word& word) {
-    for (; at_ < line_.size() && !IsBlank(line_[at_]); ++at_) {
-      if (IsControl(line_[at_])) return Fail("Control character", at_);
-      if (line_[at_] == '"') return Fail("Quote inside a word", at_);
-      word.text += line_[at_];
+    for (; _at < _line.size() && !IsBlank(_line[_at]); ++_at) {
+      if (IsControl(_line[_at])) return Fail("Control character", _at);
+      if (_line[_at] == '"') return Fail("Quote inside a word", _at);
+      word.text += _line[_at];
     }
     return true;
   }
 
   bool ReadQuoted(Word& word) {
-    for (++at_; at_ < line_.size() && line_[at_] != '"'; ++at_) {
-      if (IsControl(line_[at_])) return Fail("Control character", at_);
-      if (line_[at_] == '\\') {
-        const char next = at_ + 1 < line_.size() ? line_[at_ + 1] : '\0';
-        if (next != '"' && next != '\\') return Fail("Only \\\" and \\\\ are escapes", at_);
-        ++at_;
+    for (++_at; _at < _line.size() && _line[_at] != '"'; ++_at) {
+      if (IsControl(_line[_at])) return Fail("Control character", _at);
+      if (_line[_at] == '\\') {
+        const char next = _at + 1 < _line.size() ? _line[_at + 1] : '\0';
+        if (next != '"' && next != '\\') return Fail("Only \\\" and \\\\ are escapes", _at);
+        ++_at;
       }
-      word.text += line_[at_];
+      word.text += _line[_at];
     }
-    if (at_ == line_.size()) return Fail("Missing closing quote", word.column);
-    ++at_;
-    if (at_ < line_.size() && !IsBlank(line_[at_])) {
-      return Fail("Blank expected after the closing quote", at_);
+    if (_at == _line.size()) return Fail("Missing closing quote", word.column);
+    ++_at;
+    if (_at < _line.size() && !IsBlank(_line[_at])) {
+      return Fail("Blank expected after the closing quote", _at);
     }
     return true;
   }
 
-  const std::string& line_;
-  std::size_t at_ = 0;
-  LexedLine lexed_;
+  const std::string& _line;
+  std::size_t _at = 0;
+  LexedLine _lexed;
 };
 
 }  // namespace

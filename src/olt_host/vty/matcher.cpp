@@ -44,7 +44,7 @@ class Matcher {
  public:
   explicit Matcher(const std::vector<Command>& commands) {
     for (const Command& command : commands) {
-      readings_.push_back(Reading{&command, false, &command.grammar.first, {}});
+      _readings.push_back(Reading{&command, false, &command.grammar.first, {}});
     }
   }
 
@@ -54,47 +54,47 @@ class Matcher {
     if (fitting.empty()) return false;
     std::vector<Reading> advanced;
     for (const Candidate& candidate : fitting) Advance(candidate, word, advanced);
-    readings_ = std::move(advanced);
+    _readings = std::move(advanced);
     return true;
   }
 
   // The line ends here.
   void End(Match& match) {
-    for (Reading& reading : readings_) {
+    for (Reading& reading : _readings) {
       if (!reading.may_end || reading.command == match.command) continue;
-      expected_.push_back(reading.command->element->string);
+      _expected.push_back(reading.command->element->string);
       if (match.command != nullptr) continue;
       match.command = reading.command;
       match.arguments = std::move(reading.arguments);
     }
     if (match.command == nullptr) {
-      outcome_ = MatchOutcome::kIncomplete;
-      for (const Candidate& candidate : Candidates()) AddOnce(expected_, candidate.token().text);
-    } else if (expected_.size() > 1) {
-      outcome_ = MatchOutcome::kAmbiguous;
+      _outcome = MatchOutcome::kIncomplete;
+      for (const Candidate& candidate : Candidates()) AddOnce(_expected, candidate.token().text);
+    } else if (_expected.size() > 1) {
+      _outcome = MatchOutcome::kAmbiguous;
       match.command = nullptr;
       match.arguments.clear();
     } else {
-      outcome_ = MatchOutcome::kMatched;
-      expected_.clear();
+      _outcome = MatchOutcome::kMatched;
+      _expected.clear();
     }
   }
 
   std::vector<Candidate> Candidates() const {
     std::vector<Candidate> candidates;
-    for (const Reading& reading : readings_) {
+    for (const Reading& reading : _readings) {
       for (const std::size_t vertex : *reading.next) candidates.push_back({&reading, vertex});
     }
     return candidates;
   }
 
   bool MayEnd() const {
-    return std::any_of(readings_.begin(), readings_.end(),
+    return std::any_of(_readings.begin(), _readings.end(),
                        [](const Reading& reading) { return reading.may_end; });
   }
 
-  MatchOutcome outcome() const { return outcome_; }
-  const std::vector<std::string>& expected() const { return expected_; }
+  MatchOutcome outcome() const { return _outcome; }
+  const std::vector<std::string>& expected() const { return _expected; }
 
  private:
   // The candidates that the word means; none, and why, when it means nothing or
@@ -118,8 +118,8 @@ class Matcher {
     if (keywords.empty()) {
       NoteMisfit(word, candidates);
     } else {
-      outcome_ = MatchOutcome::kAmbiguous;
-      expected_ = std::move(keywords);
+      _outcome = MatchOutcome::kAmbiguous;
+      _expected = std::move(keywords);
     }
     return {};
   }
@@ -128,16 +128,16 @@ class Matcher {
     std::vector<std::string> numbers;
     for (const Candidate& candidate : candidates) {
       const Token& token = candidate.token();
-      AddOnce(expected_, token.text);
+      AddOnce(_expected, token.text);
       if (token.kind == TokenKind::kNumber) AddOnce(numbers, token.text);
     }
-    outcome_ = candidates.empty() && MayEnd() ? MatchOutcome::kTooMany : MatchOutcome::kUnknown;
+    _outcome = candidates.empty() && MayEnd() ? MatchOutcome::kTooMany : MatchOutcome::kUnknown;
     if (numbers.empty()) return;
     if (IsAllDigits(word.text)) {
-      outcome_ = MatchOutcome::kOutOfRange;
-      expected_ = std::move(numbers);
-    } else if (numbers.size() == expected_.size()) {
-      outcome_ = MatchOutcome::kNotANumber;
+      _outcome = MatchOutcome::kOutOfRange;
+      _expected = std::move(numbers);
+    } else if (numbers.size() == _expected.size()) {
+      _outcome = MatchOutcome::kNotANumber;
     }
   }
 
@@ -157,9 +157,9 @@ class Matcher {
     readings.push_back(std::move(reading));
   }
 
-  std::vector<Reading> readings_;
-  MatchOutcome outcome_ = MatchOutcome::kUnknown;
-  std::vector<std::string> expected_;
+  std::vector<Reading> _readings;
+  MatchOutcome _outcome = MatchOutcome::kUnknown;
+  std::vector<std::string> _expected;
 };
 
 }  // namespace

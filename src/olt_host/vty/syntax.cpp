@@ -33,42 +33,42 @@ bool IsKeywordCharacter(char c) {
   return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_' || c == '-' || c == '.';
 }
 
-// Recursive descent. Every Parse function leaves `at_` behind what it read and
+// Recursive descent. Every Parse function leaves `_at` behind what it read and
 // returns false after the first error, which Fail has noted.
 class SyntaxParser {
  public:
   SyntaxParser(const std::string& text, const std::string& doc)
-      : text_(text), help_(HelpLines(doc)) {}
+      : _text(text), _help(HelpLines(doc)) {}
 
   Syntax Run() {
     std::vector<SyntaxNode> items;
-    if (!ParseItems(items, 0)) return result_;
+    if (!ParseItems(items, 0)) return _result;
     if (items.empty() || items.front().kind != SyntaxNode::kToken ||
         items.front().token.kind != TokenKind::kKeyword) {
-      Fail("a command begins with a keyword", std::min(text_.find_first_not_of(' '), text_.size()));
-      return result_;
+      Fail("a command begins with a keyword", std::min(_text.find_first_not_of(' '), _text.size()));
+      return _result;
     }
-    result_.items = std::move(items);
-    return result_;
+    _result.items = std::move(items);
+    return _result;
   }
 
  private:
   bool Fail(const std::string& reason, std::size_t column) {
-    result_.error = reason;
-    result_.error_column = column;
+    _result.error = reason;
+    _result.error_column = column;
     return false;
   }
 
-  bool AtEnd() const { return at_ == text_.size(); }
-  char Peek() const { return AtEnd() ? '\0' : text_[at_]; }
+  bool AtEnd() const { return _at == _text.size(); }
+  char Peek() const { return AtEnd() ? '\0' : _text[_at]; }
 
   // Items up to the end of the text, or to the brace that closes the group.
   bool ParseItems(std::vector<SyntaxNode>& items, unsigned int depth) {
     for (bool separated = true;;) {
-      const std::size_t blanks = at_;
-      while (Peek() == ' ') ++at_;
+      const std::size_t blanks = _at;
+      while (Peek() == ' ') ++_at;
       if (AtEnd() || (depth > 0 && Peek() == '}')) return true;
-      if (!separated && at_ == blanks) return Fail("items stand between blanks", at_);
+      if (!separated && _at == blanks) return Fail("items stand between blanks", _at);
       SyntaxNode item;
       if (!ParseItem(item, depth)) return false;
       items.push_back(std::move(item));
@@ -88,27 +88,27 @@ class SyntaxParser {
   }
 
   bool ParseToken(Token& token, bool in_choice) {
-    const std::size_t start = at_;
+    const std::size_t start = _at;
     if (Peek() == '<') {
       if (!ParsePlaceholder(token)) return false;
     } else {
-      while (IsKeywordCharacter(Peek())) ++at_;
-      if (at_ == start) return Fail("a keyword or a value was expected", at_);
+      while (IsKeywordCharacter(Peek())) ++_at;
+      if (_at == start) return Fail("a keyword or a value was expected", _at);
       token.kind = TokenKind::kKeyword;
       token.is_argument = in_choice;
     }
-    token.text = text_.substr(start, at_ - start);
-    if (tokens_read_ < help_.size()) token.help = help_[tokens_read_];
-    ++tokens_read_;
+    token.text = _text.substr(start, _at - start);
+    if (_tokens_read < _help.size()) token.help = _help[_tokens_read];
+    ++_tokens_read;
     token.takes_name = token.text == "<value>" && EndsWith(token.help, "or name");
     return true;
   }
 
   bool ParsePlaceholder(Token& token) {
-    const std::size_t start = at_;
-    const std::size_t close = text_.find('>', at_);
+    const std::size_t start = _at;
+    const std::size_t close = _text.find('>', _at);
     if (close == std::string::npos) return Fail("this < is not closed", start);
-    const std::string name = text_.substr(start + 1, close - start - 1);
+    const std::string name = _text.substr(start + 1, close - start - 1);
     token.is_argument = true;
     token.kind = TokenKind::kNumber;
     if (name == "value") {
@@ -120,7 +120,7 @@ class SyntaxParser {
     } else if (!ParseRange(name, token)) {
       return Fail("<value>, <string>, <onutype_code> or a range <low-high> was expected", start);
     }
-    at_ = close + 1;
+    _at = close + 1;
     return true;
   }
 
@@ -131,11 +131,11 @@ class SyntaxParser {
   }
 
   bool ParseChoice(SyntaxNode& choice) {
-    const std::size_t start = at_;
+    const std::size_t start = _at;
     choice.kind = SyntaxNode::kChoice;
     do {
-      ++at_;  // behind the bracket or the bar
-      const std::size_t place = at_;
+      ++_at;  // behind the bracket or the bar
+      const std::size_t place = _at;
       SyntaxNode alternative;
       if (!ParseToken(alternative.token, true)) return false;
       for (const SyntaxNode& other : choice.children) {
@@ -144,35 +144,35 @@ class SyntaxParser {
       choice.children.push_back(std::move(alternative));
     } while (Peek() == '|');
     if (AtEnd()) return Fail("this [ is not closed", start);
-    if (Peek() != ']') return Fail("| or ] was expected", at_);
-    ++at_;
+    if (Peek() != ']') return Fail("| or ] was expected", _at);
+    ++_at;
     return true;
   }
 
   bool ParseGroup(SyntaxNode& group, unsigned int depth) {
-    const std::size_t start = at_;
+    const std::size_t start = _at;
     if (depth == kDeepestGroup) return Fail("groups are nested too deeply", start);
     group.kind = SyntaxNode::kGroup;
-    ++at_;
+    ++_at;
     if (!ParseItems(group.children, depth + 1)) return false;
     if (AtEnd()) return Fail("this { is not closed", start);
     if (group.children.empty()) return Fail("an empty group", start);
-    ++at_;
-    if (Peek() != '*') return Fail("a group ends in }*n", at_);
-    const std::size_t digits = ++at_;
-    while (std::isdigit(static_cast<unsigned char>(Peek())) != 0) ++at_;
-    if (!ReadNumber(text_.substr(digits, at_ - digits), group.repeat) || group.repeat == 0 ||
+    ++_at;
+    if (Peek() != '*') return Fail("a group ends in }*n", _at);
+    const std::size_t digits = ++_at;
+    while (std::isdigit(static_cast<unsigned char>(Peek())) != 0) ++_at;
+    if (!ReadNumber(_text.substr(digits, _at - digits), group.repeat) || group.repeat == 0 ||
         group.repeat > kMostRepeats) {
       return Fail("a group is repeated 1 to 64 times", digits);
     }
     return true;
   }
 
-  const std::string& text_;
-  std::vector<std::string> help_;
-  std::size_t at_ = 0;
-  std::size_t tokens_read_ = 0;
-  Syntax result_;
+  const std::string& _text;
+  std::vector<std::string> _help;
+  std::size_t _at = 0;
+  std::size_t _tokens_read = 0;
+  Syntax _result;
 };
 
 }  // namespace

@@ -5,10 +5,10 @@
 #include <utility>
 #include <vector>
 
-vty::vty(unsigned int command_node, Sink sink) : node_(command_node), sink_(std::move(sink)) {}
+vty::vty(unsigned int command_node, Sink sink) : _node(command_node), _sink(std::move(sink)) {}
 
 void vty::Write(const char* bytes, std::size_t length) {
-  if (alive_ && length > 0 && !sink_(bytes, length)) alive_ = false;
+  if (_alive && length > 0 && !_sink(bytes, length)) _alive = false;
 }
 
 int vty_out(struct vty* vty, const char* format, ...) {

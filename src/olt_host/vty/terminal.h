@@ -28,15 +28,15 @@ struct vty {
 
   // False after Close, and once the sink has reported that the other end is
   // gone. A session ends then.
-  bool alive() const { return alive_; }
-  void Close() { alive_ = false; }
+  bool alive() const { return _alive; }
+  void Close() { _alive = false; }
 
-  unsigned int node() const { return node_; }
+  unsigned int node() const { return _node; }
 
  private:
-  unsigned int node_;
-  Sink sink_;
-  bool alive_ = true;
+  unsigned int _node;
+  Sink _sink;
+  bool _alive = true;
 };
 
 #endif  // OLT_HOST_VTY_TERMINAL_H
