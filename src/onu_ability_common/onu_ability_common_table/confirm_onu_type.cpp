@@ -96,6 +96,7 @@ void ConfirmOnuType::Init() {
 void ConfirmOnuType::GatherAbilities() {
   auto& records = OnuAbilityCodeInfo::GetInstance()->Get();
   // By index: a hook may define or delete codes meanwhile.
+  // NOLINTNEXTLINE(modernize-loop-convert)
   for (std::size_t i = 0; i < records.size(); ++i) {
     auto& record = records[i];
     // Reading an absent attribute adds it to the record with the value 0.
