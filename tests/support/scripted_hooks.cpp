@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstring>
-
 #include "onu_ability_common_reg_extern_func.h"
 
 namespace {
@@ -24,7 +21,7 @@ void Write(const std::string& text, char* buffer, size_t room) {
   for (size_t i = 0; i < room; ++i) {
     EXPECT_EQ('\0', buffer[i]) << "byte " << i << " of the buffer is not zeroed";
   }
-  std::memcpy(buffer, text.data(), std::min(text.size(), room));
+  text.copy(buffer, room);
 }
 
 unsigned int GetVendorId(unsigned short place, unsigned char onu, char* vendor_id) {

@@ -1,7 +1,6 @@
 // When confirmation calls which hook, with what, and what a hook finds in the
 // places that it is to fill.
 #include <algorithm>
-#include <cstring>
 
 #include "confirm_onu_type_fixture.h"
 
@@ -84,7 +83,7 @@ std::vector<const ConfirmOnuType*> g_handed_over;
 
 unsigned int LookAtVendorBuffer(unsigned short, unsigned char, char* vendor_id) {
   g_vendor_buffer.assign(vendor_id, 5);
-  std::memcpy(vendor_id, "VEND", 4);
+  std::string("VEND").copy(vendor_id, 4);
   return 0;
 }
 
