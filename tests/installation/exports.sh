@@ -12,15 +12,15 @@ nm -D --defined-only "$library" | awk '{print $3}' | sort -u | diff "$list" - ||
 host='CMutexLock|Variant|ulogPrintf|bep_[A-Za-z]+|vty_out|install_element|cl_install_module'
 # What has no version comes from no shared library: the host must bring it.
 strays=$(nm -DC --undefined-only "$library" | awk '$1 == "U"' | grep -v '@' |
-  grep -vE "U ($host)(::|$|\()" | grep -vE 'U __(asan|ubsan|sanitizer)_' || true)
+  grep -vE "U ($host)(::|$|\()" || true)
 if [ -n "$strays" ]; then
   printf 'undefined symbols that no host interface declares:\n%s\n' "$strays" >&2
   exit 1
 fi
 
-# Nothing beyond the standard library (and a sanitizer's run-time when it is on).
+# Nothing beyond the standard library.
 needed=$(readelf -d "$library" | sed -n 's/.*NEEDED.*\[\(.*\)\]/\1/p' |
-  grep -vE '^(libstdc\+\+|libc\+\+|libc\+\+abi|libgcc_s|libm|libc|libasan|libubsan|ld-linux.*)\.so' ||
+  grep -vE '^(libstdc\+\+|libc\+\+|libc\+\+abi|libgcc_s|libm|libc|ld-linux.*)\.so' ||
   true)
 if [ -n "$needed" ]; then
   printf 'libraries needed beyond the standard library:\n%s\n' "$needed" >&2
