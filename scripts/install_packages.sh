@@ -8,7 +8,8 @@
 set -eu
 
 build_packages="g++ cmake ninja-build pkg-config libgtest-dev libyaml-cpp-dev libspdlog-dev
-  libcli11-dev nlohmann-json3-dev libedit-dev python3"
+  libcli11-dev nlohmann-json3-dev libedit-dev libasio-dev libtelnet-dev libcrypt-dev libmd-dev
+  python3 python3-pyte python3-jsonschema python3-yaml"
 check_packages="clang clang-format clang-tidy"
 
 case "${1:-}" in

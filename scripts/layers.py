@@ -38,12 +38,18 @@ LAYERS = [
     ("command_line", [AREA + "onu_ability_common_service_cli*"], LIBRARY[:12]),
     ("host platform", ["olt_host/platform/*"], LIBRARY),
     ("host vty", ["olt_host/vty/*"], LIBRARY + ["host platform"]),
-    ("host console", ["olt_host/console/*"], LIBRARY + ["host vty"]),
-    ("host catalogue", ["olt_host/catalogue/*"], LIBRARY),
+    ("host catalogue", ["olt_host/catalogue/*"], LIBRARY + ["host platform"]),
     ("host confirmation", ["olt_host/confirmation/*"], LIBRARY + ["host catalogue"]),
+    ("host state", ["olt_host/state/*"], LIBRARY + ["host platform", "host catalogue"]),
+    ("host session", ["olt_host/session/*"], LIBRARY + ["host platform", "host vty"]),
+    ("host transport", ["olt_host/transport/*"],
+     LIBRARY + ["host platform", "host vty", "host session"]),
+    ("host commands", ["olt_host/commands/*"],
+     LIBRARY + ["host platform", "host vty", "host catalogue", "host confirmation", "host state",
+                "host session"]),
     ("host program", ["olt_host/*"],
-     LIBRARY + ["host platform", "host vty", "host console", "host catalogue",
-                "host confirmation"]),
+     LIBRARY + ["host platform", "host vty", "host catalogue", "host confirmation", "host state",
+                "host session", "host transport", "host commands"]),
 ]
 
 # Where an include by bare name is looked for.

@@ -7,6 +7,7 @@
 #define OLT_HOST_VTY_COMMAND_TABLE_H
 
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -27,8 +28,14 @@ class CommandTable {
   // Reads the element's syntax and offers it under `node`. Returns an empty
   // text, or, the table unchanged, why the element was refused: a null field, a
   // syntax that cannot be read (quoted, the place marked on a line of its own),
-  // an element that the node already has.
+  // an element that the node already has, a line that would mean both the element
+  // and an earlier one (both are quoted, and such a line).
   std::string Install(unsigned int node, cmd_element* element);
+
+  // Lets read-only operators run the element too. Without that they may run only
+  // commands whose first keyword is "show".
+  void AllowReadOnly(const cmd_element* element) { _read_only.insert(element); }
+  bool MayChange(const Command& command) const;
 
   // In the order of installation; empty for a node without commands.
   const std::vector<Command>& Commands(unsigned int node) const;
@@ -45,6 +52,7 @@ class CommandTable {
   std::map<unsigned int, std::vector<Command>> _commands;
   std::vector<Module> _modules;
   std::vector<std::string> _refusals;
+  std::set<const cmd_element*> _read_only;
 };
 
 }  // namespace olt_host

@@ -1,11 +1,16 @@
-// Runs one line of an operator: cuts it into words, finds its command, calls
-// the handler, and tells the operator on the terminal what was wrong.
+// Runs one line of an operator: cuts it into words and filters, finds its
+// command, looks whether the operator may run it, calls the handler, and tells
+// the operator on the terminal what was wrong.
 //
 // An error shows its place: the line, a caret under it, then "% Unknown
-// command" or another line that starts with "% ".
+// command" or another line that starts with "% ". When the line asks a host's
+// `show` command for JSON, the error is a JSON document instead:
+//
+//   {"error": {"message": "Unknown command", "column": 5}}
 #ifndef OLT_HOST_VTY_EXECUTE_H
 #define OLT_HOST_VTY_EXECUTE_H
 
+#include <functional>
 #include <string>
 
 #include "vty/terminal.h"
@@ -27,10 +32,24 @@ struct CommandResult {
   bool ok() const { return kind == kDone || kind == kBlank; }
 };
 
-// A line without a word is kBlank, one that means no command kRefused; nothing
-// is run then. kFailed: the handler returned something else than 0.
+// A line without a word, or with a remark ("! text") only, is kBlank, one that
+// means no command kRefused; nothing is run then. kFailed: the handler returned
+// something else than 0, or the output could not be saved.
 CommandResult ExecuteLine(struct vty& terminal, unsigned int node, const std::string& line,
                           const LineEcho& echo = LineEcho());
+
+// Says of the line what ExecuteLine would refuse, and runs nothing.
+CommandResult CheckLine(struct vty& terminal, unsigned int node, const std::string& line,
+                        const LineEcho& echo = LineEcho());
+
+// What the host does around every command that is run. Either may be empty.
+struct CommandObserver {
+  std::function<void(struct vty&)> before;
+  // `may_change`: whether only operators with full access may run the command.
+  std::function<void(struct vty&, bool may_change)> after;
+};
+// Replaces the observer. On the command thread, or before it serves.
+void ObserveCommands(CommandObserver observer);
 
 }  // namespace olt_host
 

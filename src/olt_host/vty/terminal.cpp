@@ -11,6 +11,13 @@ void vty::Write(const char* bytes, std::size_t length) {
   if (_alive && length > 0 && !_sink(bytes, length)) _alive = false;
 }
 
+int vty::Refuse(const std::string& message) {
+  _refusal = message;
+  return -1;
+}
+
+std::string vty::TakeRefusal() { return std::exchange(_refusal, std::string()); }
+
 int vty_out(struct vty* vty, const char* format, ...) {
   if (vty == nullptr) return -1;
   char line[512];

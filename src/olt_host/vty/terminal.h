@@ -10,8 +10,10 @@
 
 #include <cstddef>
 #include <functional>
+#include <string>
 
 #include "vty.h"
+#include "vty/session_settings.h"
 
 struct vty {
  public:
@@ -33,10 +35,23 @@ struct vty {
 
   unsigned int node() const { return _node; }
 
+  // What belongs to the operator's session and outlasts a command.
+  olt_host::SessionSettings& settings() { return _settings; }
+  const olt_host::SessionSettings& settings() const { return _settings; }
+
+  // A handler that cannot do what it was asked says why, in one line without
+  // line break, and returns the result of this call. The framework shows the
+  // message in the form that the operator asked for, text or JSON.
+  int Refuse(const std::string& message);
+  // Takes the message of the last Refuse; empty when there was none.
+  std::string TakeRefusal();
+
  private:
   unsigned int _node;
   Sink _sink;
   bool _alive = true;
+  olt_host::SessionSettings _settings;
+  std::string _refusal;
 };
 
 #endif  // OLT_HOST_VTY_TERMINAL_H

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "vty/command_table.h"
-#include "vty_screen.h"
+#include "vty/screen.h"
 
 namespace olt_host {
 namespace {

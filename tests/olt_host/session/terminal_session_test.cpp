@@ -15,7 +15,7 @@
 #include <string>
 #include <thread>
 
-#include "console/console.h"
+#include "session/console.h"
 #include "vty.h"
 
 namespace olt_host {

@@ -4,7 +4,7 @@
 #include <climits>
 #include <cstring>
 
-#include "vty_screen.h"
+#include "vty/screen.h"
 
 namespace olt_host {
 namespace {

@@ -1,4 +1,4 @@
-#include "console/console_commands.h"
+#include "vty/builtin_commands.h"
 
 #include <sstream>
 #include <string>
@@ -59,7 +59,7 @@ cmd_element quit_cmd = {"quit", EndSession, "end the session\r\n"};
 
 }  // namespace
 
-void InstallConsoleCommands(unsigned int node) {
+void InstallBuiltinCommands(unsigned int node) {
   for (const Command& command : CommandTable::Instance().Commands(node)) {
     if (command.element == &list_cmd) return;
   }

@@ -1,4 +1,4 @@
-#include "console/line_session.h"
+#include "session/line_session.h"
 
 #include "vty/execute.h"
 

@@ -7,7 +7,7 @@
 
 #include "onu_ability_common_service_cli.h"
 #include "vty/command_table.h"
-#include "vty_screen.h"
+#include "vty/screen.h"
 
 namespace olt_host {
 namespace {

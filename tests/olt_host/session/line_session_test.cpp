@@ -3,10 +3,10 @@
 
 #include <sstream>
 
-#include "console/console_commands.h"
-#include "console/line_session.h"
+#include "session/console_commands.h"
+#include "session/line_session.h"
 #include "vty/command_table.h"
-#include "vty_screen.h"
+#include "vty/screen.h"
 
 namespace olt_host {
 namespace {

@@ -1,4 +1,4 @@
-#include "console/editor_session.h"
+#include "session/editor_session.h"
 
 #include <histedit.h>
 
@@ -9,7 +9,7 @@
 #include <memory>
 #include <string>
 
-#include "console/line_session.h"
+#include "session/line_session.h"
 #include "vty/completion.h"
 #include "vty/execute.h"
 

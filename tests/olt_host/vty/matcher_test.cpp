@@ -1,7 +1,7 @@
 // Which command a line means, and with which arguments.
 #include <gtest/gtest.h>
 
-#include "vty_screen.h"
+#include "vty/screen.h"
 
 namespace olt_host {
 namespace {

@@ -1,0 +1,1 @@
+#include "catalogue/catalogue_files.h"

@@ -1,0 +1,1 @@
+#include "session/command_thread.h"

@@ -1,0 +1,45 @@
+// The one thread on which every command runs, whatever session it came from;
+// also everything else that reads or changes what commands change (completion of
+// values, confirmation of the population, saving).
+#ifndef OLT_HOST_SESSION_COMMAND_THREAD_H
+#define OLT_HOST_SESSION_COMMAND_THREAD_H
+
+#include <condition_variable>
+#include <deque>
+#include <functional>
+#include <mutex>
+#include <thread>
+
+namespace olt_host {
+
+class CommandThread {
+ public:
+  // The thread that constructs the object becomes the command thread.
+  CommandThread() : _thread(std::this_thread::get_id()) {}
+  CommandThread(const CommandThread&) = delete;
+  CommandThread& operator=(const CommandThread&) = delete;
+
+  // Runs what other threads ask for until Stop. On the command thread.
+  void Serve();
+  // Ends Serve once the task in hand is done. Tasks still waiting are dropped,
+  // and their callers get false. From any thread, a signal handler excepted.
+  void Stop();
+
+  // Runs `task` on the command thread and waits for its end; directly when this
+  // is the command thread. False, and nothing was run, after Stop. An exception
+  // of the task is thrown here.
+  bool Run(const std::function<void()>& task);
+
+ private:
+  struct Task;
+
+  const std::thread::id _thread;
+  std::mutex _mutex;
+  std::condition_variable _changed;
+  std::deque<Task*> _tasks;
+  bool _stopped = false;
+};
+
+}  // namespace olt_host
+
+#endif  // OLT_HOST_SESSION_COMMAND_THREAD_H

@@ -1,0 +1,73 @@
+// The operator sessions of this process: at most so many at once, each on a
+// thread of its own that edits lines, pages output and hands commands to the
+// command thread.
+#ifndef OLT_HOST_SESSION_SESSION_SERVER_H
+#define OLT_HOST_SESSION_SESSION_SERVER_H
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "session/channel.h"
+#include "session/command_thread.h"
+#include "session/users.h"
+#include "vty/session_settings.h"
+
+namespace olt_host {
+
+struct SessionLimits {
+  std::size_t sessions = 16;
+  std::size_t line_bytes = 4096;  // a longer line is refused whole
+  std::chrono::seconds exec_timeout = std::chrono::minutes(10);
+};
+
+// Where a session comes from.
+struct SessionOrigin {
+  std::string user;    // known without a login; may be empty
+  std::string origin;  // for `who`: "console", "unix", "127.0.0.1:40112"
+  bool must_log_in = false;
+};
+
+// A line of `who`.
+struct SessionInfo {
+  unsigned int number = 0;
+  std::string user;  // "" before the login
+  std::string origin;
+  Access access = Access::kFull;
+  std::chrono::system_clock::time_point since;
+  std::chrono::seconds idle{0};
+};
+
+class SessionServer {
+ public:
+  // `users` may be null when no origin must log in. All must outlive the server.
+  SessionServer(unsigned int node, CommandThread& commands, const Users* users,
+                const SessionLimits& limits);
+  // Closes every session and waits for their threads.
+  ~SessionServer();
+  SessionServer(const SessionServer&) = delete;
+  SessionServer& operator=(const SessionServer&) = delete;
+
+  // Starts a session, which ends with its channel. When all places are taken or the
+  // server is stopping, the client is told so and the channel is finished; false
+  // then. `ended` (may be empty) runs on the session's thread as its last act.
+  // From any thread; never waits for a client.
+  bool Start(std::shared_ptr<Channel> channel, const SessionOrigin& origin,
+             std::function<void()> ended = {});
+
+  // From any thread.
+  std::vector<SessionInfo> Sessions() const;
+
+  // Closes all sessions, after the message when it is not empty. Returns at once.
+  void CloseAll(const std::string& message);
+
+ private:
+  struct Impl;
+  std::unique_ptr<Impl> _impl;
+};
+
+}  // namespace olt_host
+
+#endif  // OLT_HOST_SESSION_SESSION_SERVER_H

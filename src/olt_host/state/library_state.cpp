@@ -1,0 +1,1 @@
+#include "state/library_state.h"

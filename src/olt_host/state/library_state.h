@@ -1,0 +1,42 @@
+// Everything that the library holds, as one value: taken out, compared, changed
+// beside the running library, and put back whole.
+//
+// On the command thread, or before other threads use the library.
+#ifndef OLT_HOST_STATE_LIBRARY_STATE_H
+#define OLT_HOST_STATE_LIBRARY_STATE_H
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "onu_ability_common_table.h"
+
+namespace olt_host {
+
+struct LibraryState {
+  std::map<unsigned short, std::string> attributes;
+  std::vector<ONU_ABILITY_CODE_ATTR_INFO> codes;  // in the registry's order
+  unsigned short key_ability_code = 1085;
+  unsigned short sfu_common_type = 857;
+  unsigned short hgu_common_type = 762;
+  std::vector<OnuAbilityProfile> match_profiles;  // of both sources, in table order
+  std::vector<OnuAbilityProfile> real_profiles;
+};
+
+LibraryState CaptureLibrary();
+
+// Makes the library hold exactly `state`: ids, bind counts and the order of both
+// tables included. What is already as wanted is not touched. Throws
+// std::runtime_error when the library did not take it; it is as before then.
+//
+// The tables themselves stay, and with them the key ability code that they took
+// when they were made.
+void InstallLibrary(const LibraryState& state);
+
+// Deep comparison of everything that InstallLibrary sets.
+bool SameProfile(const OnuAbilityProfile& a, const OnuAbilityProfile& b);
+bool SameState(const LibraryState& a, const LibraryState& b);
+
+}  // namespace olt_host
+
+#endif  // OLT_HOST_STATE_LIBRARY_STATE_H

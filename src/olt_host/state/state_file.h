@@ -1,0 +1,39 @@
+// What operators have made, as a file that survives a restart: their profiles
+// (source 1) of both tables, the attributes and codes, the key ability code and
+// the common types. Profiles stand in it as the library serialises them.
+#ifndef OLT_HOST_STATE_STATE_FILE_H
+#define OLT_HOST_STATE_STATE_FILE_H
+
+#include <stdexcept>
+#include <string>
+
+#include "catalogue/catalogue.h"
+#include "state/library_state.h"
+
+namespace olt_host {
+
+// One message for the operator: the file, what is wrong with it, what to do.
+class StateError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// The content of a state file for `state`. What differs from `catalogue` is told
+// apart from what only repeats it, so that a newer catalogue is not undone.
+std::string EncodeState(const LibraryState& state, const Catalogue& catalogue);
+
+// Writes `content` so that, whatever happens, `file` holds it or what it held
+// before, whole: written aside, flushed to disk, renamed. What the file held
+// before is kept as FILE.bak. Throws StateError.
+void WriteStateFile(const std::string& file, const std::string& content);
+
+// The library's state after the state file `file` over `catalogue`: the profiles
+// of source 0 and everything else that no operator changed as `current` has it.
+// Checks everything by the rules for catalogues; throws StateError. Changes
+// nothing.
+LibraryState ReadStateFile(const std::string& file, const Catalogue& catalogue,
+                           const LibraryState& current);
+
+}  // namespace olt_host
+
+#endif  // OLT_HOST_STATE_STATE_FILE_H

@@ -1,0 +1,26 @@
+// The answer to '?': what may stand at the cursor, with the commands' own help.
+#ifndef OLT_HOST_VTY_LINE_HELP_H
+#define OLT_HOST_VTY_LINE_HELP_H
+
+#include <string>
+#include <vector>
+
+namespace olt_host {
+
+struct HelpLine {
+  std::string token;  // "show", "<0-2>", "<cr>"
+  std::string help;   // may be empty
+};
+
+// `text` is the line up to the cursor. Tokens that begin with the word under the
+// cursor, each once, in the order of installation; "<cr>" last, where the line
+// may end before the cursor. Empty when the text fits no command; `error` (may
+// be null) then says so, as ExecuteLine would.
+std::vector<HelpLine> HelpFor(unsigned int node, const std::string& text, std::string* error);
+
+// The lines for a screen, wrapped at `columns`, each ending in "\r\n".
+std::string RenderHelp(const std::vector<HelpLine>& lines, std::size_t columns = 80);
+
+}  // namespace olt_host
+
+#endif  // OLT_HOST_VTY_LINE_HELP_H
