@@ -10,11 +10,7 @@ namespace olt_host {
 
 namespace {
 
-const char* const kExitStatusHelp =
-    "Exit status:\n"
-    "  0  every report that states an expectation got it\n"
-    "  1  some did not\n"
-    "  2  bad usage or bad input; one message on standard error says where\n";
+const char* const kJobs = "confirm, console, serve, run, attach or password";
 
 // One level, 0 to 31.
 std::optional<unsigned int> ParseLevel(const std::string& text) {
@@ -44,18 +40,78 @@ void AddLogOptions(CLI::App& command, CommandLine& result) {
       ->type_name("LEVELS");
 }
 
-void AddCatalogue(CLI::App& command, CommandLine& result) {
-  command.add_option("CATALOGUE", result.catalogue, "Catalogue of ONU models (YAML)")
-      ->required()
+void AddCatalogue(CLI::App& command, CommandLine& result, bool required) {
+  command
+      .add_option_function<std::string>(
+          "CATALOGUE", [&result](const std::string& path) { result.catalogue.shipped = {path}; },
+          "Catalogue of ONU models: a YAML file, or a folder of them")
+      ->required(required)
+      ->type_name("PATH");
+}
+
+void AddReports(CLI::App& command, CommandLine& result, bool required) {
+  command.add_option("REPORTS", result.reports, "What the ONUs report (YAML)")
+      ->required(required)
       ->type_name("FILE");
+}
+
+void AddCatalogueOptions(CLI::App& command, CommandLine& result) {
+  command
+      .add_option("--local", result.catalogue.local,
+                  "Also take this file or folder; it overrides CATALOGUE by key (repeatable)")
+      ->type_name("PATH")
+      ->allow_extra_args(false);
+  command.add_flag("--keep-going", result.catalogue.keep_going,
+                   "Leave out each entry that is refused instead of taking nothing");
+}
+
+void AddStateOption(CLI::App& command, CommandLine& result) {
+  command
+      .add_option("--state", result.state_file,
+                  "Restore what operators changed from FILE, and keep it there")
+      ->type_name("FILE");
+}
+
+// A listing alone refuses every profile of another source with a line of level 0:
+// unasked for, such lines would drown what the operator's command printed.
+void LogOnlyWhenAsked(CLI::App& command, CommandLine& result) {
+  command.callback([&command, &result] {
+    if (command.count("--log") == 0 && command.count("--log-levels") == 0) {
+      result.log.mask = 0;
+    }
+  });
+}
+
+void AddServingOptions(CLI::App& command, CommandLine& result) {
+  ServingOptions& serving = result.serving;
+  command.add_option("--socket", serving.socket, "Take operators on a Unix socket (see attach)")
+      ->type_name("PATH");
+  command
+      .add_option("--listen", serving.listen,
+                  "Take operators by telnet; HOST is 127.0.0.1 unless given")
+      ->type_name("[HOST:]PORT");
+  command
+      .add_option("--passwords", serving.passwords,
+                  "Make telnet operators log in; demanded outside loopback")
+      ->type_name("FILE");
+  command.add_option("--sessions", serving.limits.sessions, "Most sessions at once (default 16)")
+      ->check(CLI::Range(1, 1000))
+      ->type_name("N");
+  command
+      .add_option_function<unsigned int>(
+          "--exec-timeout",
+          [&serving](unsigned int minutes) {
+            serving.limits.exec_timeout = std::chrono::minutes(minutes);
+          },
+          "Minutes after which an idle session ends, 0 for never (default 10)")
+      ->check(CLI::Range(0, 35791))
+      ->type_name("MINUTES");
 }
 
 CLI::App* AddConfirm(CLI::App& app, CommandLine& result) {
   CLI::App* confirm = app.add_subcommand("confirm", "Confirm the types of a population of ONUs");
-  AddCatalogue(*confirm, result);
-  confirm->add_option("REPORTS", result.reports, "What the ONUs report (YAML)")
-      ->required()
-      ->type_name("FILE");
+  AddCatalogue(*confirm, result, true);
+  AddReports(*confirm, result, true);
   CLI::Option* json = confirm->add_flag_callback(
       "--json", [&result] { result.format = OutputFormat::kJson; }, "Print one JSON document");
   CLI::Option* csv = confirm->add_flag_callback(
@@ -67,38 +123,94 @@ CLI::App* AddConfirm(CLI::App& app, CommandLine& result) {
   csv->excludes(json);
   csv->excludes(summary);
   summary->excludes(csv);
+  AddCatalogueOptions(*confirm, result);
   AddLogOptions(*confirm, result);
-  confirm->footer(std::string("Columns of the table: the ONU, its vendor identifier, the type it "
-                              "reported and\nwhat the identify mode makes of that, its real type "
-                              "and type name, what it\nwas recognised by (its reported type or its "
-                              "abilities), whether that is as\nexpected.\n\n") +
-                  kExitStatusHelp);
+  confirm->footer(
+      "Columns of the table: the ONU, its vendor identifier, the type it reported and\n"
+      "what the identify mode makes of that, its real type and type name, what it\n"
+      "was recognised by (its reported type or its abilities), whether that is as\n"
+      "expected.\n\n"
+      "Exit status:\n"
+      "  0  every report that states an expectation got it\n"
+      "  1  some did not\n"
+      "  2  bad usage or bad input; one message on standard error says where\n");
   return confirm;
 }
 
 CLI::App* AddConsole(CLI::App& app, CommandLine& result) {
-  CLI::App* console =
-      app.add_subcommand("console", "Open the operator's command line on a catalogue");
-  AddCatalogue(*console, result);
-  console->add_option("REPORTS", result.reports, "What the ONUs report (YAML): confirmed first")
-      ->type_name("FILE");
+  CLI::App* console = app.add_subcommand("console", "Open the operator's command line");
+  AddCatalogue(*console, result, false);
+  AddReports(*console, result, false);
+  AddCatalogueOptions(*console, result);
+  AddStateOption(*console, result);
+  AddServingOptions(*console, result);
   AddLogOptions(*console, result);
-  // A listing alone refuses every profile of another source with a line of level
-  // 0: unasked for, such lines would drown what the operator's command printed.
-  console->callback([console, &result] {
-    if (console->count("--log") == 0 && console->count("--log-levels") == 0) {
-      result.log.mask = 0;
-    }
-  });
+  LogOnlyWhenAsked(*console, result);
   console->footer(
-      "Commands come from standard input: with line editing, history and completion\n"
-      "on a terminal, else a command a line. Type \"help\" for the commands, \"exit\"\n"
-      "to leave. Nothing is logged unless --log or --log-levels asks for it.\n\n"
+      "Commands come from standard input: with line editing, history, help and\n"
+      "completion on a terminal, else a command a line. Type \"help\" for the\n"
+      "commands, \"exit\" to leave. The ONUs of REPORTS are confirmed first.\n\n"
       "Exit status:\n"
       "  0  done\n"
       "  1  a command of a piped input failed\n"
       "  2  bad usage or bad input; one message on standard error says where\n");
   return console;
+}
+
+CLI::App* AddServe(CLI::App& app, CommandLine& result) {
+  CLI::App* serve = app.add_subcommand("serve", "Let operators in by socket and telnet only");
+  AddCatalogue(*serve, result, false);
+  AddReports(*serve, result, false);
+  AddCatalogueOptions(*serve, result);
+  AddStateOption(*serve, result);
+  AddServingOptions(*serve, result);
+  AddLogOptions(*serve, result);
+  serve->footer("Runs until it is told to stop: SIGINT, SIGTERM or SIGHUP.");
+  return serve;
+}
+
+CLI::App* AddRun(CLI::App& app, CommandLine& result) {
+  CLI::App* run = app.add_subcommand("run", "Run operator commands and end");
+  AddCatalogue(*run, result, false);
+  AddReports(*run, result, false);
+  CLI::Option* commands = run->add_option("-c", result.commands, "A command (repeatable)")
+                              ->type_name("COMMAND")
+                              ->allow_extra_args(false);
+  CLI::Option* files =
+      run->add_option("-f", result.command_files,
+                      "A file of commands, one a line; - is standard input (repeatable)")
+          ->type_name("FILE")
+          ->allow_extra_args(false);
+  commands->excludes(files);
+  files->excludes(commands);
+  run->add_flag("--check", result.check_only, "Only say which lines are wrong; run nothing");
+  AddCatalogueOptions(*run, result);
+  AddStateOption(*run, result);
+  AddLogOptions(*run, result);
+  LogOnlyWhenAsked(*run, result);
+  run->footer(
+      "Errors stand behind \"line N:\". The lines after a wrong one are run all the same.\n\n"
+      "Exit status:\n"
+      "  0  every command succeeded\n"
+      "  1  some did not\n"
+      "  2  bad usage or bad input; one message on standard error says where\n");
+  return run;
+}
+
+CLI::App* AddAttach(CLI::App& app, CommandLine& result) {
+  CLI::App* attach = app.add_subcommand("attach", "Open the command line of a serving olt_host");
+  attach->add_option("SOCKET", result.attach_socket, "Its --socket")->required()->type_name("PATH");
+  return attach;
+}
+
+CLI::App* AddPassword(CLI::App& app, CommandLine& result) {
+  CLI::App* password =
+      app.add_subcommand("password", "Print a line for a password file, asking for the password");
+  password->add_option("USER", result.user, "Name to log in with")->required()->type_name("NAME");
+  password->add_flag_callback(
+      "--read-only", [&result] { result.access = Access::kReadOnly; },
+      "The user may look, not change");
+  return password;
 }
 
 // What is wrong, in words; CLI11 does not look at a word that is no command.
@@ -107,8 +219,8 @@ std::string Problem(const CLI::App& app, const CLI::ParseError& error, int argc,
   if (!app.get_subcommands().empty() || error.get_name() != "RequiredError") {
     return error.what();
   }
-  return argc < 2 ? "a command is missing; expected confirm or console"
-                  : "\"" + std::string(argv[1]) + "\" is no command; expected confirm or console";
+  return (argc < 2 ? "a command is missing" : "\"" + std::string(argv[1]) + "\" is no command") +
+         "; expected " + kJobs;
 }
 
 // CLI11 has a status for each kind of error; here every bad usage has one.
@@ -150,14 +262,19 @@ ParsedCommandLine ParseCommandLine(int argc, const char* const* argv) {
   app.require_subcommand(1);
   app.get_formatter()->column_width(26);
   app.footer("\"olt_host COMMAND --help\" tells more about a command.");
-  AddConfirm(app, result);
-  const CLI::App* console = AddConsole(app, result);
+  const std::vector<std::pair<Job, const CLI::App*>> jobs = {
+      {Job::kConfirm, AddConfirm(app, result)}, {Job::kConsole, AddConsole(app, result)},
+      {Job::kServe, AddServe(app, result)},     {Job::kRun, AddRun(app, result)},
+      {Job::kAttach, AddAttach(app, result)},   {Job::kPassword, AddPassword(app, result)},
+  };
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     return {std::nullopt, ReportParseResult(app, error, argc, argv)};
   }
-  result.job = console->parsed() ? Job::kConsole : Job::kConfirm;
+  for (const auto& [job, command] : jobs) {
+    if (command->parsed()) result.job = job;
+  }
   return {result, kExitOk};
 }
 

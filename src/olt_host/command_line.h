@@ -4,21 +4,50 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "catalogue/catalogue_files.h"
 #include "confirmation/result_writer.h"
 #include "platform/log_sink.h"
+#include "session/session_server.h"
+#include "vty/session_settings.h"
 
 namespace olt_host {
 
-enum class Job { kConfirm, kConsole };
+enum class Job { kConfirm, kConsole, kServe, kRun, kAttach, kPassword };
+
+// What `console` and `serve` let operators in by.
+struct ServingOptions {
+  std::string socket;     // path; empty for none
+  std::string listen;     // [HOST:]PORT; empty for none
+  std::string passwords;  // file; empty for none
+  SessionLimits limits;
+};
 
 struct CommandLine {
   Job job = Job::kConfirm;
-  std::string catalogue;
-  std::string reports;  // may be empty for the console
+
+  // Of every job that loads a catalogue.
+  CatalogueRequest catalogue;
+  std::string reports;     // may be empty but for confirm
+  std::string state_file;  // empty: nothing is kept
+  LogSettings log;
+
+  // Of confirm.
   OutputFormat format = OutputFormat::kTable;
   bool summary_only = false;
-  LogSettings log;
+
+  // Of run.
+  std::vector<std::string> commands;
+  std::vector<std::string> command_files;  // "-" is standard input
+  bool check_only = false;
+
+  ServingOptions serving;     // of console and serve
+  std::string attach_socket;  // of attach
+
+  // Of password.
+  std::string user;
+  Access access = Access::kFull;
 };
 
 // What the arguments ask for, or the status with which to exit at once, the help,
