@@ -1,15 +1,25 @@
-// The jobs of the program: what each subcommand does.
+// The jobs of the program: what each subcommand does. Each returns the exit
+// status, and throws std::runtime_error with a message for the user when an input
+// cannot be used or the output cannot be written.
 #ifndef OLT_HOST_JOBS_H
 #define OLT_HOST_JOBS_H
 
 #include "command_line.h"
+#include "confirmation/confirmation_result.h"
 
 namespace olt_host {
 
-// Reads and checks every file, starts the library, does the job. Returns the
-// exit status; throws std::runtime_error with a message for the user when an
-// input cannot be used or the output cannot be written.
+// Whichever the command line asks for.
 int RunJob(const CommandLine& command_line);
+
+int RunConfirmJob(const CommandLine& command_line);   // confirm
+int RunOperatorJob(const CommandLine& command_line);  // console and serve
+int RunScriptJob(const CommandLine& command_line);    // run
+int RunPasswordJob(const CommandLine& command_line);  // password
+
+// Confirms the live ONUs of Host(), writes the results and keeps them there.
+// REQUIRES: the host is started, with reports.
+ConfirmationSummary ConfirmPopulation(OutputFormat format, bool summary_only);
 
 }  // namespace olt_host
 

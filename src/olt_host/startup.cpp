@@ -1,20 +1,47 @@
 #include "startup.h"
 
+#include <iostream>
 #include <stdexcept>
 
 #include "catalogue/catalogue_loader.h"
+#include "catalogue/report_reader.h"
+#include "commands/host_commands.h"
+#include "commands/host_context.h"
+#include "commands/operator_changes.h"
 #include "confirmation/hooks.h"
 #include "onu_ability_common_reg_extern_func.h"
 #include "onu_ability_common_service_cli.h"
 #include "onu_ability_common_table.h"
+#include "vty/builtin_commands.h"
 #include "vty/command_table.h"
 
 namespace olt_host {
 
 namespace {
 
-// The library does not look at what became of its commands.
-void RequireEveryCommand() {
+void ReadInputs(const CommandLine& command_line) {
+  HostContext& host = Host();
+  host.catalogue_request = command_line.catalogue;
+  host.catalogue = ReadCatalogueFiles(command_line.catalogue);
+  for (const std::string& refused : host.catalogue.refused) std::cerr << refused << "\n";
+  host.state_file = command_line.state_file;
+  host.reports_file = command_line.reports;
+  if (command_line.reports.empty()) return;
+  host.population = std::make_shared<const Population>(
+      ReadReports(command_line.reports, host.catalogue.catalogue));
+}
+
+void InstallCommands() {
+  InstallSystemCommands();
+  InstallOnuCommands();
+  InstallCatalogueCommands();
+  InstallAttributeCommands();
+  InstallStateCommands();
+  InstallLogCommands();
+  InstallBuiltinCommands(kCommandNode);
+  OfferValues();
+  KeepOperatorChanges();
+  // The library does not look at what became of its commands.
   const std::vector<std::string>& refusals = CommandTable::Instance().refusals();
   if (!refusals.empty()) {
     throw std::runtime_error(refusals.front());
@@ -33,13 +60,21 @@ RunningLibrary::RunningLibrary(const Catalogue& catalogue) {
   OnuAbilityTableManager::GetInstance()->Init();
   LoadCatalogue(catalogue);
   onu_ability_service_cbb_cli_init();
-  RequireEveryCommand();
 }
 
 RunningLibrary::~RunningLibrary() {
   OnuAbilityTableManager* manager = OnuAbilityTableManager::GetInstance();
   manager->DelOnuAbilityTable(ONU_ABILITY_PROFILE_TYPE_MATCH);
   manager->DelOnuAbilityTable(ONU_ABILITY_PROFILE_TYPE_REAL);
+}
+
+std::unique_ptr<RunningLibrary> StartHost(const CommandLine& command_line) {
+  ReadInputs(command_line);
+  OpenLog(command_line.log);
+  auto library = std::make_unique<RunningLibrary>(Host().catalogue.catalogue);
+  InstallCommands();
+  RestoreAtStart();
+  return library;
 }
 
 }  // namespace olt_host

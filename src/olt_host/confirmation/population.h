@@ -4,6 +4,7 @@
 #define OLT_HOST_CONFIRMATION_POPULATION_H
 
 #include <cstdint>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -16,6 +17,7 @@ class Population : public ReportSource {
  public:
   explicit Population(Reports reports);
 
+  const std::string& Name() const { return _reports.name; }
   // In the order of the file.
   const std::vector<OnuReport>& Onus() const { return _reports.onus; }
 

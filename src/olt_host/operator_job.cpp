@@ -1,0 +1,93 @@
+#include <pwd.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <iostream>
+#include <memory>
+#include <stdexcept>
+
+#include "commands/host_context.h"
+#include "exit_status.h"
+#include "jobs.h"
+#include "session/line_session.h"
+#include "startup.h"
+#include "transport/transports.h"
+#include "vty/terminal.h"
+
+namespace olt_host {
+
+namespace {
+
+std::string ProcessOwner() {
+  const passwd* const owner = getpwuid(geteuid());
+  return owner != nullptr ? owner->pw_name : "uid " + std::to_string(geteuid());
+}
+
+void Listen(const ServingOptions& serving, Transports& transports) {
+  if (!serving.socket.empty()) {
+    transports.ListenUnix(serving.socket);
+    std::cerr << "olt_host: operators may attach to " << serving.socket << std::endl;
+  }
+  if (!serving.listen.empty()) {
+    TcpAddress address = ParseTcpAddress(serving.listen);
+    address.port = transports.ListenTcp(address, !serving.passwords.empty());
+    std::cerr << "olt_host: operators may telnet to " << address.host << " port " << address.port
+              << std::endl;
+  }
+}
+
+// Operators on the terminal and the network, until told to stop.
+int ServeOperators(const CommandLine& command_line) {
+  const ServingOptions& serving = command_line.serving;
+  std::unique_ptr<const Users> users;
+  if (!serving.passwords.empty()) {
+    users = std::make_unique<const Users>(Users::Read(serving.passwords));
+  }
+  CommandThread commands;
+  SessionServer sessions(kCommandNode, commands, users.get(), serving.limits);
+  Transports transports(sessions);
+  Listen(serving, transports);
+  transports.OnStopSignal([&commands] { commands.Stop(); });
+  if (command_line.job == Job::kConsole) {
+    transports.OpenTerminal(ProcessOwner(), [&commands] { commands.Stop(); });
+  }
+  Host().sessions = &sessions;
+  transports.Start();
+  commands.Serve();
+  Host().sessions = nullptr;
+  sessions.CloseAll("olt_host stops");
+  return kExitOk;
+}
+
+int RunPipedCommands(const CommandLine& command_line) {
+  if (!command_line.serving.socket.empty() || !command_line.serving.listen.empty()) {
+    throw std::runtime_error(
+        "the console's standard input is no terminal; expected \"serve\" for --socket and "
+        "--listen");
+  }
+  struct vty terminal(kCommandNode, [](const char* bytes, std::size_t length) {
+    return std::fwrite(bytes, 1, length, stdout) == length;
+  });
+  terminal.settings().origin = "pipe";
+  const int failed = RunLines(std::cin, terminal, false);
+  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+    throw std::runtime_error("standard output cannot be written");
+  }
+  return failed == 0 ? kExitOk : kExitNotAsExpected;
+}
+
+}  // namespace
+
+int RunOperatorJob(const CommandLine& command_line) {
+  const ServingOptions& serving = command_line.serving;
+  if (command_line.job == Job::kServe && serving.socket.empty() && serving.listen.empty()) {
+    throw std::runtime_error("no way in for operators; expected --socket or --listen");
+  }
+  const auto library = StartHost(command_line);
+  if (Host().population != nullptr) ConfirmPopulation(OutputFormat::kTable, true);
+  const bool on_terminal = isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0;
+  if (command_line.job == Job::kConsole && !on_terminal) return RunPipedCommands(command_line);
+  return ServeOperators(command_line);
+}
+
+}  // namespace olt_host

@@ -1,0 +1,59 @@
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+#include <iostream>
+#include <sstream>
+#include <stdexcept>
+
+#include "commands/host_context.h"
+#include "exit_status.h"
+#include "jobs.h"
+#include "session/line_session.h"
+#include "startup.h"
+#include "vty/terminal.h"
+
+namespace olt_host {
+
+namespace {
+
+int RunFile(const std::string& file, struct vty& terminal, bool check_only) {
+  if (file == "-") return RunLines(std::cin, terminal, check_only);
+  errno = 0;
+  std::ifstream lines(file);
+  if (!lines || lines.peek() == std::ifstream::traits_type::eof()) {
+    // Reading sets errno for a folder, which opens like a file.
+    if (errno != 0) throw std::runtime_error(file + " cannot be read: " + std::strerror(errno));
+  }
+  return RunLines(lines, terminal, check_only);
+}
+
+int RunCommands(const std::vector<std::string>& commands, struct vty& terminal, bool check_only) {
+  std::string text;
+  for (const std::string& command : commands) text += command + "\n";
+  std::istringstream lines(text);
+  return RunLines(lines, terminal, check_only);
+}
+
+}  // namespace
+
+int RunScriptJob(const CommandLine& command_line) {
+  if (command_line.commands.empty() && command_line.command_files.empty()) {
+    throw std::runtime_error("nothing to run; expected -c COMMAND or -f FILE");
+  }
+  const auto library = StartHost(command_line);
+  struct vty terminal(kCommandNode, [](const char* bytes, std::size_t length) {
+    return std::fwrite(bytes, 1, length, stdout) == length;
+  });
+  terminal.settings().origin = "run";
+  int failed = RunCommands(command_line.commands, terminal, command_line.check_only);
+  for (const std::string& file : command_line.command_files) {
+    failed = RunFile(file, terminal, command_line.check_only) | failed;
+  }
+  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+    throw std::runtime_error("standard output cannot be written");
+  }
+  return failed == 0 ? kExitOk : kExitNotAsExpected;
+}
+
+}  // namespace olt_host
