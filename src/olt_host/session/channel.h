@@ -26,7 +26,7 @@ class Channel {
   // A client that takes no byte for so long while output waits is given up.
   static constexpr std::chrono::seconds kPatience{30};
 
-  Channel() = default;
+  explicit Channel(std::chrono::milliseconds patience = kPatience) : _patience(patience) {}
   Channel(const Channel&) = delete;
   Channel& operator=(const Channel&) = delete;
 
@@ -34,8 +34,8 @@ class Channel {
 
   enum class ReadResult { kByte, kTimedOut, kClosed };
 
-  // Waits for the next byte until `deadline`. What arrived before the other end
-  // closed is still delivered.
+  // Waits for the next byte until `deadline`. What arrived before FeedEnd is still
+  // delivered.
   ReadResult Read(unsigned char& byte, Clock::time_point deadline);
 
   // Queues all of the bytes, waiting while there is no room. False when the
@@ -43,12 +43,22 @@ class Channel {
   // it; the rest is lost then.
   bool Write(const char* bytes, std::size_t length);
 
-  // The session is over: what is queued is still sent, then the transport closes.
-  void Finish();
+  // Whether Ctrl-C waits in the input. It is taken, and what was typed before it.
+  bool TakeInterrupt();
+
+  // After Finish: waits until everything queued has been drained. False when the
+  // channel was closed before, or the client's patience ran out, which closes it.
+  bool AwaitDrained();
 
   // --- Either side.
 
-  // No more bytes in either direction; wakes whoever waits. Idempotent.
+  // The session is over: what is queued is still sent, and `farewell` behind it
+  // whatever room there is; then the transport closes. The session's reads and
+  // writes end at once.
+  void Finish(const std::string& farewell = "");
+
+  // No more bytes in either direction, queued ones included; wakes whoever waits.
+  // Idempotent.
   void Close();
   bool closed() const;
 
@@ -71,26 +81,40 @@ class Channel {
     std::function<void()> output_waits;  // bytes to drain, Finish or Close
     std::function<void()> input_room;    // there is room again after Feed took less than all
   };
-  // Called on the session's thread with no lock held, so they must only post.
-  // Set before the session starts.
+  // Called on the thread that writes, reads, finishes or closes, with no lock held,
+  // so they must only post. Set before the session starts.
   void SetWakeups(Wakeups wakeups);
 
   // Takes as many bytes as there is room for and returns their number.
   std::size_t Feed(const char* bytes, std::size_t length);
-  // The client will send nothing more, but may still read.
+  // The client will send nothing more, but may still read. The session ends when it
+  // has read what is there.
   void FeedEnd();
   // Moves up to `most` bytes into `bytes`; returns their number.
   std::size_t Drain(char* bytes, std::size_t most);
-  // Whether Finish was called and everything has been drained.
+  // Whether Finish was called and everything has been drained, or Close was.
   bool drained_to_end() const;
 
  private:
-  mutable std::mutex _mutex;
+  bool HasRoom() const { return _output.size() - _output_at < kOutputRoom; }
+  // Waits until `done` or the client's patience is over. On `lock`.
+  template <typename Condition>
+  bool AwaitClient(std::unique_lock<std::mutex>& lock, Condition done);
+  // Waits for room and takes as many bytes as fit; 0 when there will be none.
+  std::size_t WriteSome(const char* bytes, std::size_t length);
+  void CloseLocked();
+  void TellOutputWaits() const;
+
+  const std::chrono::milliseconds _patience;
+  Wakeups _wakeups;  // set before the session starts, not changed afterwards
+
+  mutable std::mutex _mutex;  // guards all below
   std::condition_variable _changed;
   std::string _input;
   std::size_t _input_at = 0;
   std::string _output;
   std::size_t _output_at = 0;
+  Clock::time_point _client_active;  // when it last took a byte, or first had one to take
   bool _input_ended = false;
   bool _input_refused = false;  // Feed took less than all
   bool _finished = false;
@@ -98,7 +122,6 @@ class Channel {
   Window _window;
   std::string _terminal_type;
   bool _terminal_type_known = false;
-  Wakeups _wakeups;
 };
 
 }  // namespace olt_host
