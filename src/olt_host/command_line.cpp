@@ -2,25 +2,15 @@
 
 #include <CLI/CLI.hpp>
 #include <iostream>
-#include <sstream>
 
 #include "exit_status.h"
+#include "platform/log_levels.h"
 
 namespace olt_host {
 
 namespace {
 
 const char* const kJobs = "confirm, console, serve, run, attach or password";
-
-// One level, 0 to 31.
-std::optional<unsigned int> ParseLevel(const std::string& text) {
-  if (text.empty() || text.size() > 2 ||
-      text.find_first_not_of("0123456789") != std::string::npos) {
-    return std::nullopt;
-  }
-  const auto level = static_cast<unsigned int>(std::stoul(text));
-  return level < 32 ? std::optional(level) : std::nullopt;
-}
 
 void AddLogOptions(CLI::App& command, CommandLine& result) {
   command.add_option("--log", result.log.file, "Add log lines to FILE, not to standard error")
@@ -32,11 +22,12 @@ void AddLogOptions(CLI::App& command, CommandLine& result) {
             const auto mask = ParseLogLevels(text);
             if (!mask) {
               throw CLI::ValidationError(
-                  "--log-levels", "\"" + text + "\" is no list of levels; expected 0,1,13 or all");
+                  "--log-levels",
+                  "\"" + text + "\" is no list of levels; expected 0,1,13, all or none");
             }
             result.log.mask = *mask;
           },
-          "Levels to log, 0 to 31: a list or all (default 0,13)")
+          "Levels to log, 0 to 31: a list, all or none (default 0,13)")
       ->type_name("LEVELS");
 }
 
@@ -44,7 +35,7 @@ void AddCatalogue(CLI::App& command, CommandLine& result, bool required) {
   command
       .add_option_function<std::string>(
           "CATALOGUE", [&result](const std::string& path) { result.catalogue.shipped = {path}; },
-          "Catalogue of ONU models: a YAML file, or a folder of them")
+          "Catalogue of ONU models: a YAML file, or a folder")
       ->required(required)
       ->type_name("PATH");
 }
@@ -56,19 +47,17 @@ void AddReports(CLI::App& command, CommandLine& result, bool required) {
 }
 
 void AddCatalogueOptions(CLI::App& command, CommandLine& result) {
-  command
-      .add_option("--local", result.catalogue.local,
-                  "Also take this file or folder; it overrides CATALOGUE by key (repeatable)")
+  command.add_option("--local", result.catalogue.local, "Overrides CATALOGUE by key; repeatable")
       ->type_name("PATH")
       ->allow_extra_args(false);
   command.add_flag("--keep-going", result.catalogue.keep_going,
-                   "Leave out each entry that is refused instead of taking nothing");
+                   "Leave out what is refused instead of taking nothing");
 }
 
 void AddStateOption(CLI::App& command, CommandLine& result) {
   command
       .add_option("--state", result.state_file,
-                  "Restore what operators changed from FILE, and keep it there")
+                  "Restore operators' changes from FILE, keep them there")
       ->type_name("FILE");
 }
 
@@ -84,15 +73,14 @@ void LogOnlyWhenAsked(CLI::App& command, CommandLine& result) {
 
 void AddServingOptions(CLI::App& command, CommandLine& result) {
   ServingOptions& serving = result.serving;
-  command.add_option("--socket", serving.socket, "Take operators on a Unix socket (see attach)")
+  command.add_option("--socket", serving.socket, "Take operators on a Unix socket, see attach")
       ->type_name("PATH");
   command
-      .add_option("--listen", serving.listen,
-                  "Take operators by telnet; HOST is 127.0.0.1 unless given")
+      .add_option("--listen", serving.listen, "Take operators by telnet, on 127.0.0.1 unless told")
       ->type_name("[HOST:]PORT");
   command
       .add_option("--passwords", serving.passwords,
-                  "Make telnet operators log in; demanded outside loopback")
+                  "Who may log in by telnet; a must beyond loopback")
       ->type_name("FILE");
   command.add_option("--sessions", serving.limits.sessions, "Most sessions at once (default 16)")
       ->check(CLI::Range(1, 1000))
@@ -103,7 +91,7 @@ void AddServingOptions(CLI::App& command, CommandLine& result) {
           [&serving](unsigned int minutes) {
             serving.limits.exec_timeout = std::chrono::minutes(minutes);
           },
-          "Minutes after which an idle session ends, 0 for never (default 10)")
+          "End idle sessions after so long, 0 never (default 10)")
       ->check(CLI::Range(0, 35791))
       ->type_name("MINUTES");
 }
@@ -173,14 +161,13 @@ CLI::App* AddRun(CLI::App& app, CommandLine& result) {
   CLI::App* run = app.add_subcommand("run", "Run operator commands and end");
   AddCatalogue(*run, result, false);
   AddReports(*run, result, false);
-  CLI::Option* commands = run->add_option("-c", result.commands, "A command (repeatable)")
+  CLI::Option* commands = run->add_option("-c", result.commands, "A command; repeatable")
                               ->type_name("COMMAND")
                               ->allow_extra_args(false);
-  CLI::Option* files =
-      run->add_option("-f", result.command_files,
-                      "A file of commands, one a line; - is standard input (repeatable)")
-          ->type_name("FILE")
-          ->allow_extra_args(false);
+  CLI::Option* files = run->add_option("-f", result.command_files,
+                                       "A file of commands, - for standard input; repeatable")
+                           ->type_name("FILE")
+                           ->allow_extra_args(false);
   commands->excludes(files);
   files->excludes(commands);
   run->add_flag("--check", result.check_only, "Only say which lines are wrong; run nothing");
@@ -205,7 +192,7 @@ CLI::App* AddAttach(CLI::App& app, CommandLine& result) {
 
 CLI::App* AddPassword(CLI::App& app, CommandLine& result) {
   CLI::App* password =
-      app.add_subcommand("password", "Print a line for a password file, asking for the password");
+      app.add_subcommand("password", "Ask for a password, print a line for a password file");
   password->add_option("USER", result.user, "Name to log in with")->required()->type_name("NAME");
   password->add_flag_callback(
       "--read-only", [&result] { result.access = Access::kReadOnly; },
@@ -234,23 +221,6 @@ int ReportParseResult(const CLI::App& app, const CLI::ParseError& error, int arg
 }
 
 }  // namespace
-
-std::optional<unsigned int> ParseLogLevels(const std::string& text) {
-  if (text == "all") {
-    return 0xFFFFFFFFU;
-  }
-  unsigned int mask = 0;
-  std::istringstream list(text);
-  for (std::string item; std::getline(list, item, ',');) {
-    const auto level = ParseLevel(item);
-    if (!level) {
-      return std::nullopt;
-    }
-    mask |= 1U << *level;
-  }
-  const bool complete = !text.empty() && text.back() != ',';
-  return complete ? std::optional(mask) : std::nullopt;
-}
 
 ParsedCommandLine ParseCommandLine(int argc, const char* const* argv) {
   CommandLine result;

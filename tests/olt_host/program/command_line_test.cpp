@@ -26,7 +26,8 @@ TEST(CommandLine, Confirm) {
   const auto parsed = Parse({"confirm", "c.yaml", "r.yaml"});
   ASSERT_TRUE(parsed.command_line.has_value());
   EXPECT_EQ(parsed.command_line->job, olt_host::Job::kConfirm);
-  EXPECT_EQ(parsed.command_line->catalogue, "c.yaml");
+  EXPECT_EQ(parsed.command_line->catalogue.shipped, std::vector<std::string>{"c.yaml"});
+  EXPECT_FALSE(parsed.command_line->catalogue.keep_going);
   EXPECT_EQ(parsed.command_line->reports, "r.yaml");
   EXPECT_EQ(parsed.command_line->format, olt_host::OutputFormat::kTable);
   EXPECT_FALSE(parsed.command_line->summary_only);
@@ -62,11 +63,13 @@ TEST(CommandLine, ConsoleLogsOnlyWhenAsked) {
 }
 
 TEST(CommandLine, RefusesBadUsageWithOneMessage) {
-  EXPECT_EQ(Refusal({}),
-            "olt_host: a command is missing; expected confirm or console "
-            "(see olt_host --help)\n");
+  EXPECT_EQ(
+      Refusal({}),
+      "olt_host: a command is missing; expected confirm, console, serve, run, attach or password "
+      "(see olt_host --help)\n");
   EXPECT_EQ(Refusal({"conform", "c", "r"}),
-            "olt_host: \"conform\" is no command; expected confirm or console "
+            "olt_host: \"conform\" is no command; expected confirm, console, serve, run, attach or "
+            "password "
             "(see olt_host --help)\n");
   EXPECT_EQ(Refusal({"confirm", "c"}), "olt_host: REPORTS is required (see olt_host --help)\n");
   EXPECT_EQ(Refusal({"confirm", "c", "r", "--json", "--csv"}),
@@ -74,7 +77,7 @@ TEST(CommandLine, RefusesBadUsageWithOneMessage) {
   EXPECT_EQ(Refusal({"confirm", "c", "r", "--csv", "--summary"}),
             "olt_host: --csv excludes --summary (see olt_host --help)\n");
   EXPECT_EQ(Refusal({"confirm", "c", "r", "--log-levels", "1,99"}),
-            "olt_host: --log-levels: \"1,99\" is no list of levels; expected 0,1,13 or all "
+            "olt_host: --log-levels: \"1,99\" is no list of levels; expected 0,1,13, all or none "
             "(see olt_host --help)\n");
 }
 
@@ -82,6 +85,10 @@ TEST(CommandLine, HelpAndVersionEndWithStatusZero) {
   for (const std::vector<const char*>& arguments : {std::vector<const char*>{"--help"},
                                                     {"confirm", "--help"},
                                                     {"console", "--help"},
+                                                    {"serve", "--help"},
+                                                    {"run", "--help"},
+                                                    {"attach", "--help"},
+                                                    {"password", "--help"},
                                                     {"--version"}}) {
     testing::internal::CaptureStdout();
     const auto parsed = Parse(arguments);
@@ -93,19 +100,6 @@ TEST(CommandLine, HelpAndVersionEndWithStatusZero) {
     for (std::string line; std::getline(lines, line);) {
       EXPECT_LE(line.size(), 80U) << line;
     }
-  }
-}
-
-TEST(LogLevels, AreAListOrAll) {
-  EXPECT_EQ(olt_host::ParseLogLevels("0"), 1U);
-  EXPECT_EQ(olt_host::ParseLogLevels("0,1,13"), 0x2003U);
-  EXPECT_EQ(olt_host::ParseLogLevels("13,0,13"), 0x2001U);
-  EXPECT_EQ(olt_host::ParseLogLevels("all"), 0xFFFFFFFFU);
-}
-
-TEST(LogLevels, RefuseEverythingElse) {
-  for (const char* text : {"", ",", "1,", ",1", "32", "1,,2", "-1", "x", "1 2", "999", "ALL"}) {
-    EXPECT_EQ(olt_host::ParseLogLevels(text), std::nullopt) << text;
   }
 }
 
