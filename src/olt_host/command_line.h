@@ -59,10 +59,6 @@ struct ParsedCommandLine {
 
 ParsedCommandLine ParseCommandLine(int argc, const char* const* argv);
 
-// The mask for a list of levels such as "0,1,13", or "all"; nothing when the
-// text is neither.
-std::optional<unsigned int> ParseLogLevels(const std::string& text);
-
 }  // namespace olt_host
 
 #endif  // OLT_HOST_COMMAND_LINE_H

@@ -5,9 +5,11 @@
 #include <spdlog/sinks/stdout_sinks.h>
 
 #include <atomic>
+#include <chrono>
 #include <cstdarg>
 #include <cstdio>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 #include "onu_ability_common_global.h"
@@ -16,28 +18,47 @@
 namespace olt_host {
 namespace {
 
+// The masks change while other threads log; a line around that moment may be
+// judged by either.
 struct Log {
   spdlog::logger logger;
-  unsigned int mask;
+  const std::string file;
+  const bool stream_wanted;
+  std::atomic<unsigned int> mask;
+  std::atomic<unsigned int> ring_mask;
   Log* replaced = nullptr;  // the log before this one, which some thread may still be writing to
 
-  Log(spdlog::sink_ptr sink, unsigned int level_mask)
-      : logger("olt_host", std::move(sink)), mask(level_mask) {
+  Log(spdlog::sink_ptr sink, const LogSettings& settings)
+      : logger("olt_host", std::move(sink)),
+        file(settings.file),
+        stream_wanted(settings.mask != 0),
+        mask(settings.mask),
+        ring_mask(settings.ring_mask) {
     logger.set_pattern("%Y-%m-%d %H:%M:%S.%e %v");
     logger.set_level(spdlog::level::trace);
     logger.flush_on(spdlog::level::err);
   }
 };
 
-// Never deleted: the library's singletons log until the very end of the process.
+// Never deleted, as the ring: the library's singletons log until the very end of
+// the process.
 std::atomic<Log*>& CurrentLog() {
   static std::atomic<Log*> current{
-      new Log(std::make_shared<spdlog::sinks::stderr_sink_mt>(), LogSettings().mask)};
+      new Log(std::make_shared<spdlog::sinks::stderr_sink_mt>(), LogSettings())};
   return current;
 }
 
+LogRing& Ring() {
+  static LogRing& ring = *new LogRing;
+  return ring;
+}
+
+bool Holds(unsigned int mask, unsigned int level) {
+  return level < 32 && ((mask >> level) & 1U) != 0;
+}
+
 bool IsListenedTo(const Log& log, unsigned int level) {
-  return level < 32 && ((log.mask >> level) & 1U) != 0;
+  return Holds(log.mask | log.ring_mask, level);
 }
 
 // One text line: line breaks at the end are dropped, inside they become blanks,
@@ -65,10 +86,16 @@ std::string OneLine(const char* text, std::size_t length) {
 
 void WriteLine(Log& log, unsigned int module_id, unsigned int level, const char* text,
                std::size_t length) {
-  // What an operator must see even after a crash is flushed at once.
-  const bool urgent = level <= 1 || level == 13;
-  log.logger.log(urgent ? spdlog::level::err : spdlog::level::info, "level {} module {} {}", level,
-                 module_id, OneLine(text, length));
+  std::string line = OneLine(text, length);
+  if (Holds(log.mask, level)) {
+    // What an operator must see even after a crash is flushed at once.
+    const bool urgent = level <= 1 || level == 13;
+    log.logger.log(urgent ? spdlog::level::err : spdlog::level::info, "level {} module {} {}",
+                   level, module_id, line);
+  }
+  if (Holds(log.ring_mask, level)) {
+    Ring().Add({std::chrono::system_clock::now(), level, module_id, std::move(line)});
+  }
 }
 
 }  // namespace
@@ -84,11 +111,25 @@ void OpenLog(const LogSettings& settings) {
   } catch (const spdlog::spdlog_ex& error) {
     throw std::runtime_error("cannot open the log file " + settings.file + ": " + error.what());
   }
-  Log* const opened = new Log(std::move(sink), settings.mask);
+  Log* const opened = new Log(std::move(sink), settings);
   opened->replaced = CurrentLog().exchange(opened);
   opened->replaced->logger.flush();
-  onu_ability_set_log_level_mask(settings.mask);
+  onu_ability_set_log_level_mask(settings.mask | settings.ring_mask);
 }
+
+void SetLogMask(unsigned int mask) {
+  Log& log = *CurrentLog();
+  log.ring_mask = mask;
+  if (log.stream_wanted) log.mask = mask;
+  onu_ability_set_log_level_mask(mask);
+}
+
+LogSettings CurrentLogSettings() {
+  const Log& log = *CurrentLog();
+  return {log.file, log.mask, log.ring_mask};
+}
+
+const LogRing& RecentLogLines() { return Ring(); }
 
 void LogHostLine(unsigned int level, const std::string& text) {
   Log& log = *CurrentLog();

@@ -19,12 +19,23 @@ namespace {
 
 class PlatformLogSink : public ::testing::Test {
  protected:
+  using Texts = std::vector<std::string>;
+
   void TearDown() override {
     OpenLog(LogSettings());
     std::filesystem::remove(path_);
   }
 
-  void OpenFile(unsigned int mask) { OpenLog(LogSettings{path_, mask}); }
+  // The ring listens to nothing, unless asked, to tell the two places apart.
+  void OpenFile(unsigned int mask, unsigned int ring_mask = 0) {
+    OpenLog(LogSettings{path_, mask, ring_mask});
+  }
+
+  static Texts RecentTexts() {
+    Texts texts;
+    for (const LogLine& line : RecentLogLines().Newest(LogRing::kLines)) texts.push_back(line.text);
+    return texts;
+  }
 
   // The lines of the file, without their times.
   std::vector<std::string> Lines() {
@@ -39,7 +50,6 @@ class PlatformLogSink : public ::testing::Test {
     return lines;
   }
 
-  using Texts = std::vector<std::string>;
   const std::string path_ =
       ::testing::TempDir() + "platform_log_sink_" + std::to_string(getpid()) + ".log";
 };
@@ -81,6 +91,8 @@ TEST_F(PlatformLogSink, WritesTheLevelsOfTheMaskOnly) {
 TEST_F(PlatformLogSink, TellsTheLibraryWhichLevelsAreListenedTo) {
   OpenFile(0x21);
   EXPECT_EQ(0x21U, onu_ability_get_log_level_mask());
+  OpenFile(0x21, 0x3);
+  EXPECT_EQ(0x23U, onu_ability_get_log_level_mask());
   OpenLog(LogSettings());
   EXPECT_EQ((1U << 0) | (1U << 13), onu_ability_get_log_level_mask());
 }
@@ -116,6 +128,60 @@ TEST_F(PlatformLogSink, StandardErrorGetsWhatAnOperatorNeedsByDefault) {
   EXPECT_NE(std::string::npos, text.find(" level 0 module 19 line 0\n"));
   EXPECT_NE(std::string::npos, text.find(" level 13 module 19 line 13\n"));
   EXPECT_EQ(2, std::count(text.begin(), text.end(), '\n'));
+}
+
+TEST_F(PlatformLogSink, RingTakesTheLevelsOfItsOwnMask) {
+  OpenFile(1U << 1, 1U << 4);
+  ulogPrintf(19, 1, "for the file\r\n\r\n");
+  ulogPrintf(19, 4, "for the ring\r\n\r\n");
+  LogHostLine(4, "of the host");
+  ulogPrintf(19, 5, "for nobody");
+  EXPECT_EQ((Texts{"for the ring", "of the host"}), RecentTexts());
+  const std::vector<LogLine> lines = RecentLogLines().Newest(2);
+  EXPECT_EQ(4U, lines[0].level);
+  EXPECT_EQ(19U, lines[0].module_id);
+  EXPECT_EQ(0U, lines[1].module_id);
+  EXPECT_EQ(Texts{"level 1 module 19 for the file"}, Lines());
+}
+
+TEST_F(PlatformLogSink, RingKeepsItsLinesWhenTheLogIsOpenedAgain) {
+  ulogPrintf(19, 13, "before the log was opened");
+  OpenFile(0, kDefaultLogMask);
+  ulogPrintf(19, 13, "after");
+  EXPECT_EQ((Texts{"before the log was opened", "after"}), RecentTexts());
+}
+
+TEST_F(PlatformLogSink, ChangedMaskCountsForFileRingAndLibrary) {
+  OpenFile(1U << 0, 1U << 0);
+  SetLogMask(1U << 9);
+  EXPECT_EQ(1U << 9, onu_ability_get_log_level_mask());
+  EXPECT_EQ(1U << 9, CurrentLogSettings().mask);
+  EXPECT_EQ(1U << 9, CurrentLogSettings().ring_mask);
+  EXPECT_EQ(path_, CurrentLogSettings().file);
+  ulogPrintf(19, 0, "no longer");
+  ulogPrintf(19, 9, "now");
+  EXPECT_EQ(Texts{"now"}, RecentTexts());
+  EXPECT_EQ(Texts{"level 9 module 19 now"}, Lines());
+}
+
+TEST_F(PlatformLogSink, StreamThatWasSwitchedOffComesBack) {
+  OpenFile(1U << 0);
+  SetLogMask(0);
+  ulogPrintf(19, 0, "unheard");
+  SetLogMask(1U << 0);
+  ulogPrintf(19, 0, "heard");
+  EXPECT_EQ(Texts{"level 0 module 19 heard"}, Lines());
+}
+
+TEST_F(PlatformLogSink, StreamThatNobodyAskedForStaysQuietWhateverTheMask) {
+  OpenLog(LogSettings{"", 0, kDefaultLogMask});
+  ::testing::internal::CaptureStderr();
+  SetLogMask(~0U);
+  ulogPrintf(19, 0, "not on the operator's screen");
+  LogHostLine(13, "nor this");
+  EXPECT_EQ("", ::testing::internal::GetCapturedStderr());
+  EXPECT_EQ(0U, CurrentLogSettings().mask);
+  EXPECT_EQ((Texts{"not on the operator's screen", "nor this"}), RecentTexts());
 }
 
 }  // namespace
