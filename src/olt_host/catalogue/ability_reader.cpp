@@ -8,18 +8,29 @@ namespace olt_host {
 
 namespace {
 
+[[noreturn]] void FailUndefined(const YamlView& key, const std::string& text,
+                                const Catalogue& catalogue, const RefusedNames* refused) {
+  const std::string name = key.LooksLikeNumber() ? std::to_string(key.Number16(0, 65534)) : text;
+  if (refused != nullptr && refused->count(name) != 0) {
+    key.FailUnknown(
+        "code " + text + " was refused in " + RelativeText(refused->at(name), key.Position()),
+        "a code that is taken");
+  }
+  std::vector<std::string> names;
+  for (const CodeEntry& entry : catalogue.codes) {
+    names.push_back(entry.name);
+  }
+  const std::string nearest = key.LooksLikeNumber() ? "" : NearestName(text, names);
+  key.FailUnknown("code " + text + " is not defined",
+                  nearest.empty() ? "a code that is defined under codes" : Quoted(nearest));
+}
+
 const CodeEntry& ResolveCode(const YamlView& key, const std::string& text,
-                             const Catalogue& catalogue) {
+                             const Catalogue& catalogue, const AbilityRules& rules) {
   const CodeEntry* code =
       key.LooksLikeNumber() ? catalogue.FindCode(key.Number16(0, 65534)) : catalogue.FindCode(text);
   if (code == nullptr) {
-    std::vector<std::string> names;
-    for (const CodeEntry& entry : catalogue.codes) {
-      names.push_back(entry.name);
-    }
-    const std::string nearest = key.LooksLikeNumber() ? "" : NearestName(text, names);
-    key.Fail("code " + text + " is not defined",
-             nearest.empty() ? "a code that is defined under codes" : Quoted(nearest));
+    FailUndefined(key, text, catalogue, rules.refused_codes);
   }
   if (!IsDefinedAbove(code->position, key.Position())) {
     key.Fail("code " + text + " is used before its definition in line " +
@@ -79,7 +90,7 @@ std::vector<AbilityEntry> ReadAbilities(const YamlView& abilities, const Catalog
   std::vector<AbilityEntry> result;
   std::map<std::uint16_t, unsigned int> seen;
   for (const auto& [key, value] : abilities.Entries("a map of codes and values")) {
-    const CodeEntry& code = ResolveCode(key, value.Name(), catalogue);
+    const CodeEntry& code = ResolveCode(key, value.Name(), catalogue, rules);
     const auto [earlier, is_new] = seen.emplace(code.code, key.Position().line);
     if (!is_new) {
       key.Fail("code " + std::to_string(code.code) + " (" + code.name +

@@ -2,6 +2,8 @@
 #ifndef OLT_HOST_CATALOGUE_ABILITY_READER_H
 #define OLT_HOST_CATALOGUE_ABILITY_READER_H
 
+#include <map>
+#include <string>
 #include <vector>
 
 #include "catalogue/catalogue.h"
@@ -9,9 +11,13 @@
 
 namespace olt_host {
 
+// Names and numbers of entries that were left out, and where they stand.
+using RefusedNames = std::map<std::string, SourcePosition>;
+
 struct AbilityRules {
   bool any_allowed = true;    // the word `any`, a wildcard
   bool texts_allowed = true;  // codes that hold texts
+  const RefusedNames* refused_codes = nullptr;
 };
 
 // Codes stand by name or number and must be defined in `catalogue`: in the same

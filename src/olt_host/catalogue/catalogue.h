@@ -13,10 +13,14 @@
 
 namespace olt_host {
 
+// An entry's `order` is its running number over all files in the order read, from
+// 1, and 0 for one that was read from none. Of two entries that exclude each
+// other the later one is at fault.
 struct AttributeEntry {
   std::uint16_t id = 0;
   std::string name;
   SourcePosition position;
+  unsigned int order = 0;
 };
 
 struct CodeEntry {
@@ -25,6 +29,7 @@ struct CodeEntry {
   std::string help;
   std::map<std::uint16_t, std::uint16_t> attributes;  // by id; what is not listed is 0
   SourcePosition position;
+  unsigned int order = 0;
 
   // The value of an attribute as the library will hold it.
   std::uint16_t Attribute(std::uint16_t id) const;
@@ -48,6 +53,7 @@ struct ProfileEntry {
   std::string source;    // where the facts come from
   std::vector<AbilityEntry> abilities;
   SourcePosition position;
+  unsigned int order = 0;
 };
 
 struct Catalogue {

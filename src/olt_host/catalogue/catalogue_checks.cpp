@@ -1,6 +1,8 @@
 #include "catalogue/catalogue_checks.h"
 
+#include <algorithm>
 #include <map>
+#include <utility>
 
 namespace olt_host {
 
@@ -14,13 +16,37 @@ constexpr unsigned int kLastGivenId = 65533;
 constexpr std::uint16_t kLanPort = 3;
 constexpr std::uint16_t kOtherDataUni = 7;
 
+// Calls `rules`, which throw, and tells of the entry that breaks one.
+template <typename Rules>
+void Hold(const RuleBreach& breach, unsigned int order, Rules rules) {
+  try {
+    rules();
+  } catch (const InputError& error) {
+    breach(order, error);
+  }
+}
+
+// In the order in which the entries were read, so that the later of two is at
+// fault wherever it has been put.
+template <typename Entry>
+std::vector<const Entry*> AsRead(const std::vector<Entry>& entries) {
+  std::vector<const Entry*> pointers;
+  pointers.reserve(entries.size());
+  for (const Entry& entry : entries) {
+    pointers.push_back(&entry);
+  }
+  std::stable_sort(pointers.begin(), pointers.end(),
+                   [](const Entry* a, const Entry* b) { return a->order < b->order; });
+  return pointers;
+}
+
 // Holds that a property of entries is unique; `what` names it with its value.
 template <typename Key>
 class Uniqueness {
  public:
   explicit Uniqueness(std::string expectation) : _expectation(std::move(expectation)) {}
 
-  void Hold(const Key& key, const std::string& what, const SourcePosition& position) {
+  void Require(const Key& key, const std::string& what, const SourcePosition& position) {
     const auto [earlier, is_new] = _seen.emplace(key, position);
     if (!is_new) {
       throw InputError(position,
@@ -45,6 +71,10 @@ const std::map<std::uint16_t, bool>& FixedCodesHoldText() {
       {1080, false}, {1081, false},        {kVendorIdCode, true}, {kTypeNameCode, true},
       {1093, true},  {kDataUniCode, false}};
   return fixed;
+}
+
+[[noreturn]] void ThrowInputError(unsigned int /*order*/, const InputError& error) {
+  throw InputError(error);
 }
 
 void CheckFixedCode(const CodeEntry& code) {
@@ -86,8 +116,8 @@ void CheckKeyAbilityCode(const Catalogue& catalogue) {
 
 // Follows how the library gives ids: the lowest one free when the profile's turn
 // comes. A later profile must not state an id given by then.
-void CheckIds(const std::vector<ProfileEntry>& profiles) {
-  std::map<unsigned int, SourcePosition> taken;
+void CheckIds(const std::vector<ProfileEntry>& profiles, const RuleBreach& breach) {
+  std::map<unsigned int, const ProfileEntry*> taken;
   unsigned int next = kFirstGivenId;
   for (const ProfileEntry& profile : profiles) {
     unsigned int id = profile.id;
@@ -98,15 +128,20 @@ void CheckIds(const std::vector<ProfileEntry>& profiles) {
       id = next;
     }
     if (id > kLastGivenId && profile.id == 0) {
-      throw InputError(profile.position, "no id is left for this profile",
-                       "at most 35533 profiles without an id");
+      breach(profile.order, InputError(profile.position, "no id is left for this profile",
+                                       "at most 35533 profiles without an id"));
+      continue;
     }
-    const auto [earlier, is_new] = taken.emplace(id, profile.position);
+    const auto [earlier, is_new] = taken.emplace(id, &profile);
     if (!is_new) {
-      throw InputError(profile.position,
-                       "id " + std::to_string(id) + " already belongs to the profile in " +
-                           RelativeText(earlier->second, profile.position),
-                       "an id of its own, below 30001 or none at all");
+      const bool earlier_at_fault = earlier->second->order > profile.order;
+      const ProfileEntry& other = earlier_at_fault ? profile : *earlier->second;
+      const ProfileEntry& at_fault = earlier_at_fault ? *earlier->second : profile;
+      breach(at_fault.order,
+             InputError(at_fault.position,
+                        "id " + std::to_string(id) + " already belongs to the profile in " +
+                            RelativeText(other.position, at_fault.position),
+                        "an id of its own, below 30001 or none at all"));
     }
   }
 }
@@ -152,52 +187,89 @@ void CheckStatedTotal(const Catalogue& catalogue, const ProfileEntry& profile,
   }
 }
 
-void CheckContents(const Catalogue& catalogue, const std::vector<ProfileEntry>& profiles) {
-  for (const ProfileEntry& profile : profiles) {
-    CheckStatedKey(catalogue, profile);
-    for (const AbilityEntry& ability : profile.abilities) {
-      if (ability.code == kAllLanCode || ability.code == kDataUniCode) {
-        CheckStatedTotal(catalogue, profile, ability);
+// A code may have been defined anew since the profile was read.
+void CheckKind(const Catalogue& catalogue, const AbilityEntry& ability) {
+  const CodeEntry* code = catalogue.FindCode(ability.code);
+  if (code == nullptr) {
+    throw InputError(ability.position, "code " + std::to_string(ability.code) + " is not defined",
+                     "a code that is defined under codes");
+  }
+  if (ability.kind != AbilityKind::kAny &&
+      code->HoldsText() != (ability.kind == AbilityKind::kText)) {
+    throw InputError(ability.position,
+                     CodeText(*code) + " holds a " + (code->HoldsText() ? "text" : "number") +
+                         " since " + RelativeText(code->position, ability.position),
+                     code->HoldsText() ? "a text" : "a number");
+  }
+}
+
+void CheckContents(const Catalogue& catalogue, const std::vector<ProfileEntry>& profiles,
+                   const RuleBreach& breach) {
+  for (const ProfileEntry* profile : AsRead(profiles)) {
+    Hold(breach, profile->order, [&] {
+      for (const AbilityEntry& ability : profile->abilities) {
+        CheckKind(catalogue, ability);
       }
-    }
+      CheckStatedKey(catalogue, *profile);
+      for (const AbilityEntry& ability : profile->abilities) {
+        if (ability.code == kAllLanCode || ability.code == kDataUniCode) {
+          CheckStatedTotal(catalogue, *profile, ability);
+        }
+      }
+    });
   }
 }
 
 }  // namespace
 
-void CheckAttributes(const Catalogue& catalogue) {
+void CheckAttributes(const Catalogue& catalogue, const RuleBreach& breach) {
   Uniqueness<std::uint16_t> ids("an id of its own for every attribute");
   Uniqueness<std::string> names("a name of its own for every attribute");
-  for (const AttributeEntry& attribute : catalogue.attributes) {
-    ids.Hold(attribute.id, "attribute id " + std::to_string(attribute.id), attribute.position);
-    names.Hold(attribute.name, "attribute name " + Quoted(attribute.name), attribute.position);
+  for (const AttributeEntry* attribute : AsRead(catalogue.attributes)) {
+    Hold(breach, attribute->order, [&] {
+      ids.Require(attribute->id, "attribute id " + std::to_string(attribute->id),
+                  attribute->position);
+      names.Require(attribute->name, "attribute name " + Quoted(attribute->name),
+                    attribute->position);
+    });
   }
   if (catalogue.FindAttribute(kValueTypeAttribute) == nullptr) {
-    throw InputError(catalogue.position, "attribute 5, the value type of a code, is not defined",
-                     "it under attributes, such as {id: 5, name: VALUE_TYPE}");
+    breach(0,
+           InputError(catalogue.position, "attribute 5, the value type of a code, is not defined",
+                      "it under attributes, such as {id: 5, name: VALUE_TYPE}"));
   }
 }
 
-void CheckCodes(const Catalogue& catalogue) {
+void CheckCodes(const Catalogue& catalogue, const RuleBreach& breach) {
   Uniqueness<std::uint16_t> codes("a number of its own for every code");
   Uniqueness<std::string> names("a name of its own for every code");
-  for (const CodeEntry& code : catalogue.codes) {
-    codes.Hold(code.code, "code " + std::to_string(code.code), code.position);
-    names.Hold(code.name, "code name " + Quoted(code.name), code.position);
-    CheckFixedCode(code);
+  for (const CodeEntry* code : AsRead(catalogue.codes)) {
+    Hold(breach, code->order, [&] {
+      codes.Require(code->code, "code " + std::to_string(code->code), code->position);
+      names.Require(code->name, "code name " + Quoted(code->name), code->position);
+      CheckFixedCode(*code);
+    });
   }
-  CheckKeyAbilityCode(catalogue);
+  Hold(breach, 0, [&] { CheckKeyAbilityCode(catalogue); });
 }
 
-void CheckProfiles(const Catalogue& catalogue) {
+void CheckProfiles(const Catalogue& catalogue, const RuleBreach& breach) {
   Uniqueness<std::uint32_t> keys("a key of its own for every real profile");
-  for (const ProfileEntry& profile : catalogue.real_profiles) {
-    keys.Hold(profile.key, "key " + std::to_string(profile.key), profile.position);
+  for (const ProfileEntry* profile : AsRead(catalogue.real_profiles)) {
+    Hold(breach, profile->order, [&] {
+      keys.Require(profile->key, "key " + std::to_string(profile->key), profile->position);
+    });
   }
-  CheckIds(catalogue.real_profiles);
-  CheckIds(catalogue.match_profiles);
-  CheckContents(catalogue, catalogue.real_profiles);
-  CheckContents(catalogue, catalogue.match_profiles);
+  CheckIds(catalogue.real_profiles, breach);
+  CheckIds(catalogue.match_profiles, breach);
+  CheckContents(catalogue, catalogue.real_profiles, breach);
+  CheckContents(catalogue, catalogue.match_profiles, breach);
 }
+
+void CheckAttributes(const Catalogue& catalogue) { CheckAttributes(catalogue, ThrowInputError); }
+
+void CheckCodes(const Catalogue& catalogue) { CheckCodes(catalogue, ThrowInputError); }
+
+void CheckProfiles(const Catalogue& catalogue) { CheckProfiles(catalogue, ThrowInputError); }
 
 }  // namespace olt_host

@@ -1,9 +1,14 @@
 // A catalogue that is spread over several files: shipped ones, local ones, and
 // folders of either. Later files override earlier ones by key; local files come
 // after shipped ones, and their patterns are tried before those.
+//
+// The first file must have a header, the others may. Hidden files and folders in a
+// folder are not looked at. Nothing is read twice: the hashes are those of the
+// bytes that were taken.
 #ifndef OLT_HOST_CATALOGUE_CATALOGUE_FILES_H
 #define OLT_HOST_CATALOGUE_CATALOGUE_FILES_H
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -25,6 +30,11 @@ struct CatalogueFile {
   std::string name;  // of its header
   std::string version;
   std::string sha256;  // of its bytes, lower-case hex
+  // How many entries of the merged catalogue came from it.
+  std::size_t attributes = 0;
+  std::size_t codes = 0;
+  std::size_t real_profiles = 0;
+  std::size_t match_profiles = 0;
 };
 
 struct LoadedCatalogue {
@@ -32,10 +42,14 @@ struct LoadedCatalogue {
   std::vector<CatalogueFile> files;  // in the order taken
   std::string sha256;                // over all files
   // Messages of the entries that keep_going left out: "FILE:LINE: problem; expected ...".
+  // An unknown name that stands in several of them is told once.
   std::vector<std::string> refused;
+  std::size_t refused_entries = 0;
 };
 
-// Reads and checks everything; what it returns can be loaded. Throws InputError.
+// Reads and checks everything; what it returns can be loaded. Throws InputError,
+// nothing taken; keeping going, a file or folder that cannot be read is left out
+// like an entry.
 LoadedCatalogue ReadCatalogueFiles(const CatalogueRequest& request);
 
 }  // namespace olt_host

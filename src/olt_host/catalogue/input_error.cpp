@@ -55,4 +55,8 @@ InputError::InputError(const SourcePosition& position, const std::string& proble
     : std::runtime_error(ToText(position) + ": " + problem + "; expected " + expectation),
       _position(position) {}
 
+std::string InputError::rule() const {
+  return std::string(what()).substr(ToText(_position).size() + 2);
+}
+
 }  // namespace olt_host

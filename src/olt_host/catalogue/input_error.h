@@ -33,9 +33,18 @@ class InputError : public std::runtime_error {
              const std::string& expectation);
 
   const SourcePosition& position() const { return _position; }
+  // what() without the place.
+  std::string rule() const;
 
  private:
   SourcePosition _position;
+};
+
+// A name that means nothing where it stands. Whoever collects errors tells the
+// same one once, however often it stands there.
+class UnknownNameError : public InputError {
+ public:
+  using InputError::InputError;
 };
 
 }  // namespace olt_host

@@ -11,22 +11,7 @@ namespace {
 
 const char* const kExpectedFile = "a YAML file that can be read";
 
-std::string ReadWholeFile(const std::string& file) {
-  errno = 0;
-  std::ifstream stream(file, std::ios::binary);
-  std::ostringstream text;
-  // Reading sets errno for a directory, which opens like a file.
-  if (!stream ||
-      (stream.peek() != std::ifstream::traits_type::eof() && !(text << stream.rdbuf())) ||
-      stream.bad() || errno == EISDIR) {
-    const std::string reason = errno != 0 ? std::strerror(errno) : "reading failed";
-    throw InputError({file, 0}, "cannot be read: " + reason, kExpectedFile);
-  }
-  return text.str();
-}
-
-std::vector<YAML::Node> ParseDocuments(const std::string& file) {
-  const std::string text = ReadWholeFile(file);
+std::vector<YAML::Node> ParseDocuments(const std::string& file, const std::string& text) {
   if (text.find('\0') != std::string::npos) {
     throw InputError({file, 0}, "holds binary data", "YAML");
   }
@@ -41,8 +26,26 @@ std::vector<YAML::Node> ParseDocuments(const std::string& file) {
 
 }  // namespace
 
+std::string ReadWholeFile(const std::string& file) {
+  errno = 0;
+  std::ifstream stream(file, std::ios::binary);
+  std::ostringstream text;
+  // Reading sets errno for a directory, which opens like a file.
+  if (!stream ||
+      (stream.peek() != std::ifstream::traits_type::eof() && !(text << stream.rdbuf())) ||
+      stream.bad() || errno == EISDIR) {
+    const std::string reason = errno != 0 ? std::strerror(errno) : "reading failed";
+    throw InputError({file, 0}, "cannot be read: " + reason, kExpectedFile);
+  }
+  return text.str();
+}
+
 YamlView OpenYaml(const std::string& file, const std::string& name) {
-  const std::vector<YAML::Node> documents = ParseDocuments(file);
+  return ParseYaml(file, ReadWholeFile(file), name);
+}
+
+YamlView ParseYaml(const std::string& file, const std::string& text, const std::string& name) {
+  const std::vector<YAML::Node> documents = ParseDocuments(file, text);
   if (documents.empty()) {
     throw InputError({file, 0}, "is empty", name);
   }

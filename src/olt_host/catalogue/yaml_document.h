@@ -12,6 +12,10 @@ namespace olt_host {
 // messages. Throws InputError when the file cannot be read or is not that.
 YamlView OpenYaml(const std::string& file, const std::string& name);
 
+// The two halves of it, for who also needs the bytes.
+std::string ReadWholeFile(const std::string& file);
+YamlView ParseYaml(const std::string& file, const std::string& text, const std::string& name);
+
 }  // namespace olt_host
 
 #endif  // OLT_HOST_CATALOGUE_YAML_DOCUMENT_H

@@ -92,6 +92,10 @@ void YamlView::Fail(const std::string& problem, const std::string& expectation) 
   throw InputError(Position(), problem, expectation);
 }
 
+void YamlView::FailUnknown(const std::string& problem, const std::string& expectation) const {
+  throw UnknownNameError(Position(), problem, expectation);
+}
+
 void YamlView::FailValue(const std::string& expectation) const {
   Fail(_name + " is " + Description(), expectation);
 }
@@ -170,11 +174,23 @@ YamlMap YamlView::Map(const std::vector<std::string>& known) const {
   for (const auto& [key, value] : Entries("a map")) {
     const std::string& text = value.Name();
     if (std::find(known.begin(), known.end(), text) == known.end()) {
-      key.Fail(Quoted(text) + " is not a key of " + _name, ExpectedName(text, known));
+      key.FailUnknown(Quoted(text) + " is not a key of " + _name, ExpectedName(text, known));
     }
     values.emplace_back(text, value);
   }
   return YamlMap(*this, std::move(values));
+}
+
+std::string YamlView::ScalarOf(const std::string& key) const {
+  if (!_node.IsMap()) {
+    return "";
+  }
+  for (const auto& entry : _node) {
+    if (entry.first.IsScalar() && entry.first.Scalar() == key && entry.second.IsScalar()) {
+      return entry.second.Scalar();
+    }
+  }
+  return "";
 }
 
 std::vector<YamlView> YamlView::Items(const std::string& item_name) const {

@@ -36,6 +36,8 @@ class YamlView {
   // The value as it stands, for messages: "a list", "70000", "\"abc\"".
   std::string Description() const;
   [[noreturn]] void Fail(const std::string& problem, const std::string& expectation) const;
+  // Fails for a name that means nothing here.
+  [[noreturn]] void FailUnknown(const std::string& problem, const std::string& expectation) const;
   // Fails with "NAME is VALUE".
   [[noreturn]] void FailValue(const std::string& expectation) const;
 
@@ -59,6 +61,8 @@ class YamlView {
   std::vector<std::pair<YamlView, YamlView>> Entries(const std::string& expectation) const;
   // A map with no other keys than `known`.
   YamlMap Map(const std::vector<std::string>& known) const;
+  // The scalar under `key` as it stands, "" when there is none; fails never.
+  std::string ScalarOf(const std::string& key) const;
   // A list; its members are named `item_name`.
   std::vector<YamlView> Items(const std::string& item_name) const;
 
