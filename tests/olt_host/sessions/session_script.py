@@ -22,6 +22,7 @@ Steps besides typed lines:
     @resize ROWS COLUMNS      the operator's window
     @await-end                the host has to end the session by itself
     @reconnect                another session of the same host
+    @operator NAME            another operator, in a session of their own
     @restart                  stops the host and starts it with the same arguments
 
 "{{" stands for a brace.
@@ -42,7 +43,8 @@ KEYS = {
 
 # Steps and how many words each takes.
 STEPS = {"keys": None, "type": None, "copy": 2, "file": 1, "same": 2, "type-file": 1,
-         "resize": 2, "await-end": 0, "reconnect": 0, "restart": 0}
+         "resize": 2, "await-end": 0, "reconnect": 0, "operator": 1,
+         "restart": 0}
 SETTINGS = {"transports", "start", "user"}
 
 
