@@ -1,49 +1,108 @@
 #include "vty/builtin_commands.h"
 
-#include <sstream>
+#include <algorithm>
+#include <cctype>
+#include <chrono>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "vty/command_table.h"
+#include "vty/json_output.h"
+#include "vty/line_help.h"
+#include "vty/number.h"
+#include "vty/place.h"
 #include "vty/terminal.h"
+#include "vty/wrapping.h"
 
 namespace olt_host {
 namespace {
 
-constexpr std::size_t kScreenWidth = 80;
-
-// A syntax string, broken at blanks where it would not fit the screen.
-std::string Listed(const char* syntax) {
-  std::istringstream items(syntax);
-  std::string text;
-  std::string line = " ";
-  for (std::string item; items >> item;) {
-    if (line.size() + 1 + item.size() >= kScreenWidth) {
-      text += line + "\r\n";
-      line = "     ";
-    }
-    line += " " + item;
-  }
-  return text + line + "\r\n";
+void Show(struct vty& terminal, const std::string& text) {
+  terminal.Write(text.data(), text.size());
 }
+
+std::string Listed(const Command& command) { return Wrap("  ", command.element->string, 6); }
 
 int ListCommands(struct cmd_element*, struct vty* terminal, int, char**) {
   for (const Command& command : CommandTable::Instance().Commands(terminal->node())) {
-    vty_out(terminal, "%s", Listed(command.element->string).c_str());
+    Show(*terminal, Listed(command));
   }
   return 0;
 }
 
+std::string InLowerCase(std::string text) {
+  for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return text;
+}
+
+// As much of a help line as fits the screen, with the place of `text` in it.
+std::string Excerpt(const std::string& help, const std::string& text) {
+  constexpr std::size_t kRoom = 36;
+  if (DisplayWidth(help) <= kRoom) return help;
+  const std::size_t found = InLowerCase(help).find(text);
+  const std::size_t place = found == std::string::npos ? 0 : found;
+  std::size_t start = place > kRoom / 2 ? place - kRoom / 2 : 0;
+  const auto within = [&help](std::size_t at) {
+    return at < help.size() && (static_cast<unsigned char>(help[at]) & 0xC0U) == 0x80U;
+  };
+  while (within(start)) ++start;
+  std::size_t end = std::min(help.size(), start + kRoom);
+  while (within(end)) --end;
+  return (start > 0 ? "..." : "") + help.substr(start, end - start) +
+         (end < help.size() ? "..." : "");
+}
+
+void CollectHelp(const std::vector<SyntaxNode>& items, const std::string& text,
+                 std::vector<HelpLine>& lines) {
+  for (const SyntaxNode& item : items) {
+    if (item.kind == SyntaxNode::kToken) {
+      lines.push_back({"      " + item.token.text, Excerpt(item.token.help, text)});
+    } else {
+      CollectHelp(item.children, text, lines);
+    }
+  }
+}
+
+// Letters count alike in both cases: help lines write names as they please.
+int FindCommands(struct cmd_element*, struct vty* terminal, int, char** argv) {
+  const std::string text = InLowerCase(argv[0]);
+  bool found = false;
+  for (const Command& command : CommandTable::Instance().Commands(terminal->node())) {
+    const std::string doc = command.element->doc == nullptr ? "" : command.element->doc;
+    const std::string syntax = command.element->string;
+    if (InLowerCase(syntax + "\n" + doc).find(text) == std::string::npos) continue;
+    found = true;
+    std::vector<HelpLine> lines;
+    CollectHelp(ParseSyntax(syntax, doc).items, text, lines);
+    Show(*terminal, Listed(command) + RenderHelp(lines));
+  }
+  return found ? 0 : terminal->Refuse("No command mentions \"" + Printable(argv[0]) + "\"");
+}
+
 int ShowHelp(struct cmd_element* element, struct vty* terminal, int argc, char** argv) {
-  vty_out(terminal,
-          "Keywords may be abbreviated as far as they stay unambiguous. On a terminal,\r\n"
-          "TAB completes them and the arrow keys recall earlier lines.\r\n"
-          "\r\n"
-          "  <value> <1-2>   a number, or one within the range\r\n"
-          "  <string>        a word, or \"several words\" in double quotes\r\n"
-          "  [a|b]           one of these\r\n"
-          "  {...}*8         none to eight times\r\n"
-          "  ! text          a remark\r\n"
-          "\r\n");
+  Show(*terminal,
+       "Keywords may be abbreviated as far as they stay unambiguous. On a terminal, ?\r\n"
+       "tells what may stand at the cursor, TAB completes it, and the arrow keys\r\n"
+       "recall earlier lines.\r\n"
+       "\r\n"
+       "  <value> <1-2>   a number, or one within the range\r\n"
+       "  <string>        a word, or \"several words\" in double quotes\r\n"
+       "  [a|b]           one of these\r\n"
+       "  {...}*8         none to eight times\r\n"
+       "  ! text          a remark\r\n"
+       "\r\n"
+       "Behind a command, its output may be filtered, several times over:\r\n"
+       "\r\n"
+       "  | include TEXT  only the lines that hold TEXT\r\n"
+       "  | exclude TEXT  only the lines that do not\r\n"
+       "  | begin TEXT    from the first line on that does\r\n"
+       "  | section TEXT  only the sections that do\r\n"
+       "  | count TEXT    the number of lines that do\r\n"
+       "  | save FILE     into a new file\r\n"
+       "\r\n"
+       "The commands; \"find TEXT\" looks for a text in them and in their help:\r\n"
+       "\r\n");
   return ListCommands(element, terminal, argc, argv);
 }
 
@@ -52,19 +111,69 @@ int EndSession(struct cmd_element*, struct vty* terminal, int, char**) {
   return 0;
 }
 
-cmd_element list_cmd = {"list", ListCommands, "list the commands\r\n"};
-cmd_element help_cmd = {"help", ShowHelp, "how to type commands, and their list\r\n"};
-cmd_element exit_cmd = {"exit", EndSession, "end the session\r\n"};
-cmd_element quit_cmd = {"quit", EndSession, "end the session\r\n"};
+unsigned int NumberOf(const char* argument) {
+  unsigned int number = 0;
+  ReadNumber(argument, number);
+  return number;
+}
+
+int SetTerminalLength(struct cmd_element*, struct vty* terminal, int, char** argv) {
+  terminal->settings().screen_length = NumberOf(argv[0]);
+  return 0;
+}
+
+int SetExecTimeout(struct cmd_element*, struct vty* terminal, int argc, char** argv) {
+  const unsigned int seconds = argc > 1 ? NumberOf(argv[1]) : 0;
+  terminal->settings().exec_timeout =
+      std::chrono::minutes(NumberOf(argv[0])) + std::chrono::seconds(seconds);
+  return 0;
+}
+
+int ShowHistory(struct cmd_element*, struct vty* terminal, int argc, char** argv) {
+  const std::deque<std::string>& history = terminal->settings().history;
+  if (WantsJson(argc, argv)) {
+    WriteJson(*terminal, {{"history", history}});
+    return 0;
+  }
+  std::size_t number = 0;
+  for (const std::string& line : history) {
+    vty_out(terminal, "%5zu  %s\r\n", ++number, Printable(line).c_str());
+  }
+  return 0;
+}
+
+cmd_element commands[] = {
+    {"list", ListCommands, "list the commands\r\n"},
+    {"find <string>", FindCommands,
+     "find commands by a text in their syntax or help\r\n"
+     "the text, in capitals or not\r\n"},
+    {"help", ShowHelp, "how to type commands, and their list\r\n"},
+    {"exit", EndSession, "end the session\r\n"},
+    {"quit", EndSession, "end the session\r\n"},
+    {"terminal length <0-512>", SetTerminalLength,
+     "settings of this session's terminal\r\n"
+     "lines of output before the session waits for a key\r\n"
+     "lines of the screen; 0: never wait\r\n"},
+    {"exec-timeout <0-35791> {<0-59>}*1", SetExecTimeout,
+     "how long this session may be idle before it is ended\r\n"
+     "minutes; 0 without seconds: for ever\r\n"
+     "seconds, besides the minutes\r\n"},
+    {"show history {[json]}*1", ShowHistory,
+     "show history\r\n"
+     "lines that were typed in this session\r\n"
+     "as a JSON document\r\n"},
+};
 
 }  // namespace
 
 void InstallBuiltinCommands(unsigned int node) {
-  for (const Command& command : CommandTable::Instance().Commands(node)) {
-    if (command.element == &list_cmd) return;
+  CommandTable& table = CommandTable::Instance();
+  for (const Command& command : table.Commands(node)) {
+    if (command.element == &commands[0]) return;
   }
-  for (cmd_element* element : {&list_cmd, &help_cmd, &exit_cmd, &quit_cmd}) {
-    install_element(node, element);
+  for (cmd_element& element : commands) {
+    install_element(node, &element);
+    table.AllowReadOnly(&element);
   }
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "vty/command_conflicts.h"
+
 namespace olt_host {
 
 CommandTable& CommandTable::Instance() {
@@ -29,8 +31,20 @@ std::string CommandTable::Install(unsigned int node, cmd_element* element) {
     return other.element == element;
   });
   if (known) return "a command is installed twice\n  \"" + text + "\"";
+  for (const Command& earlier : commands) {
+    const std::string line = LineOfBoth(earlier.grammar, command.grammar);
+    if (line.empty()) continue;
+    return "a line could mean two commands: " + line + "\n  \"" + earlier.element->string +
+           "\"\n  \"" + text + "\"";
+  }
   commands.push_back(std::move(command));
   return "";
+}
+
+bool CommandTable::MayChange(const Command& command) const {
+  const Grammar& grammar = command.grammar;
+  return grammar.vertices.at(grammar.first.at(0)).token.text != "show" &&
+         _read_only.count(command.element) == 0;
 }
 
 const std::vector<Command>& CommandTable::Commands(unsigned int node) const {

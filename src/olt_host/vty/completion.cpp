@@ -2,47 +2,69 @@
 
 #include <algorithm>
 
-#include "vty/command_table.h"
+#include "vty/filter_syntax.h"
+#include "vty/line_position.h"
+#include "vty/matcher.h"
 
 namespace olt_host {
 namespace {
 
-std::string SharedStart(const std::vector<std::string>& texts) {
+using Texts = std::vector<std::string>;
+
+// As far as all texts agree, whole characters only.
+std::string SharedStart(const Texts& texts) {
   std::string shared = texts.front();
   for (const std::string& text : texts) {
     const auto differ = std::mismatch(shared.begin(), shared.end(), text.begin(), text.end());
     shared.erase(differ.first, shared.end());
   }
+  const auto cut = [&shared](const std::string& text) {
+    return text.size() > shared.size() &&
+           (static_cast<unsigned char>(text[shared.size()]) & 0xC0U) == 0x80U;
+  };
+  while (!shared.empty() && std::any_of(texts.begin(), texts.end(), cut)) shared.pop_back();
   return shared;
+}
+
+void AddOnce(Texts& texts, const std::string& text) {
+  if (std::find(texts.begin(), texts.end(), text) == texts.end()) texts.push_back(text);
+}
+
+struct Candidates {
+  Texts certain;  // keywords and known values
+  Texts open;     // values of which none is known
+};
+
+Candidates Collect(const LinePosition& position) {
+  Candidates candidates;
+  for (const Token& token : position.tokens) {
+    if (token.kind == TokenKind::kKeyword) {
+      // Filters are offered to those who asked for one.
+      const bool unasked = token.text == PipeToken().text && !position.typed;
+      if (!unasked && MayBecome(position.typed, token)) AddOnce(candidates.certain, token.text);
+      continue;
+    }
+    const std::vector<ValueHint> known = KnownValues(token, position.typed);
+    for (const ValueHint& value : known) AddOnce(candidates.certain, value.value);
+    if (known.empty() && !position.typed) AddOnce(candidates.open, token.text);
+  }
+  return candidates;
 }
 
 }  // namespace
 
 Completion Complete(unsigned int node, const std::string& text) {
   Completion completion;
-  LexedLine lexed = LexLine(text);
-  if (!lexed.error.empty()) return completion;
-  std::string typed;
-  if (!lexed.words.empty() && lexed.words.back().end == text.size()) {
-    if (lexed.words.back().quoted) return completion;
-    typed = lexed.words.back().text;
-    lexed.words.pop_back();
-  }
-  std::vector<std::string> keywords;
-  std::vector<std::string> values;
-  for (const Token& token :
-       TokensBehind(CommandTable::Instance().Commands(node), lexed.words, nullptr)) {
-    if (token.kind != TokenKind::kKeyword) {
-      if (typed.empty()) values.push_back(token.text);
-    } else if (token.text.compare(0, typed.size(), typed) == 0) {
-      keywords.push_back(token.text);
-    }
-  }
-  completion.candidates = keywords;
-  completion.candidates.insert(completion.candidates.end(), values.begin(), values.end());
-  if (keywords.empty() || !values.empty()) return completion;
-  completion.insert = SharedStart(keywords).substr(typed.size());
-  if (keywords.size() == 1) completion.insert += ' ';
+  const LinePosition position = FindPosition(node, text);
+  if (position.typed && position.typed->quoted) return completion;
+  const Candidates candidates = Collect(position);
+  completion.candidates = candidates.certain;
+  completion.candidates.insert(completion.candidates.end(), candidates.open.begin(),
+                               candidates.open.end());
+  if (candidates.certain.empty() || !candidates.open.empty()) return completion;
+  const std::size_t typed = position.typed ? position.typed->text.size() : 0;
+  completion.insert = SharedStart(candidates.certain).substr(typed);
+  if (candidates.certain.size() == 1) completion.insert += ' ';
   return completion;
 }
 

@@ -1,79 +1,28 @@
 #include "vty/execute.h"
 
-#include <algorithm>
-#include <vector>
+#include <cstdio>
+#include <optional>
 
 #include "onu_ability_common_global.h"
 #include "vty/command_table.h"
+#include "vty/handler_call.h"
+#include "vty/json_output.h"
+#include "vty/match_message.h"
+#include "vty/parsed_line.h"
 #include "vty/place.h"
+#include "vty/wrapping.h"
 
 namespace olt_host {
 namespace {
 
-constexpr std::size_t kLongestQuote = 40;
-constexpr std::size_t kMostExpected = 8;
-constexpr std::size_t kScreenWidth = 80;
+using Json = nlohmann::ordered_json;
 
-// A word of the operator inside a message.
-std::string Quote(const std::string& word) {
-  const std::string shown =
-      word.size() > kLongestQuote ? word.substr(0, kLongestQuote) + "..." : word;
-  return "\"" + Printable(shown) + "\"";
-}
-
-std::string List(const std::vector<std::string>& texts) {
-  std::string list;
-  for (std::size_t i = 0; i < texts.size() && i < kMostExpected; ++i) {
-    list += (i == 0 ? "" : ", ") + texts[i];
-  }
-  return texts.size() > kMostExpected ? list + ", ..." : list;
-}
-
-// <value> and <onutype_code> as the figures they stand for.
-std::string Ranges(const std::vector<std::string>& texts) {
-  std::vector<std::string> ranges;
-  for (const std::string& text : texts) {
-    if (text == "<value>") {
-      ranges.push_back("<0-4294967295>");
-    } else {
-      ranges.push_back(text == "<onutype_code>" ? "<0-65535>" : text);
-    }
-  }
-  return List(ranges);
-}
-
-std::string Message(const Match& match, const std::vector<Word>& words) {
-  const std::string word = match.word < words.size() ? Quote(words[match.word].text) : "the line";
-  switch (match.outcome) {
-    case MatchOutcome::kIncomplete:
-      return "Command incomplete: expected " + List(match.expected);
-    case MatchOutcome::kAmbiguous:
-      return "Ambiguous command: " + word + " may be " + List(match.expected);
-    case MatchOutcome::kNotANumber:
-      return "Not a number: " + word + ", expected " + List(match.expected);
-    case MatchOutcome::kOutOfRange:
-      return "Number out of range: " + words[match.word].text.substr(0, kLongestQuote) +
-             " is not in " + Ranges(match.expected);
-    case MatchOutcome::kTooMany:
-      return "Too many arguments";
-    case MatchOutcome::kUnknown:
-    case MatchOutcome::kMatched:
-      break;
-  }
-  return match.word == 0 ? "Unknown command" : "Unknown command: expected " + List(match.expected);
-}
-
-void ShowError(struct vty& terminal, const LineEcho& echo, const std::string& line,
-               std::size_t column, const std::string& message) {
-  // A line that wrapped has no row under which a caret could stand.
-  const bool caret_fits =
-      echo.on_screen && DisplayWidth(echo.before) + DisplayWidth(line) < kScreenWidth;
-  const std::string before = echo.on_screen && !caret_fits ? "  " : echo.before;
-  const std::string text =
-      (caret_fits ? CaretUnder(before, line, column) : LineWithCaret(before, line, column)) + "% " +
-      message + "\r\n";
-  terminal.Write(text.data(), text.size());
-}
+// What is wrong with a line, and where; a command that was run and failed has no
+// place.
+struct Problem {
+  std::string message;
+  std::optional<std::size_t> column;  // in bytes from 0
+};
 
 const char* Meaning(unsigned int status) {
   switch (status) {
@@ -90,43 +39,122 @@ const char* Meaning(unsigned int status) {
   }
 }
 
-// Handlers take writable text, as main does.
-unsigned int CallHandler(const Command& command, struct vty& terminal,
-                         std::vector<std::string>& arguments) {
-  std::vector<char*> argv;
-  argv.reserve(arguments.size() + 1);
-  for (std::string& argument : arguments) argv.push_back(argument.data());
-  argv.push_back(nullptr);
-  return static_cast<unsigned int>(command.element->func(
-      command.element, &terminal, static_cast<int>(arguments.size()), argv.data()));
+std::string FailureMessage(unsigned int status) {
+  char number[16];
+  std::snprintf(number, sizeof number, "0x%08x", status);
+  return std::string("Command failed: ") + number + Meaning(status);
 }
+
+// The line as far as it has to be shown, with the caret.
+std::string Place(const LineEcho& echo, const std::string& line, const Problem& problem) {
+  if (!problem.column) return echo.on_screen ? "" : echo.before + Printable(line) + "\r\n";
+  // A line that wrapped has no row under which a caret could stand.
+  const bool caret_fits =
+      echo.on_screen && DisplayWidth(echo.before) + DisplayWidth(line) < kScreenColumns;
+  if (caret_fits) return CaretUnder(echo.before, line, *problem.column);
+  return LineWithCaret(echo.on_screen ? "  " : echo.before, line, *problem.column);
+}
+
+// One operator's line on its way.
+class LineRun {
+ public:
+  LineRun(struct vty& terminal, unsigned int node, const std::string& line, const LineEcho& echo)
+      : _terminal(terminal), _line(line), _echo(echo), _parsed(ParseLine(node, line)) {}
+
+  CommandResult Check() {
+    if (_parsed.blank) return {CommandResult::kBlank, 0};
+    Problem problem{_parsed.error, _parsed.error_column};
+    if (problem.message.empty()) problem = AccessProblem();
+    return problem.message.empty() ? CommandResult{CommandResult::kDone, 0} : Refuse(problem);
+  }
+
+  // REQUIRES: Check was kDone.
+  CommandResult Run() {
+    OutputFile file;
+    if (Saves()) {
+      const Filter& save = _parsed.filters.back();
+      const std::string reason = file.Create(save.text);
+      if (!reason.empty()) return Refuse({CannotSave(save.text, reason), save.text_column});
+    }
+    const HandlerResult result = CallHandler(_terminal, _parsed, file);
+    if (!result.refusal.empty()) return Fail(result.refusal, result.status);
+    if (result.status != 0) return Fail(FailureMessage(result.status), result.status);
+    return file.created() ? Complete(file) : CommandResult{CommandResult::kDone, 0};
+  }
+
+ private:
+  static std::string CannotSave(const std::string& file, const std::string& reason) {
+    return "Cannot save to " + QuoteWord(file) + ": " + reason;
+  }
+
+  bool Saves() const {
+    return !_parsed.filters.empty() && _parsed.filters.back().kind == FilterKind::kSave;
+  }
+
+  Problem AccessProblem() const {
+    if (_terminal.settings().access == Access::kFull) return {};
+    if (CommandTable::Instance().MayChange(*_parsed.match.command)) {
+      return {"Read-only session: this command may change something", _parsed.column};
+    }
+    if (!Saves()) return {};
+    return {"Read-only session: save writes a file", _parsed.filters.back().name_column};
+  }
+
+  CommandResult Complete(OutputFile& file) {
+    const std::string reason = file.Complete();
+    if (!reason.empty()) return Fail(CannotSave(file.name(), reason), 0);
+    if (_parsed.wants_json) {
+      WriteJson(_terminal, Json{{"saved", {{"file", file.name()}, {"bytes", file.bytes()}}}});
+    } else {
+      Show(Wrap("", std::to_string(file.bytes()) + " bytes written to " + Printable(file.name()),
+                2));
+    }
+    return {CommandResult::kDone, 0};
+  }
+
+  CommandResult Refuse(const Problem& problem) {
+    ShowProblem(problem);
+    return {CommandResult::kRefused, 0};
+  }
+
+  CommandResult Fail(const std::string& message, unsigned int status) {
+    ShowProblem({message, std::nullopt});
+    return {CommandResult::kFailed, status};
+  }
+
+  void ShowProblem(const Problem& problem) {
+    if (_parsed.wants_json) {
+      Json error = {{"message", problem.message}};
+      if (problem.column) error["column"] = CaretUnder("", _line, *problem.column).find('^') + 1;
+      WriteJson(_terminal, Json{{"error", error}});
+      return;
+    }
+    // Broken between words on a screen; elsewhere one line, for programs to look for.
+    const std::string message = "% " + Printable(problem.message);
+    Show(Place(_echo, _line, problem) +
+         (_echo.on_screen ? Wrap("", message, 2) : message + "\r\n"));
+  }
+
+  void Show(const std::string& text) { _terminal.Write(text.data(), text.size()); }
+
+  struct vty& _terminal;
+  const std::string& _line;
+  const LineEcho& _echo;
+  const ParsedLine _parsed;
+};
 
 }  // namespace
 
 CommandResult ExecuteLine(struct vty& terminal, unsigned int node, const std::string& line,
                           const LineEcho& echo) {
-  const LexedLine lexed = LexLine(line);
-  if (!lexed.error.empty()) {
-    ShowError(terminal, echo, line, lexed.error_column, lexed.error);
-    return {CommandResult::kRefused, 0};
-  }
-  if (lexed.words.empty()) return {CommandResult::kBlank, 0};
-  Match match = MatchWords(CommandTable::Instance().Commands(node), lexed.words);
-  if (match.outcome != MatchOutcome::kMatched) {
-    const bool at_end = match.word == lexed.words.size();
-    // The end is one blank behind the last word, where more was expected.
-    const std::size_t column = at_end ? lexed.words.back().end + 1 : lexed.words[match.word].column;
-    ShowError(terminal, echo, line, column, Message(match, lexed.words));
-    return {CommandResult::kRefused, 0};
-  }
-  const unsigned int status = CallHandler(*match.command, terminal, match.arguments);
-  if (status == 0) return {CommandResult::kDone, 0};
-  if (!echo.on_screen) {
-    const std::string shown = echo.before + Printable(line) + "\r\n";
-    terminal.Write(shown.data(), shown.size());
-  }
-  vty_out(&terminal, "%% Command failed: 0x%08x%s\r\n", status, Meaning(status));
-  return {CommandResult::kFailed, status};
+  LineRun run(terminal, node, line, echo);
+  const CommandResult checked = run.Check();
+  return checked.kind == CommandResult::kDone ? run.Run() : checked;
+}
+
+CommandResult CheckLine(struct vty& terminal, unsigned int node, const std::string& line,
+                        const LineEcho& echo) {
+  return LineRun(terminal, node, line, echo).Check();
 }
 
 }  // namespace olt_host

@@ -7,6 +7,8 @@
 // `show` command for JSON, the error is a JSON document instead:
 //
 //   {"error": {"message": "Unknown command", "column": 5}}
+//
+// Columns count characters from 1; what a handler refuses has none.
 #ifndef OLT_HOST_VTY_EXECUTE_H
 #define OLT_HOST_VTY_EXECUTE_H
 
@@ -32,17 +34,21 @@ struct CommandResult {
   bool ok() const { return kind == kDone || kind == kBlank; }
 };
 
-// A line without a word, or with a remark ("! text") only, is kBlank, one that
-// means no command kRefused; nothing is run then. kFailed: the handler returned
-// something else than 0, or the output could not be saved.
+// A line without a word, or with a remark ("! text") only, is kBlank. One that
+// means no command, that the operator may not run, or whose output has no file to
+// go to, is kRefused; nothing is run then. kFailed: the handler refused, or returned
+// something else than 0, or threw a std::exception, or the output could not be saved.
 CommandResult ExecuteLine(struct vty& terminal, unsigned int node, const std::string& line,
                           const LineEcho& echo = LineEcho());
 
-// Says of the line what ExecuteLine would refuse, and runs nothing.
+// Says of the line what ExecuteLine would refuse, and runs nothing. A file to
+// save to is not looked for: it may come or go until the line is run.
 CommandResult CheckLine(struct vty& terminal, unsigned int node, const std::string& line,
                         const LineEcho& echo = LineEcho());
 
-// What the host does around every command that is run. Either may be empty.
+// What the host does around every command that is run. Either may be empty. What
+// they write is not filtered; `after` is called whatever became of the command, and
+// what it refuses is shown behind what the handler refused.
 struct CommandObserver {
   std::function<void(struct vty&)> before;
   // `may_change`: whether only operators with full access may run the command.

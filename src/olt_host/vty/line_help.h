@@ -1,4 +1,6 @@
 // The answer to '?': what may stand at the cursor, with the commands' own help.
+//
+// On the command thread, because known values are what commands change.
 #ifndef OLT_HOST_VTY_LINE_HELP_H
 #define OLT_HOST_VTY_LINE_HELP_H
 
@@ -13,9 +15,12 @@ struct HelpLine {
 };
 
 // `text` is the line up to the cursor. Tokens that begin with the word under the
-// cursor, each once, in the order of installation; "<cr>" last, where the line
-// may end before the cursor. Empty when the text fits no command; `error` (may
-// be null) then says so, as ExecuteLine would.
+// cursor, each once, in the order of installation; where commands describe the same
+// token differently, all of what they say. Below a value up to twenty of those that
+// the host knows, indented. "<cr>" last, where the line may end before the cursor.
+//
+// Empty when the text fits no command; `error` (may be null) then gets the message
+// of ExecuteLine, without "% ". In a remark both are empty.
 std::vector<HelpLine> HelpFor(unsigned int node, const std::string& text, std::string* error);
 
 // The lines for a screen, wrapped at `columns`, each ending in "\r\n".

@@ -1,6 +1,7 @@
 #include "vty/matcher.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 #include "vty/number.h"
@@ -12,6 +13,7 @@ namespace {
 struct Reading {
   const Command* command;
   bool may_end;
+  bool keyword;                          // whether the last word was one
   const std::vector<std::size_t>* next;  // vertices of the command's grammar
   std::vector<std::string> arguments;
 };
@@ -23,19 +25,6 @@ struct Candidate {
   const Token& token() const { return reading->command->grammar.vertices[vertex].token; }
 };
 
-bool Admits(const Token& token, const Word& word) {
-  if (token.kind == TokenKind::kString) return true;
-  if (token.kind != TokenKind::kNumber) return false;
-  unsigned int number = 0;
-  if (ReadNumber(word.text, number)) return number >= token.low && number <= token.high;
-  return token.takes_name && !word.text.empty() && !IsAllDigits(word.text);
-}
-
-bool Abbreviates(const Word& word, const Token& token) {
-  return !word.quoted && !word.text.empty() && token.kind == TokenKind::kKeyword &&
-         token.text.compare(0, word.text.size(), word.text) == 0;
-}
-
 void AddOnce(std::vector<std::string>& texts, const std::string& text) {
   if (std::find(texts.begin(), texts.end(), text) == texts.end()) texts.push_back(text);
 }
@@ -44,7 +33,7 @@ class Matcher {
  public:
   explicit Matcher(const std::vector<Command>& commands) {
     for (const Command& command : commands) {
-      _readings.push_back(Reading{&command, false, &command.grammar.first, {}});
+      _readings.push_back(Reading{&command, false, false, &command.grammar.first, {}});
     }
   }
 
@@ -66,6 +55,7 @@ class Matcher {
       if (match.command != nullptr) continue;
       match.command = reading.command;
       match.arguments = std::move(reading.arguments);
+      match.ends_in_keyword = reading.keyword;
     }
     if (match.command == nullptr) {
       _outcome = MatchOutcome::kIncomplete;
@@ -74,6 +64,7 @@ class Matcher {
       _outcome = MatchOutcome::kAmbiguous;
       match.command = nullptr;
       match.arguments.clear();
+      match.ends_in_keyword = false;
     } else {
       _outcome = MatchOutcome::kMatched;
       _expected.clear();
@@ -149,9 +140,9 @@ class Matcher {
       // The same place reached in two ways: the first, from the nearer group, counts.
       if (other.next == &vertex.next) return;
     }
-    Reading reading{from.command, vertex.may_end, &vertex.next, from.arguments};
+    const bool keyword = vertex.token.kind == TokenKind::kKeyword;
+    Reading reading{from.command, vertex.may_end, keyword, &vertex.next, from.arguments};
     if (vertex.token.is_argument) {
-      const bool keyword = vertex.token.kind == TokenKind::kKeyword;
       reading.arguments.push_back(keyword ? vertex.token.text : word.text);
     }
     readings.push_back(std::move(reading));
@@ -163,6 +154,19 @@ class Matcher {
 };
 
 }  // namespace
+
+bool Admits(const Token& token, const Word& word) {
+  if (token.kind == TokenKind::kString) return true;
+  if (token.kind != TokenKind::kNumber) return false;
+  unsigned int number = 0;
+  if (ReadNumber(word.text, number)) return number >= token.low && number <= token.high;
+  return token.takes_name && !word.text.empty() && !IsAllDigits(word.text);
+}
+
+bool Abbreviates(const Word& word, const Token& token) {
+  return !word.quoted && !word.text.empty() && token.kind == TokenKind::kKeyword &&
+         token.text.compare(0, word.text.size(), word.text) == 0;
+}
 
 Match MatchWords(const std::vector<Command>& commands, const std::vector<Word>& words) {
   Match match;
@@ -177,16 +181,15 @@ Match MatchWords(const std::vector<Command>& commands, const std::vector<Word>& 
 std::vector<Token> TokensBehind(const std::vector<Command>& commands,
                                 const std::vector<Word>& words, bool* may_end) {
   std::vector<Token> tokens;
-  std::vector<std::string> texts;
+  std::set<std::pair<std::string, std::string>> known;
   Matcher matcher(commands);
   const bool fits = std::all_of(words.begin(), words.end(),
                                 [&matcher](const Word& word) { return matcher.Take(word); });
   if (may_end != nullptr) *may_end = fits && matcher.MayEnd();
   if (!fits) return tokens;
   for (const Candidate& candidate : matcher.Candidates()) {
-    const std::size_t known = texts.size();
-    AddOnce(texts, candidate.token().text);
-    if (texts.size() > known) tokens.push_back(candidate.token());
+    const Token& token = candidate.token();
+    if (known.emplace(token.text, token.help).second) tokens.push_back(token);
   }
   return tokens;
 }

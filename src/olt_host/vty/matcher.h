@@ -39,6 +39,7 @@ struct Match {
   // full, however they were typed; everything else as it was typed.
   const Command* command = nullptr;
   std::vector<std::string> arguments;
+  bool ends_in_keyword = false;  // whether the last word was taken for a keyword
   // Otherwise: the word that does not fit, or the number of words when the end
   // of the line is what does not fit; and what was expected there (for
   // kAmbiguous: what the word may mean), without repetitions.
@@ -46,10 +47,16 @@ struct Match {
   std::vector<std::string> expected;
 };
 
+// Whether a value may be this word; never true of a keyword.
+bool Admits(const Token& token, const Word& word);
+// Whether the word is a keyword or its beginning; never true of a quoted word.
+bool Abbreviates(const Word& word, const Token& token);
+
 Match MatchWords(const std::vector<Command>& commands, const std::vector<Word>& words);
 
-// The tokens that may stand behind `words`, each text once; none when the words
-// themselves do not fit. `may_end` (may be null): whether the line may end there.
+// The tokens that may stand behind `words`, each text and help line once; none
+// when the words themselves do not fit. `may_end` (may be null): whether the line
+// may end there.
 std::vector<Token> TokensBehind(const std::vector<Command>& commands,
                                 const std::vector<Word>& words, bool* may_end);
 

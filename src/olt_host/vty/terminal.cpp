@@ -11,6 +11,8 @@ void vty::Write(const char* bytes, std::size_t length) {
   if (_alive && length > 0 && !_sink(bytes, length)) _alive = false;
 }
 
+vty::Sink vty::Redirect(Sink sink) { return std::exchange(_sink, std::move(sink)); }
+
 int vty::Refuse(const std::string& message) {
   _refusal = message;
   return -1;

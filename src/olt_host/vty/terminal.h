@@ -33,6 +33,9 @@ struct vty {
   bool alive() const { return _alive; }
   void Close() { _alive = false; }
 
+  // Sends what is written from now on to `sink`; returns the sink before it.
+  Sink Redirect(Sink sink);
+
   unsigned int node() const { return _node; }
 
   // What belongs to the operator's session and outlasts a command.

@@ -1,0 +1,90 @@
+#include "vty/wrapping.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "vty/place.h"
+
+namespace olt_host {
+namespace {
+
+// The parts of a text, each with the separator that ends it.
+std::vector<std::string> Split(const std::string& text, char separator) {
+  std::vector<std::string> parts;
+  for (std::size_t start = 0; start < text.size();) {
+    const std::size_t end = std::min(text.find(separator, start), text.size() - 1) + 1;
+    parts.push_back(text.substr(start, end - start));
+    start = end;
+  }
+  return parts;
+}
+
+// The bytes of the first `columns` characters.
+std::size_t BytesOf(const std::string& text, std::size_t columns) {
+  std::size_t end = std::min(columns, text.size());
+  while (end < text.size() && DisplayWidth(text.substr(0, end + 1)) <= columns) ++end;
+  return end;
+}
+
+std::string WithoutBlanksAtEnd(const std::string& text) {
+  return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+class Wrapper {
+ public:
+  Wrapper(const std::string& head, std::size_t indent, std::size_t columns)
+      : _line(head), _width(DisplayWidth(head)), _indent(indent), _columns(columns) {}
+
+  // Adds what has to stay on one line as far as it fits one.
+  void Add(const std::string& part, bool may_split) {
+    const std::size_t width = DisplayWidth(WithoutBlanksAtEnd(part));
+    if (_width + width >= _columns && may_split && _indent + width >= _columns) {
+      for (const std::string& word : Split(part, ' ')) Add(word, false);
+      return;
+    }
+    if (_width + width >= _columns && _width > _indent) Break();
+    const bool fresh = _width == _indent && !_text.empty();
+    AddCut(fresh ? part.substr(std::min(part.find_first_not_of(' '), part.size())) : part, width);
+  }
+
+  std::string Take() {
+    Break();
+    return _text;
+  }
+
+ private:
+  void AddCut(std::string part, std::size_t width) {
+    for (; _width + width >= _columns && width > 1; width = DisplayWidth(part)) {
+      const std::size_t room = _columns - 1 - std::min(_columns - 2, _width);
+      const std::size_t bytes = BytesOf(part, room);
+      _line += part.substr(0, bytes);
+      part.erase(0, bytes);
+      Break();
+    }
+    _line += part;
+    _width += DisplayWidth(part);
+  }
+
+  void Break() {
+    _text += WithoutBlanksAtEnd(_line) + "\r\n";
+    _line.assign(_indent, ' ');
+    _width = _indent;
+  }
+
+  std::string _text;
+  std::string _line;
+  std::size_t _width;
+  const std::size_t _indent;
+  const std::size_t _columns;
+};
+
+}  // namespace
+
+std::string Wrap(const std::string& head, const std::string& text, std::size_t indent,
+                 std::size_t columns) {
+  Wrapper wrapper(head, indent, columns);
+  for (const std::string& item : Split(text, ';')) wrapper.Add(item, true);
+  return wrapper.Take();
+}
+
+}  // namespace olt_host
