@@ -40,7 +40,20 @@ const CodeEntry& ResolveCode(const YamlView& key, const std::string& text,
   return *code;
 }
 
-std::string ReadText(const YamlView& value, const CodeEntry& code) {
+// Nothing behind the colon may mean any of three things.
+[[noreturn]] void FailEmpty(const YamlView& value, const CodeEntry& code,
+                            const AbilityRules& rules) {
+  const std::string a_value = code.HoldsText() ? "a text" : "a number";
+  if (!rules.texts_allowed) {
+    value.FailValue("a number, any (told as unknown) or no entry (not told)");
+  }
+  value.FailValue(rules.any_allowed
+                      ? a_value + ", any (fits every value) or no entry (not compared)"
+                      : a_value + (code.HoldsText() ? ", \"\" (an empty one)" : ", 0 (none)") +
+                            " or no entry (not known)");
+}
+
+std::string ReadText(const YamlView& value, const CodeEntry& code, const AbilityRules& rules) {
   std::string text;
   if (code.code == kVendorIdCode) {
     text = value.TextUpTo(kVendorIdBytes);
@@ -49,9 +62,10 @@ std::string ReadText(const YamlView& value, const CodeEntry& code) {
   } else {
     text = value.Text();
   }
-  // The library drops an empty text without a word.
-  if (text.empty()) {
-    value.Fail(value.Name() + " is an empty text", "a text, or no entry at all");
+  // The library takes an empty text in a pattern for the wildcard.
+  if (text.empty() && rules.any_allowed) {
+    value.Fail(value.Name() + " is an empty text, which no pattern can ask for",
+               "a text, any (fits every value) or no entry (not compared)");
   }
   return text;
 }
@@ -59,9 +73,13 @@ std::string ReadText(const YamlView& value, const CodeEntry& code) {
 AbilityEntry ReadAbility(const YamlView& value, const CodeEntry& code, const AbilityRules& rules) {
   AbilityEntry ability;
   ability.code = code.code;
+  ability.holds_text = code.HoldsText();
   ability.position = value.Position();
   if (code.HoldsText() && !rules.texts_allowed) {
     value.Fail(value.Name() + " holds a text", "a code that holds a number");
+  }
+  if (value.IsEmpty()) {
+    FailEmpty(value, code, rules);
   }
   if (value.IsWord("any")) {
     if (!rules.any_allowed) {
@@ -72,7 +90,7 @@ AbilityEntry ReadAbility(const YamlView& value, const CodeEntry& code, const Abi
     ability.kind = AbilityKind::kAny;
   } else if (code.HoldsText()) {
     ability.kind = AbilityKind::kText;
-    ability.text = ReadText(value, code);
+    ability.text = ReadText(value, code, rules);
   } else {
     ability.number = value.Number(0, kAnyNumber, rules.any_allowed ? ", or any" : "");
   }

@@ -42,6 +42,7 @@ enum class AbilityKind { kNumber, kText, kAny };
 struct AbilityEntry {
   std::uint16_t code = 0;
   AbilityKind kind = AbilityKind::kNumber;
+  bool holds_text = false;  // whether the code does: tells what `any` stands for
   std::uint32_t number = 0;
   std::string text;
   SourcePosition position;
@@ -90,6 +91,10 @@ constexpr std::uint16_t kTypeNameCode = 1083;
 constexpr std::uint16_t kDataUniCode = 65533;
 
 constexpr std::uint32_t kAnyNumber = 0xFFFFFFFF;
+
+// The ids that the library gives to profiles without one.
+constexpr std::uint16_t kFirstGivenId = 30001;
+constexpr std::uint16_t kLastGivenId = 65533;
 
 // What the commands and the buffers of the hooks take, in bytes.
 constexpr std::size_t kVendorIdBytes = 4;

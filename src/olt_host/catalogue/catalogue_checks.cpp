@@ -8,10 +8,6 @@ namespace olt_host {
 
 namespace {
 
-// The ids that the library gives to profiles without one.
-constexpr unsigned int kFirstGivenId = 30001;
-constexpr unsigned int kLastGivenId = 65533;
-
 // Port types; a data UNI is a LAN port or a port of the second kind.
 constexpr std::uint16_t kLanPort = 3;
 constexpr std::uint16_t kOtherDataUni = 7;
@@ -194,8 +190,9 @@ void CheckKind(const Catalogue& catalogue, const AbilityEntry& ability) {
     throw InputError(ability.position, "code " + std::to_string(ability.code) + " is not defined",
                      "a code that is defined under codes");
   }
-  if (ability.kind != AbilityKind::kAny &&
-      code->HoldsText() != (ability.kind == AbilityKind::kText)) {
+  const bool is_text =
+      ability.kind == AbilityKind::kAny ? ability.holds_text : ability.kind == AbilityKind::kText;
+  if (code->HoldsText() != is_text) {
     throw InputError(ability.position,
                      CodeText(*code) + " holds a " + (code->HoldsText() ? "text" : "number") +
                          " since " + RelativeText(code->position, ability.position),

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "catalogue/catalogue_profile.h"
 #include "onu_ability_common_table.h"
 
 namespace olt_host {
@@ -42,22 +43,7 @@ void SetKeyAbilityCode(unsigned short code) {
 }
 
 void LoadProfile(const ProfileEntry& entry, ONU_ABILITY_ENUM_PROFILE_TYPE type) {
-  OnuAbilityProfile profile;
-  profile.Init(type, ONU_ABILITY_PROFILE_SOURCE_DEFAULT, ONU_ABILITY_MATCH_TYPE_EXACT);
-  profile._id = entry.id;
-  profile.Add(entry.key);
-  for (const AbilityEntry& ability : entry.abilities) {
-    switch (ability.kind) {
-      case AbilityKind::kNumber:
-        profile.Add(ability.code, ability.number);
-        break;
-      case AbilityKind::kText:
-        profile.Add(ability.code, ability.text);
-        break;
-      case AbilityKind::kAny:
-        break;  // a pattern without the code takes every value of it
-    }
-  }
+  OnuAbilityProfile profile = MakeProfile(entry, type);
   const unsigned int status = OnuAbilityTableManager::GetInstance()->Add(profile);
   if (status != ONU_ABILITY_RET_OK) {
     throw LoadError(ToText(entry.position) + ": the library refused the profile with key " +

@@ -58,7 +58,10 @@ bool Holds(const OnuAbilityProfile& profile, const AbilityEntry& ability) {
     case AbilityKind::kAny:
       break;
   }
-  return status == ONU_ABILITY_RET_NOT_FOUND;
+  return status == ONU_ABILITY_RET_OK &&
+         (ability.holds_text ? value.ability_value_type == ONU_ABILITY_VALUE_TYPE_STRING &&
+                                   value.ability_string_value.empty()
+                             : value.ability_ushort_value == kAnyNumber);
 }
 
 void VerifyProfiles(const SourcePosition& beginning, const std::vector<ProfileEntry>& entries,

@@ -15,8 +15,8 @@ class LoadError : public std::runtime_error {
 };
 
 // Throws LoadError for the first attribute, code or profile of the catalogue
-// that the library does not hold as stated. A number equal to the default of
-// its table (0, or 0xFFFFFFFF in a pattern) is not stored, which is the same.
+// that the library does not hold as stated. The number 0 is not stored in a real
+// profile, where it is the default, which is the same.
 void VerifyLoaded(const Catalogue& catalogue);
 
 }  // namespace olt_host

@@ -41,6 +41,8 @@ class YamlView {
   // Fails with "NAME is VALUE".
   [[noreturn]] void FailValue(const std::string& expectation) const;
 
+  // Whether nothing stands there, or only null or ~.
+  bool IsEmpty() const { return _node.IsNull(); }
   // Whether the value is this word, written without quotes.
   bool IsWord(const std::string& word) const;
   // Whether the value is a number as Number takes them, whatever its range.

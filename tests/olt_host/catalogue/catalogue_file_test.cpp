@@ -234,9 +234,25 @@ TEST_F(CatalogueFile, AnyInQuotesIsAText) {
   EXPECT_EQ(ErrorWith("VENDOR_ID: ACME", "VENDOR_ID: \"any\""), "no error");
 }
 
-TEST_F(CatalogueFile, EmptyTextWhichTheLibraryWouldDrop) {
-  EXPECT_EQ(ErrorWith("VENDOR_ID: ACME", "VENDOR_ID: \"\""),
-            "c.yaml:12: VENDOR_ID is an empty text; expected a text, or no entry at all");
+TEST_F(CatalogueFile, EmptyTextThatNoPatternCanAskFor) {
+  EXPECT_EQ(ErrorWith("abilities: {GE_PORTS: any}", "abilities: {VENDOR_ID: \"\"}"),
+            "c.yaml:14: VENDOR_ID is an empty text, which no pattern can ask for; "
+            "expected a text, any (fits every value) or no entry (not compared)");
+  EXPECT_EQ(ErrorWith("VENDOR_ID: ACME", "VENDOR_ID: \"\""), "no error");
+}
+
+TEST_F(CatalogueFile, NothingBehindTheColonSaysWhatToWriteInstead) {
+  EXPECT_EQ(ErrorWith("GE_PORTS: any", "GE_PORTS: "),
+            "c.yaml:14: GE_PORTS is empty; "
+            "expected a number, any (fits every value) or no entry (not compared)");
+  EXPECT_EQ(ErrorWith("GE_PORTS: any", "VENDOR_ID: ~"),
+            "c.yaml:14: VENDOR_ID is empty; "
+            "expected a text, any (fits every value) or no entry (not compared)");
+  EXPECT_EQ(ErrorWith("GE_PORTS: 4", "GE_PORTS: null"),
+            "c.yaml:12: GE_PORTS is empty; expected a number, 0 (none) or no entry (not known)");
+  EXPECT_EQ(ErrorWith("VENDOR_ID: ACME", "VENDOR_ID: "),
+            "c.yaml:12: VENDOR_ID is empty; "
+            "expected a text, \"\" (an empty one) or no entry (not known)");
 }
 
 TEST_F(CatalogueFile, TextLongerThanTheBuffers) {

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "catalogue/catalogue_profile.h"
 #include "catalogue/catalogue_reader.h"
 #include "catalogue/load_verification.h"
 #include "host_files.h"
@@ -22,6 +23,21 @@ class CatalogueLoader : public testing::Test {
     std::vector<OnuAbilityProfile> profiles;
     OnuAbilityTableManager::GetInstance()->GetAll(type, ONU_ABILITY_PROFILE_SOURCE_ALL, profiles);
     return profiles;
+  }
+
+  static void ExpectSame(const std::vector<OnuAbilityProfile>& made,
+                         const std::vector<OnuAbilityProfile>& stored) {
+    ASSERT_EQ(made.size(), stored.size());
+    for (std::size_t i = 0; i < made.size(); ++i) {
+      EXPECT_EQ(made[i]._id, stored[i]._id);
+      EXPECT_EQ(made[i]._common_ability_num, stored[i]._common_ability_num);
+      EXPECT_EQ(made[i]._flag_match_type, stored[i]._flag_match_type);
+      EXPECT_EQ(made[i]._key_ability_code, stored[i]._key_ability_code);
+      ASSERT_EQ(made[i]._common_ability.size(), stored[i]._common_ability.size());
+      for (const auto& [code, value] : stored[i]._common_ability) {
+        EXPECT_EQ(made[i].IsEqual(code, value), 1U) << "code " << code << " of profile " << i;
+      }
+    }
   }
 
   std::string VerificationError(const olt_host::Catalogue& catalogue) {
@@ -84,12 +100,72 @@ TEST_F(CatalogueLoader, StoresNumbersTextsAndTotals) {
   EXPECT_STREQ(name, "SFU-4FE");
 }
 
-TEST_F(CatalogueLoader, LeavesOutDefaultsOfRealProfilesAndWildcardsOfPatterns) {
+TEST_F(CatalogueLoader, LeavesOutDefaultsOfRealProfiles) {
   olt_host::LoadCatalogue(Small());
   EXPECT_FALSE(Stored(ONU_ABILITY_PROFILE_TYPE_REAL).at(0).IsExist(1002));
-  EXPECT_FALSE(Stored(ONU_ABILITY_PROFILE_TYPE_MATCH).at(1).IsExist(24));
   // In a pattern 0 is a value like others.
   EXPECT_TRUE(Stored(ONU_ABILITY_PROFILE_TYPE_MATCH).at(2).IsExist(47));
+}
+
+// A catalogue with one pattern and one real profile of these abilities.
+std::string TextCatalogue(const std::string& real, const std::string& match) {
+  return "catalogue: {name: a, version: b}\n"
+         "attributes: [{id: 1, name: CONFIRM_TYPE}, {id: 4, name: PORT}, {id: 5, name: "
+         "VALUE_TYPE}]\n"
+         "codes:\n"
+         "  - {code: 47, name: GE_PORTS, attributes: {CONFIRM_TYPE: 1}}\n"
+         "  - {code: 1082, name: VENDOR_ID, attributes: {CONFIRM_TYPE: 1, VALUE_TYPE: string}}\n"
+         "  - {code: 1085, name: KEY}\n"
+         "real_profiles: [{key: 7, abilities: " +
+         real + "}]\nmatch_profiles: [{key: 7, abilities: " + match + "}]\n";
+}
+
+TEST_F(CatalogueLoader, AbsentWildcardAndValueOfAPatternAreThreeThings) {
+  const TemporaryDirectory directory;
+  const auto load = [&](const std::string& match) {
+    const CleanLibrary library;
+    olt_host::LoadCatalogue(
+        olt_host::ReadCatalogue(directory.Write("c.yaml", TextCatalogue("{}", match))));
+    return Stored(ONU_ABILITY_PROFILE_TYPE_MATCH).front();
+  };
+  const OnuAbilityProfile absent = load("{}");
+  EXPECT_FALSE(absent.IsExist(47));
+  EXPECT_FALSE(absent.IsExist(1082));
+  EXPECT_EQ(absent == std::string("ZKWM"), 0U);
+  const OnuAbilityProfile wildcard = load("{GE_PORTS: any, VENDOR_ID: any}");
+  EXPECT_EQ(wildcard.IsEqual(47, 0xFFFFFFFFU), 1U);
+  EXPECT_EQ(wildcard.IsEqual(1082, std::string()), 1U);
+  EXPECT_EQ(wildcard == std::string("ZKWM"), 1U);
+  EXPECT_EQ(wildcard._common_ability_num, 3U);
+  const OnuAbilityProfile value = load("{GE_PORTS: 0, VENDOR_ID: ACME}");
+  EXPECT_EQ(value.IsEqual(47, 0U), 1U);
+  EXPECT_EQ(value == std::string("ZKWM"), 0U);
+}
+
+TEST_F(CatalogueLoader, EmptyTextOfARealProfileIsHeldAndAnAbsentOneIsNot) {
+  const TemporaryDirectory directory;
+  olt_host::LoadCatalogue(
+      olt_host::ReadCatalogue(directory.Write("c.yaml", TextCatalogue("{VENDOR_ID: \"\"}", "{}"))));
+  std::string vendor = "untouched";
+  const OnuAbilityProfile real = Stored(ONU_ABILITY_PROFILE_TYPE_REAL).front();
+  EXPECT_EQ(real.Get(1082, vendor), ONU_ABILITY_RET_OK);
+  EXPECT_EQ(vendor, "");
+  EXPECT_EQ(real.Get(47, vendor), ONU_ABILITY_RET_NOT_FOUND);
+}
+
+// What a reload works out beforehand is what loading gives.
+TEST_F(CatalogueLoader, TablesMadeBesideTheLibraryAreThoseItLoads) {
+  for (const std::string& file :
+       {Fixture("small_catalogue.yaml"), std::string(OLT_HOST_SHIPPED_DATA) + "/catalogue.yaml"}) {
+    const CleanLibrary library;
+    const olt_host::Catalogue catalogue = olt_host::ReadCatalogue(file);
+    olt_host::LoadCatalogue(catalogue);
+    const auto& codes = OnuAbilityCodeInfo::GetInstance()->Get();
+    ExpectSame(olt_host::MakeTable(catalogue.real_profiles, ONU_ABILITY_PROFILE_TYPE_REAL, codes),
+               Stored(ONU_ABILITY_PROFILE_TYPE_REAL));
+    ExpectSame(olt_host::MakeTable(catalogue.match_profiles, ONU_ABILITY_PROFILE_TYPE_MATCH, codes),
+               Stored(ONU_ABILITY_PROFILE_TYPE_MATCH));
+  }
 }
 
 TEST_F(CatalogueLoader, AnotherKeyAbilityCodeIsSeenByTheTables) {

@@ -1,0 +1,33 @@
+// The library's profile for an entry of a catalogue.
+//
+// In the library as in the file three things differ: a code that is not held, the
+// wildcard, which is held as 0xFFFFFFFF or the empty text and fits everything, and
+// a value, which in a real profile may be an empty text. A real profile does not
+// hold the number 0, its default: absent and 0 read alike there.
+#ifndef OLT_HOST_CATALOGUE_CATALOGUE_PROFILE_H
+#define OLT_HOST_CATALOGUE_CATALOGUE_PROFILE_H
+
+#include <vector>
+
+#include "catalogue/catalogue.h"
+#include "onu_ability_common_table.h"
+
+namespace olt_host {
+
+// A default profile without derived totals, and without id unless the entry states
+// one. Asks the registry for the key ability code only.
+OnuAbilityProfile MakeProfile(const ProfileEntry& entry, ONU_ABILITY_ENUM_PROFILE_TYPE type);
+
+// The totals and the count as the library will keep them once the registry holds
+// `codes`.
+void DeriveTotals(OnuAbilityProfile& profile, const std::vector<ONU_ABILITY_CODE_ATTR_INFO>& codes);
+
+// The profiles of a table as loading `entries` into an empty one gives them: ids,
+// totals and order.
+std::vector<OnuAbilityProfile> MakeTable(const std::vector<ProfileEntry>& entries,
+                                         ONU_ABILITY_ENUM_PROFILE_TYPE type,
+                                         const std::vector<ONU_ABILITY_CODE_ATTR_INFO>& codes);
+
+}  // namespace olt_host
+
+#endif  // OLT_HOST_CATALOGUE_CATALOGUE_PROFILE_H
