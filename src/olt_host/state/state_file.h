@@ -6,6 +6,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "catalogue/catalogue.h"
 #include "state/library_state.h"
@@ -24,15 +25,17 @@ std::string EncodeState(const LibraryState& state, const Catalogue& catalogue);
 
 // Writes `content` so that, whatever happens, `file` holds it or what it held
 // before, whole: written aside, flushed to disk, renamed. What the file held
-// before is kept as FILE.bak. Throws StateError.
+// before is kept as FILE.bak. Throws StateError, the file as it was.
 void WriteStateFile(const std::string& file, const std::string& content);
 
 // The library's state after the state file `file` over `catalogue`: the profiles
-// of source 0 and everything else that no operator changed as `current` has it.
-// Checks everything by the rules for catalogues; throws StateError. Changes
-// nothing.
+// of source 0 as `current` has them, what operators changed as the file has it,
+// everything else as the catalogue has it. Adds to `remarks`, when it is not null,
+// what could not be taken as it stands and is no reason to refuse the file.
+// Checks everything first; throws StateError. Changes nothing.
 LibraryState ReadStateFile(const std::string& file, const Catalogue& catalogue,
-                           const LibraryState& current);
+                           const LibraryState& current,
+                           std::vector<std::string>* remarks = nullptr);
 
 }  // namespace olt_host
 
