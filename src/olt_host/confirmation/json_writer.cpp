@@ -31,6 +31,8 @@ Json ExpectationJson(const Expectation& expect) {
   return json;
 }
 
+}  // namespace
+
 Json ResultJson(const ConfirmationResult& result) {
   Json json;
   json["place"] = result.place;
@@ -59,8 +61,6 @@ Json SummaryJson(const ConfirmationSummary& summary) {
   json["not_as_expected"] = summary.expectation_failed;
   return json;
 }
-
-}  // namespace
 
 void JsonWriter::Begin(const ConfirmationRun& run) {
   Json catalogue;

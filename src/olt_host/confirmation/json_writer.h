@@ -3,11 +3,16 @@
 #ifndef OLT_HOST_CONFIRMATION_JSON_WRITER_H
 #define OLT_HOST_CONFIRMATION_JSON_WRITER_H
 
+#include <nlohmann/json.hpp>
 #include <ostream>
 
 #include "confirmation/result_writer.h"
 
 namespace olt_host {
+
+// One result and one summary as they stand in the document.
+nlohmann::ordered_json ResultJson(const ConfirmationResult& result);
+nlohmann::ordered_json SummaryJson(const ConfirmationSummary& summary);
 
 class JsonWriter : public ResultWriter {
  public:
