@@ -49,8 +49,10 @@ class Matcher {
 
   // The line ends here.
   void End(Match& match) {
+    const Command* counted = nullptr;  // the readings of one command stand together
     for (Reading& reading : _readings) {
-      if (!reading.may_end || reading.command == match.command) continue;
+      if (!reading.may_end || reading.command == counted) continue;
+      counted = reading.command;
       _expected.push_back(reading.command->element->string);
       if (match.command != nullptr) continue;
       match.command = reading.command;

@@ -75,6 +75,19 @@ TEST(VtyMatcher, TwoCommandsOfTheSameSyntaxAreAmbiguous) {
   ExpectRefused(CommandSet({"go", "go"}), "go", MatchOutcome::kAmbiguous, 1, {"go", "go"});
 }
 
+TEST(VtyMatcher, AmbiguityNamesEachCommandOnce) {
+  ExpectRefused(CommandSet({"go <3-9>", "go [<string>|<3-9>]"}), "go 3", MatchOutcome::kAmbiguous,
+                2, {"go <3-9>", "go [<string>|<3-9>]"});
+}
+
+TEST(VtyMatcher, TellsWhetherTheLastWordIsAKeyword) {
+  const CommandSet commands({"show code <value>", "show log {[json]}*1", "show name <string>"});
+  EXPECT_TRUE(commands.Match("show log json").ends_in_keyword);
+  EXPECT_TRUE(commands.Match("show log").ends_in_keyword);
+  EXPECT_FALSE(commands.Match("show code 5").ends_in_keyword);
+  EXPECT_FALSE(commands.Match("show name json").ends_in_keyword);
+}
+
 TEST(VtyMatcher, GroupsRepeatFromNoneToTheirNumber) {
   const CommandSet commands({"set <value> {<value> [<0-9>|null]}*3"});
   ExpectArguments(commands, "set 1", {"1"});
