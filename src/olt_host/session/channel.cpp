@@ -87,6 +87,13 @@ bool Channel::TakeInterrupt() {
   return true;
 }
 
+bool Channel::AwaitEnd(Clock::time_point deadline) {
+  std::unique_lock<std::mutex> lock(_mutex);
+  return _changed.wait_until(lock, deadline, [this] {
+    return _closed || _finished || (_input_ended && _input_at == _input.size());
+  });
+}
+
 void Channel::Finish(const std::string& farewell) {
   {
     const std::lock_guard<std::mutex> lock(_mutex);

@@ -46,6 +46,10 @@ class Channel {
   // Whether Ctrl-C waits in the input. It is taken, and what was typed before it.
   bool TakeInterrupt();
 
+  // Waits until the session cannot get any more input, or `deadline`; true for the
+  // former.
+  bool AwaitEnd(Clock::time_point deadline);
+
   // After Finish: waits until everything queued has been drained. False when the
   // channel was closed before, or the client's patience ran out, which closes it.
   bool AwaitDrained();

@@ -1,21 +1,23 @@
 // Sessions whose lines nobody edits: a pipe, a file of commands.
-#ifndef OLT_HOST_CONSOLE_LINE_SESSION_H
-#define OLT_HOST_CONSOLE_LINE_SESSION_H
+#ifndef OLT_HOST_SESSION_LINE_SESSION_H
+#define OLT_HOST_SESSION_LINE_SESSION_H
 
+#include <cstddef>
 #include <istream>
-#include <string>
 
 #include "vty/terminal.h"
 
 namespace olt_host {
 
-// Whether an operator's line asks for nothing: blank, or a remark after '!'.
-bool IsRemark(const std::string& line);
+// A longer line is refused, and nothing of it is run.
+constexpr std::size_t kLongestLine = 4096;
 
-// Runs every line of `in` until it or the terminal ends. An error shows its
-// line behind "line N: ". Returns 1 when any line failed, 0 otherwise.
-int RunLines(std::istream& in, struct vty& terminal);
+// Runs every line of `in` until it or the terminal ends; with `check_only`, says
+// what is wrong with the lines and runs none. An error shows its line behind
+// "line N: ". Returns 1 when any line failed or `in` could not be read to its end,
+// 0 otherwise.
+int RunLines(std::istream& in, struct vty& terminal, bool check_only = false);
 
 }  // namespace olt_host
 
-#endif  // OLT_HOST_CONSOLE_LINE_SESSION_H
+#endif  // OLT_HOST_SESSION_LINE_SESSION_H

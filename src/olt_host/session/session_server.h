@@ -21,6 +21,8 @@ struct SessionLimits {
   std::size_t sessions = 16;
   std::size_t line_bytes = 4096;  // a longer line is refused whole
   std::chrono::seconds exec_timeout = std::chrono::minutes(10);
+  std::chrono::milliseconds login_time = std::chrono::minutes(1);   // for the whole login
+  std::chrono::milliseconds login_delay = std::chrono::seconds(1);  // doubled every time
 };
 
 // Where a session comes from.
@@ -43,16 +45,19 @@ struct SessionInfo {
 class SessionServer {
  public:
   // `users` may be null when no origin must log in. All must outlive the server.
+  // Sets the process's LC_CTYPE to UTF-8.
   SessionServer(unsigned int node, CommandThread& commands, const Users* users,
                 const SessionLimits& limits);
-  // Closes every session and waits for their threads.
+  // Closes every session and waits for their threads, a moment also for farewells
+  // to be sent. REQUIRES: `commands` is stopped, or served by another thread.
   ~SessionServer();
   SessionServer(const SessionServer&) = delete;
   SessionServer& operator=(const SessionServer&) = delete;
 
   // Starts a session, which ends with its channel. When all places are taken or the
   // server is stopping, the client is told so and the channel is finished; false
-  // then. `ended` (may be empty) runs on the session's thread as its last act.
+  // then, and `ended` is not called. `ended` (may be empty) runs on the session's
+  // thread as its last act, when everything has been sent or the client is given up.
   // From any thread; never waits for a client.
   bool Start(std::shared_ptr<Channel> channel, const SessionOrigin& origin,
              std::function<void()> ended = {});
@@ -60,7 +65,8 @@ class SessionServer {
   // From any thread.
   std::vector<SessionInfo> Sessions() const;
 
-  // Closes all sessions, after the message when it is not empty. Returns at once.
+  // Ends all sessions, with the message on a line of its own when it is not empty,
+  // and takes no more of them. Returns at once; a command in hand is still run.
   void CloseAll(const std::string& message);
 
  private:

@@ -32,6 +32,9 @@ class Users {
     std::string hash;
     Access access = Access::kReadOnly;
   };
+  // Takes a line of the file; why it cannot be taken, empty when it was.
+  std::string Add(const std::string& line);
+
   std::map<std::string, User> _users;
 };
 

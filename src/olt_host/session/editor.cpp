@@ -1,0 +1,385 @@
+#include "session/editor.h"
+
+#include <histedit.h>
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <cwchar>
+#include <stdexcept>
+#include <utility>
+
+#include "session/columns.h"
+#include "session/editor_terminal.h"
+#include "session/editor_turn.h"
+#include "session/escape_sequences.h"
+
+namespace olt_host {
+namespace {
+
+constexpr int kLinesRemembered = 500;
+constexpr std::size_t kMostUnsent = 32U << 10U;
+constexpr std::chrono::milliseconds kTypeArrives{1000};
+// A sequence of a terminal arrives at once; an ESC that somebody types does not.
+constexpr std::chrono::milliseconds kSequenceArrives{200};
+constexpr std::size_t kLongestType = 40;
+
+std::size_t Utf8Size(wchar_t character) {
+  if (character < 0x80) return 1;
+  if (character < 0x800) return 2;
+  return character < 0x10000 ? 3 : 4;
+}
+
+std::size_t Columns(const wchar_t* begin, const wchar_t* end) {
+  std::size_t columns = 0;
+  for (; begin != end; ++begin) columns += static_cast<std::size_t>(std::max(0, wcwidth(*begin)));
+  return columns;
+}
+
+// Whether what is typed behind `text` belongs to a quoted word or a remark.
+bool TakesAnyText(const std::string& text) {
+  const std::size_t first = text.find_first_not_of(" \t");
+  if (first != std::string::npos && text[first] == '!') return true;
+  bool quoted = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '"') quoted = !quoted;
+    if (text[i] == '\\' && quoted) ++i;
+  }
+  return quoted;
+}
+
+// Names of terminals go into the path of a file.
+bool IsTypeName(const std::string& type) {
+  return !type.empty() && type.size() <= kLongestType && type.front() != '.' &&
+         std::all_of(type.begin(), type.end(), [](unsigned char c) {
+           return c < 0x80 && (std::isalnum(c) != 0 ||
+                               std::string("-+._").find(static_cast<char>(c)) != std::string::npos);
+         });
+}
+
+std::string Lower(std::string text) {
+  for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return text;
+}
+
+struct Binding {
+  const char* key;
+  const char* function;
+};
+
+// Beside what emacs keys are anyway. Taken away are functions that run commands of
+// the library itself, or repeat a key a million times.
+constexpr std::array<Binding, 29> kBindings = {{
+    {"^I", "host-complete"},       {"?", "host-help"},
+    {"^C", "host-interrupt"},      {"^D", "host-delete-or-end"},
+    {"^_", "ed-delete-next-char"}, {"^H", "em-delete-prev-char"},
+    {"^?", "em-delete-prev-char"}, {"^W", "ed-delete-prev-word"},
+    {"^R", "em-inc-search-prev"},  {"^S", "em-inc-search-next"},
+    {"^L", "ed-clear-screen"},     {"^O", "ed-unassigned"},
+    {"^Q", "ed-unassigned"},       {"^V", "ed-unassigned"},
+    {"^Z", "ed-unassigned"},       {"^]", "ed-unassigned"},
+    {"^\\", "ed-unassigned"},      {"\\ex", "ed-unassigned"},
+    {"\\eX", "ed-unassigned"},     {"\\e0", "ed-unassigned"},
+    {"\\e1", "ed-unassigned"},     {"\\e2", "ed-unassigned"},
+    {"\\e3", "ed-unassigned"},     {"\\e4", "ed-unassigned"},
+    {"\\e5", "ed-unassigned"},     {"\\e6", "ed-unassigned"},
+    {"\\e7", "ed-unassigned"},     {"\\e8", "ed-unassigned"},
+    {"\\e9", "ed-unassigned"},
+}};
+
+}  // namespace
+
+// What the editor's library keeps for one session.
+struct Editor::Library {
+  EditorTerminal terminal;
+  std::string type;  // the library keeps a pointer to it
+  History* history = nullptr;
+  EditLine* line = nullptr;
+
+  ~Library() {
+    const EditorTurn turn;
+    if (line != nullptr) el_end(line);
+    if (history != nullptr) history_end(history);
+  }
+
+  void SetType(const std::string& named) {
+    const std::array<std::string, 4> types = {named, Lower(named), "vt100", "dumb"};
+    for (const std::string& candidate : types) {
+      // The library does not edit on a terminal of this name.
+      if (!IsTypeName(candidate) || candidate == "emacs") continue;
+      type = candidate;
+      if (el_set(line, EL_TERMINAL, type.c_str()) == 0) return;
+    }
+  }
+};
+
+// What the library calls. No exception may pass through it.
+struct Editor::Callbacks {
+  static Editor& Of(EditLine* line) {
+    Editor* editor = nullptr;
+    el_get(line, EL_CLIENTDATA, &editor);
+    return *editor;
+  }
+
+  static char* Prompt(EditLine* line) { return Of(line)._prompt.data(); }
+
+  static int NextKey(EditLine* line, wchar_t* key) {
+    Editor& editor = Of(line);
+    const EditorTurn::Pause pause;
+    try {
+      char32_t next = 0;
+      if (!editor.NextKey(next)) return 0;
+      *key = static_cast<wchar_t>(next);
+      return 1;
+    } catch (const std::exception&) {
+      editor._outcome = Outcome::kEnd;
+      return 0;
+    }
+  }
+
+  template <unsigned char (Editor::*function)()>
+  static unsigned char Call(EditLine* line, wint_t) {
+    try {
+      return (Of(line).*function)();
+    } catch (const std::exception&) {
+      return CC_ERROR;
+    }
+  }
+
+  static unsigned char Interrupt(EditLine* line, wint_t) {
+    Editor& editor = Of(line);
+    editor._outcome = Outcome::kInterrupted;
+    std::fputs("^C", editor._library->terminal.stream());
+    editor.LeaveLine();
+    return CC_EOF;
+  }
+
+  static unsigned char DeleteOrEnd(EditLine* line, wint_t) {
+    const LineInfoW* const info = el_wline(line);
+    if (info->buffer == info->lastchar) {
+      Of(line)._outcome = Outcome::kEnd;
+      return CC_EOF;
+    }
+    if (info->cursor == info->lastchar) return CC_ERROR;
+    el_cursor(line, 1);
+    el_deletestr(line, 1);
+    return CC_REFRESH;
+  }
+};
+
+Editor::Editor(Channel& channel, KeyReader& keys, std::size_t line_bytes, Helpers helpers)
+    : _channel(channel),
+      _keys(keys),
+      _line_bytes(line_bytes),
+      _helpers(std::move(helpers)),
+      _library(std::make_unique<Library>()) {
+  _channel.AwaitTerminalType(Channel::Clock::now() + kTypeArrives);
+  const EditorTurn turn;
+  const EditorTerminal& terminal = _library->terminal;
+  std::FILE* const stream = terminal.stream();
+  const int descriptor = terminal.descriptor();
+  _library->history = history_init();
+  _library->line =
+      el_init_fd("olt_host", stream, stream, stream, descriptor, descriptor, descriptor);
+  EditLine* const line = _library->line;
+  if (line == nullptr || _library->history == nullptr) {
+    throw std::runtime_error("cannot start the line editor");
+  }
+  HistEvent event;
+  history(_library->history, &event, H_SETSIZE, kLinesRemembered);
+  history(_library->history, &event, H_SETUNIQUE, 1);
+  el_set(line, EL_CLIENTDATA, this);
+  el_set(line, EL_GETCFN, Callbacks::NextKey);
+  el_set(line, EL_PROMPT, Callbacks::Prompt);
+  el_set(line, EL_EDITOR, "emacs");
+  el_set(line, EL_HIST, history, _library->history);
+  _library->SetType(_channel.terminal_type());
+  // The wide form: the other one copies the names and never frees them.
+  el_wset(line, EL_ADDFN, L"host-complete", L"", Callbacks::Call<&Editor::Complete>);
+  el_wset(line, EL_ADDFN, L"host-help", L"", Callbacks::Call<&Editor::Help>);
+  el_wset(line, EL_ADDFN, L"host-interrupt", L"", Callbacks::Interrupt);
+  el_wset(line, EL_ADDFN, L"host-delete-or-end", L"", Callbacks::DeleteOrEnd);
+  for (const Binding& binding : kBindings) {
+    el_set(line, EL_BIND, binding.key, binding.function, nullptr);
+  }
+  _library->terminal.TakeOutput();  // complaints about the terminal's type
+}
+
+Editor::~Editor() = default;
+
+Editor::Outcome Editor::Read(const std::string& prompt, std::string& line) {
+  _prompt = prompt;
+  _outcome = Outcome::kLine;
+  _full = false;
+  _too_long = false;
+  _library->terminal.SetWindow(_channel.window());
+  {
+    const EditorTurn turn;
+    el_resize(_library->line);
+    int length = 0;
+    const char* const text = el_gets(_library->line, &length);
+    if (text != nullptr && length > 0) {
+      line.assign(text, static_cast<std::size_t>(length));
+    } else if (_outcome == Outcome::kLine) {
+      _outcome = Outcome::kEnd;
+    }
+  }
+  if (!SendOutput()) return Outcome::kEnd;
+  if (_outcome != Outcome::kLine) return _outcome;
+  while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) line.pop_back();
+  if (line.empty()) return Outcome::kLine;
+  return _too_long || line.size() > _line_bytes ? Outcome::kTooLong : Outcome::kLine;
+}
+
+void Editor::Remember(const std::string& line) {
+  const EditorTurn turn;
+  HistEvent event;
+  history(_library->history, &event, H_ENTER, line.c_str());
+}
+
+// A key for the library. Not on its turn.
+bool Editor::NextKey(char32_t& key) {
+  while (true) {
+    if (!_pending.empty()) {
+      key = _pending.front();
+      _pending.pop_front();
+      return true;
+    }
+    if (!ReadKey(key)) return false;
+    if (key == kEscape) {
+      if (!ReadSequence()) return false;
+    } else if (!Swallows(key)) {
+      return true;
+    }
+  }
+}
+
+// What is on the way to the screen is sent before the client is waited for.
+bool Editor::ReadKey(char32_t& key) {
+  if (_library->terminal.output_size() > kMostUnsent && !SendOutput()) return false;
+  KeyReader::Result result = _keys.Read(key, Channel::Clock::now());
+  if (result == KeyReader::Result::kTimedOut) {
+    if (!SendOutput()) return false;
+    result = _keys.Read(key);
+  }
+  if (result == KeyReader::Result::kTimedOut) _outcome = Outcome::kTimedOut;
+  if (result == KeyReader::Result::kClosed) _outcome = Outcome::kEnd;
+  return result == KeyReader::Result::kKey;
+}
+
+// Behind ESC: makes pending what was meant. False at the end of the input.
+bool Editor::ReadSequence() {
+  EscapeSequence sequence;
+  bool introduced = false;
+  _full = false;
+  if (!SendOutput()) return false;
+  while (true) {
+    char32_t key = 0;
+    const KeyReader::Result result = _keys.Read(key, Channel::Clock::now() + kSequenceArrives);
+    if (result == KeyReader::Result::kClosed) {
+      _outcome = Outcome::kEnd;
+      return false;
+    }
+    if (result == KeyReader::Result::kTimedOut) {
+      if (!introduced) _pending.push_back(kEscape);
+      return true;
+    }
+    if (key == kEscape) {
+      sequence = EscapeSequence();
+      introduced = false;
+    } else if (key < 0x20) {
+      _pending.push_back(key);
+      return true;
+    } else if (!introduced && key != U'[' && key != U'O') {
+      _pending.assign({kEscape, key});
+      return true;
+    } else {
+      introduced = true;
+      if (!sequence.Add(key)) continue;
+      const std::u32string keys = sequence.keys();
+      _pending.assign(keys.begin(), keys.end());
+      return true;
+    }
+  }
+}
+
+// Whether there is no room for a character that would stand in the line.
+bool Editor::Swallows(char32_t key) {
+  const LineInfoW* const info = el_wline(_library->line);
+  if (info->buffer == info->lastchar) _too_long = false;
+  if (key < 0x20 || key == 0x7F) {
+    _full = false;
+    return false;
+  }
+  if (!_full) {
+    std::size_t bytes = Utf8Size(static_cast<wchar_t>(key));
+    for (const wchar_t* at = info->buffer; at != info->lastchar; ++at) bytes += Utf8Size(*at);
+    _full = bytes > _line_bytes;
+    if (!_full) return false;
+  }
+  if (!_too_long) std::fputs("\a", _library->terminal.stream());
+  _too_long = true;
+  return true;
+}
+
+bool Editor::SendOutput() {
+  const std::string output = _library->terminal.TakeOutput();
+  return output.empty() || _channel.Write(output.data(), output.size());
+}
+
+unsigned char Editor::Complete() {
+  const LineInfo* const info = el_line(_library->line);
+  const std::string text(info->buffer, info->cursor);
+  Completion completion;
+  {
+    const EditorTurn::Pause pause;
+    completion = _helpers.complete(text);
+  }
+  if (!completion.insert.empty()) {
+    const bool inserted = el_insertstr(_library->line, completion.insert.c_str()) == 0;
+    return inserted ? CC_REFRESH : CC_ERROR;
+  }
+  if (completion.candidates.empty()) return CC_ERROR;
+  return ShowUnderLine(InColumns(completion.candidates, _library->terminal.columns()));
+}
+
+unsigned char Editor::Help() {
+  const LineInfo* const info = el_line(_library->line);
+  const std::string text(info->buffer, info->cursor);
+  if (TakesAnyText(text)) return el_insertstr(_library->line, "?") == 0 ? CC_REFRESH : CC_ERROR;
+  std::string help;
+  {
+    const EditorTurn::Pause pause;
+    help = _helpers.help(text);
+  }
+  return help.empty() ? static_cast<unsigned char>(CC_ERROR) : ShowUnderLine(help);
+}
+
+unsigned char Editor::ShowUnderLine(const std::string& lines) {
+  LeaveLine();
+  Outcome outcome = Outcome::kEnd;
+  {
+    const EditorTurn::Pause pause;
+    if (SendOutput()) outcome = _helpers.show(lines);
+  }
+  if (outcome != Outcome::kLine) {
+    _outcome = outcome;
+    return CC_EOF;
+  }
+  el_set(_library->line, EL_REFRESH);
+  return CC_NORM;
+}
+
+// Moves the cursor to the start of the row behind the line, which may have wrapped.
+// The library does not learn of it.
+void Editor::LeaveLine() {
+  const LineInfoW* const info = el_wline(_library->line);
+  const std::size_t width = _library->terminal.columns();
+  const std::size_t before = _prompt.size() + Columns(info->buffer, info->cursor);
+  const std::size_t all = before + Columns(info->cursor, info->lastchar);
+  for (std::size_t row = before / width; row <= all / width; ++row) {
+    std::fputs("\n", _library->terminal.stream());
+  }
+}
+
+}  // namespace olt_host

@@ -1,0 +1,179 @@
+#include "session/session.h"
+
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+#include "platform/log_sink.h"
+#include "session/login.h"
+#include "vty/completion.h"
+#include "vty/execute.h"
+#include "vty/line_help.h"
+
+namespace olt_host {
+namespace {
+
+constexpr std::size_t kLinesRemembered = 500;
+constexpr std::size_t kMostOutput = 64U << 20U;
+constexpr const char* kCutMessage = "% Output cut: more than 64 MiB\r\n";
+constexpr const char* kBanner = "ONU ability console of olt_host " OLT_HOST_VERSION
+                                ": ? or \"help\" for help, \"exit\" or Ctrl-D to leave.\r\n";
+
+}  // namespace
+
+Session::Session(const SessionSetting& setting, unsigned int number, Channel& channel,
+                 const SessionOrigin& origin)
+    : _setting(setting),
+      _channel(channel),
+      _must_log_in(origin.must_log_in),
+      _keys(channel),
+      _pager(channel, _keys),
+      _terminal(setting.node,
+                [this](const char* bytes, std::size_t length) { return Capture(bytes, length); }) {
+  _info.number = number;
+  _info.user = origin.must_log_in ? "" : origin.user;
+  _info.origin = origin.origin;
+  _info.since = std::chrono::system_clock::now();
+}
+
+SessionInfo Session::info() const {
+  const std::lock_guard<std::mutex> lock(_mutex);
+  SessionInfo info = _info;
+  info.idle = _keys.idle();
+  return info;
+}
+
+void Session::Run() {
+  if (_must_log_in && !PassLogin()) return;
+  SessionSettings& settings = _terminal.settings();
+  const SessionInfo info = this->info();
+  settings.number = info.number;
+  settings.user = info.user;
+  settings.origin = info.origin;
+  settings.access = info.access;
+  settings.exec_timeout = _setting.limits.exec_timeout;
+  _prompt = info.access == Access::kFull ? "olt> " : "olt(read-only)> ";
+  if (Say(kBanner)) ReadAndRunLines();
+}
+
+bool Session::PassLogin() {
+  if (_setting.users == nullptr) {
+    Say("% Nobody may log in here\r\n");
+    return false;
+  }
+  const std::optional<Login> login = LogIn(
+      _channel, _keys, *_setting.users, {_setting.limits.login_time, _setting.limits.login_delay});
+  const std::lock_guard<std::mutex> lock(_mutex);
+  if (!login) return false;
+  _info.user = login->user;
+  _info.access = login->access;
+  return true;
+}
+
+void Session::ReadAndRunLines() {
+  Editor::Helpers helpers;
+  helpers.complete = [this](const std::string& text) {
+    Completion completion;
+    _setting.commands.Run([&] { completion = Complete(_setting.node, text); });
+    return completion;
+  };
+  helpers.help = [this](const std::string& text) {
+    std::string help;
+    _setting.commands.Run([&] {
+      std::string error;
+      const std::vector<HelpLine> lines = HelpFor(_setting.node, text, &error);
+      help = lines.empty() && !error.empty() ? "% " + error + "\r\n"
+                                             : RenderHelp(lines, _channel.window().columns);
+    });
+    return help;
+  };
+  helpers.show = [this](const std::string& lines) { return ShowPaged(lines); };
+  Editor editor(_channel, _keys, _setting.limits.line_bytes, std::move(helpers));
+  std::string line;
+  while (_terminal.alive()) {
+    FollowWindow();
+    _keys.SetIdleLimit(_terminal.settings().exec_timeout);
+    Editor::Outcome outcome = editor.Read(_prompt, line);
+    if (outcome == Editor::Outcome::kLine && !line.empty()) {
+      editor.Remember(line);
+      Remember(line);
+      outcome = RunLine(line);
+    } else if (outcome == Editor::Outcome::kTooLong) {
+      Say("% Line too long: the limit is " + std::to_string(_setting.limits.line_bytes) +
+          " bytes\r\n");
+    }
+    if (outcome == Editor::Outcome::kEnd) {
+      Say("\r\n");
+      return;
+    }
+    if (outcome == Editor::Outcome::kTimedOut) {
+      Say("\r\n% Session timed out\r\n");
+      return;
+    }
+  }
+}
+
+Editor::Outcome Session::RunLine(const std::string& line) {
+  std::string failure;
+  try {
+    const bool run = _setting.commands.Run([&] {
+      ExecuteLine(_terminal, _setting.node, line, LineEcho{true, _prompt});
+    });
+    if (!run) return Editor::Outcome::kEnd;
+  } catch (const std::exception& error) {
+    failure = std::string("% Internal error: ") + error.what() + "\r\n";
+    LogHostLine(0, "a command failed: " + std::string(error.what()));
+  }
+  FollowWindow();
+  _keys.SetIdleLimit(_terminal.settings().exec_timeout);
+  return ShowPaged(TakeCaptured() + failure);
+}
+
+Editor::Outcome Session::ShowPaged(const std::string& text) {
+  const Channel::Window window = _channel.window();
+  const std::size_t rows = window.rows == 0 ? 0 : _terminal.settings().screen_length;
+  switch (_pager.Show(text, rows, window.columns)) {
+    case Pager::Outcome::kTimedOut:
+      return Editor::Outcome::kTimedOut;
+    case Pager::Outcome::kClosed:
+      return Editor::Outcome::kEnd;
+    case Pager::Outcome::kShown:
+    case Pager::Outcome::kStopped:
+      break;
+  }
+  return Editor::Outcome::kLine;
+}
+
+void Session::Remember(const std::string& line) {
+  std::deque<std::string>& history = _terminal.settings().history;
+  if (!history.empty() && history.back() == line) return;
+  history.push_back(line);
+  if (history.size() > kLinesRemembered) history.pop_front();
+}
+
+// Output for a client that is gone is not kept.
+bool Session::Capture(const char* bytes, std::size_t length) {
+  if (_channel.closed()) return false;
+  const std::size_t taken = std::min(length, kMostOutput - _captured.size());
+  _captured.append(bytes, taken);
+  _captured_all = _captured_all && taken == length;
+  return true;
+}
+
+// What was captured, as whole lines.
+std::string Session::TakeCaptured() {
+  std::string text = std::exchange(_captured, std::string());
+  if (!text.empty() && text.back() != '\n') text += "\r\n";
+  if (!std::exchange(_captured_all, true)) text += kCutMessage;
+  return text;
+}
+
+// Until the operator sets a screen length, it is the window's.
+void Session::FollowWindow() {
+  unsigned int& length = _terminal.settings().screen_length;
+  if (length != _followed_length) return;
+  _followed_length = _channel.window().rows;
+  length = _followed_length;
+}
+
+}  // namespace olt_host
