@@ -60,6 +60,23 @@ void DeriveTotal(OnuAbilityProfile& profile, const CodeRecords& records,
 
 }  // namespace
 
+std::vector<ONU_ABILITY_CODE_ATTR_INFO> MakeCodes(const Catalogue& catalogue) {
+  std::vector<ONU_ABILITY_CODE_ATTR_INFO> codes;
+  codes.reserve(catalogue.codes.size());
+  for (const CodeEntry& entry : catalogue.codes) {
+    ONU_ABILITY_CODE_ATTR_INFO record;
+    record.ability_code = entry.code;
+    record.ability_name = entry.name;
+    record.ability_attr.clear();
+    for (const AttributeEntry& attribute : catalogue.attributes) {
+      record.ability_attr[static_cast<ONU_ABILITY_ENUM_ABILITY_ATTR_ID>(attribute.id)] =
+          entry.Attribute(attribute.id);
+    }
+    codes.push_back(record);
+  }
+  return codes;
+}
+
 OnuAbilityProfile MakeProfile(const ProfileEntry& entry, ONU_ABILITY_ENUM_PROFILE_TYPE type) {
   OnuAbilityProfile profile;
   profile.Init(type, ONU_ABILITY_PROFILE_SOURCE_DEFAULT, ONU_ABILITY_MATCH_TYPE_EXACT);

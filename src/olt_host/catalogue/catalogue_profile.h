@@ -1,4 +1,4 @@
-// The library's profile for an entry of a catalogue.
+// The library's records and profiles for the entries of a catalogue.
 //
 // In the library as in the file three things differ: a code that is not held, the
 // wildcard, which is held as 0xFFFFFFFF or the empty text and fits everything, and
@@ -13,6 +13,9 @@
 #include "onu_ability_common_table.h"
 
 namespace olt_host {
+
+// The code records as loading the catalogue makes them: a value for every attribute.
+std::vector<ONU_ABILITY_CODE_ATTR_INFO> MakeCodes(const Catalogue& catalogue);
 
 // A default profile without derived totals, and without id unless the entry states
 // one. Asks the registry for the key ability code only.
