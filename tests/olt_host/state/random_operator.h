@@ -89,7 +89,9 @@ class RandomOperator {
     return texts[Below(static_cast<unsigned int>(texts.size()))];
   }
 
-  std::string Key() { return OneOf({"1", "2", "3", "4", "5", "0", "70000", "4294967295"}); }
+  std::string Key() {
+    return OneOf({"1", "2", "3", "4", "5", "0", "70000", "4294967295", "1003", "1001"});
+  }
   std::string Code() {
     return OneOf({"24", "32", "47", "1001", "1002", "1012", "1080", "1081", "1082", "1083", "1085",
                   "2000", "2001", "2002", "65533", "65535"});

@@ -1,0 +1,228 @@
+// Replacing a state file: whatever happens in the middle, the old or the new one is
+// there, whole.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sched.h>
+#include <sys/file.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+
+#include <csignal>
+#include <filesystem>
+#include <functional>
+#include <iostream>
+#include <random>
+#include <set>
+
+#include "host_files.h"
+#include "state/file_descriptor.h"
+#include "state/state_file.h"
+
+namespace olt_host_test {
+namespace {
+
+using olt_host::WriteStateFile;
+
+// What a child process of the test ends with.
+constexpr int kDone = 0;
+constexpr int kNotAllowed = 77;
+
+// Runs `act` in a process of its own; its exit status.
+int InChild(const std::function<int()>& act) {
+  const pid_t child = fork();
+  if (child == 0) _exit(act());
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+class StateFileWriting : public testing::Test {
+ protected:
+  std::string File() const { return _directory.Path("olt.state"); }
+
+  std::set<std::string> Names() const {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(_directory.Path(""))) {
+      names.insert(entry.path().filename().string());
+    }
+    return names;
+  }
+
+  std::string WriteError(const std::string& content) const {
+    return ErrorOf([&] { WriteStateFile(File(), content); }, _directory);
+  }
+
+  mode_t ModeOf(const std::string& file) const {
+    struct stat status {};
+    EXPECT_EQ(stat(file.c_str(), &status), 0);
+    return status.st_mode & 07777U;
+  }
+
+  const TemporaryDirectory _directory;
+};
+
+TEST_F(StateFileWriting, MakesAFileThatOnlyItsGroupMayReadToo) {
+  umask(0);
+  WriteStateFile(File(), "one");
+  EXPECT_EQ(ReadFile(File()), "one");
+  EXPECT_EQ(ModeOf(File()), 0640U);
+  EXPECT_EQ(Names(), (std::set<std::string>{"olt.state"}));
+}
+
+TEST_F(StateFileWriting, KeepsTheModeOfTheFileAndTheLastContentAsABackup) {
+  WriteStateFile(File(), "one");
+  ASSERT_EQ(chmod(File().c_str(), 0604), 0);
+  WriteStateFile(File(), "two");
+  EXPECT_EQ(ReadFile(File()), "two");
+  EXPECT_EQ(ReadFile(File() + ".bak"), "one");
+  EXPECT_EQ(ModeOf(File()), 0604U);
+  WriteStateFile(File(), "three");
+  EXPECT_EQ(ReadFile(File()), "three");
+  EXPECT_EQ(ReadFile(File() + ".bak"), "two");
+  EXPECT_EQ(Names(), (std::set<std::string>{"olt.state", "olt.state.bak"}));
+}
+
+TEST_F(StateFileWriting, WritesBehindALinkAndLeavesTheLink) {
+  _directory.Write("real.state", "one");
+  std::filesystem::create_symlink("real.state", File());
+  WriteStateFile(File(), "two");
+  EXPECT_TRUE(std::filesystem::is_symlink(File()));
+  EXPECT_EQ(ReadFile(_directory.Path("real.state")), "two");
+  EXPECT_EQ(ReadFile(_directory.Path("real.state.bak")), "one");
+}
+
+TEST_F(StateFileWriting, ClearsAwayWhatAKilledProcessLeft) {
+  _directory.Write("olt.state", "one");
+  _directory.Write("olt.state.new", "half");
+  std::filesystem::create_hard_link(File(), File() + ".bak.new");
+  WriteStateFile(File(), "two");
+  EXPECT_EQ(ReadFile(File()), "two");
+  EXPECT_EQ(ReadFile(File() + ".bak"), "one");
+  EXPECT_EQ(Names(), (std::set<std::string>{"olt.state", "olt.state.bak"}));
+  // Between the backup and the renaming, both names are one file.
+  std::filesystem::remove(File() + ".bak");
+  std::filesystem::create_hard_link(File(), File() + ".bak");
+  WriteStateFile(File(), "three");
+  EXPECT_EQ(ReadFile(File() + ".bak"), "two");
+  EXPECT_EQ(Names(), (std::set<std::string>{"olt.state", "olt.state.bak"}));
+}
+
+TEST_F(StateFileWriting, DoesNotWriteThroughALinkThatSomebodyLeftAside) {
+  _directory.Write("victim", "precious");
+  std::filesystem::create_symlink("victim", File() + ".new");
+  WriteStateFile(File(), "one");
+  EXPECT_EQ(ReadFile(File()), "one");
+  EXPECT_EQ(ReadFile(_directory.Path("victim")), "precious");
+}
+
+TEST_F(StateFileWriting, KeepsAwayFromAFileThatAnotherProcessIsWriting) {
+  _directory.Write("olt.state", "one");
+  _directory.Write("olt.state.new", "half");
+  const olt_host::FileDescriptor other(open((File() + ".new").c_str(), O_RDONLY | O_CLOEXEC));
+  ASSERT_EQ(flock(other.get(), LOCK_EX), 0);
+  EXPECT_EQ(WriteError("two"), "olt.state: another process is writing olt.state.new");
+  EXPECT_EQ(ReadFile(File()), "one");
+  EXPECT_EQ(ReadFile(File() + ".new"), "half");
+}
+
+TEST_F(StateFileWriting, SaysWhereNothingCanBeWritten) {
+  EXPECT_EQ(ErrorOf([&] { WriteStateFile(_directory.Path("none/olt.state"), "one"); }, _directory),
+            "none/olt.state: cannot create none/olt.state.new: No such file or directory");
+  std::filesystem::create_directory(File());
+  EXPECT_EQ(WriteError("one"), "olt.state: is no file; expected a file or a new name");
+  EXPECT_EQ(Names(), (std::set<std::string>{"olt.state"}));
+}
+
+// A limit on the size of files fails a write in its middle, as a full disk does.
+TEST_F(StateFileWriting, WithoutRoomLeavesTheOldFileAndNothingElse) {
+  const std::string old(2000, 'a');
+  WriteStateFile(File(), old);
+  const int ended = InChild([this] {
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit = {8192, 8192};
+    if (setrlimit(RLIMIT_FSIZE, &limit) != 0) return kNotAllowed;
+    const std::string message = WriteError(std::string(20000, 'b'));
+    return message == "olt.state: cannot write olt.state.new: File too large" ? kDone : 1;
+  });
+  EXPECT_EQ(ended, kDone);
+  EXPECT_EQ(ReadFile(File()), old);
+  EXPECT_EQ(Names(), (std::set<std::string>{"olt.state"}));
+}
+
+// The same on a disk that really is full, where this process may mount one.
+TEST_F(StateFileWriting, OnAFullDiskLeavesTheOldFileAndNothingElse) {
+  const int ended = InChild([this] {
+    if (unshare(CLONE_NEWNS) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) return kNotAllowed;
+    if (mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+        mount("tmpfs", _directory.Path("").c_str(), "tmpfs", 0, "size=64k") != 0) {
+      return kNotAllowed;
+    }
+    const std::string old(20000, 'a');
+    WriteStateFile(File(), old);
+    if (WriteError(std::string(60000, 'b')) !=
+        "olt.state: cannot write olt.state.new: No space left on device") {
+      return 1;
+    }
+    if (ReadFile(File()) != old || Names() != std::set<std::string>{"olt.state"}) return 2;
+    // With room again, the same content is taken.
+    const std::string small(30000, 'c');
+    WriteStateFile(File(), small);
+    return ReadFile(File()) == small && ReadFile(File() + ".bak") == old ? kDone : 3;
+  });
+  if (ended == kNotAllowed) {
+    std::cout << "no disk may be mounted here: only the limit on file sizes was tried\n";
+  } else {
+    std::cout << "tried on a tmpfs of 64 KiB\n";
+    EXPECT_EQ(ended, kDone);
+  }
+}
+
+[[noreturn]] void SaveForever(const std::string& file, const std::string& one,
+                              const std::string& two) {
+  for (;;) {
+    try {
+      WriteStateFile(file, one);
+      WriteStateFile(file, two);
+    } catch (const std::exception&) {
+      _exit(1);
+    }
+  }
+}
+
+TEST_F(StateFileWriting, KilledAnywhereLeavesTheOldOrTheNewFileWhole) {
+  const std::string one(30000, '1');
+  const std::string two(50000, '2');
+  const auto is_whole = [&](const std::string& content) {
+    return content == one || content == two;
+  };
+  constexpr unsigned int kSeed = 20261121;
+  std::cout << "seed " << kSeed << "\n";
+  std::mt19937 random(kSeed);
+  std::uniform_int_distribution<unsigned int> moment(0, 6000);
+  WriteStateFile(File(), two);
+  WriteStateFile(File(), one);
+  unsigned int leftovers = 0;
+  for (int round = 0; round < 200; ++round) {
+    const pid_t child = fork();
+    if (child == 0) SaveForever(File(), one, two);
+    usleep(moment(random));
+    ASSERT_EQ(kill(child, SIGKILL), 0);
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFSIGNALED(status)) << "a round could not save";
+    ASSERT_TRUE(is_whole(ReadFile(File()))) << "round " << round;
+    ASSERT_TRUE(is_whole(ReadFile(File() + ".bak"))) << "round " << round;
+    leftovers += Names().size() > 2 ? 1 : 0;
+  }
+  // The kills met the writing, not only the pauses.
+  EXPECT_GT(leftovers, 10U);
+  std::cout << "200 kills, " << leftovers << " left something aside\n";
+  WriteStateFile(File(), "last");
+  EXPECT_EQ(ReadFile(File()), "last");
+  EXPECT_EQ(Names(), (std::set<std::string>{"olt.state", "olt.state.bak"}));
+}
+
+}  // namespace
+}  // namespace olt_host_test
