@@ -46,7 +46,7 @@ void CarrierSet::Forget(const std::shared_ptr<Carrier>& carrier) {
 
 void CarrierSet::WhenEmpty(std::function<void()> empty) {
   _when_empty = std::move(empty);
-  if (_carriers.empty()) _when_empty();
+  if (_carriers.empty() && _when_empty) _when_empty();
 }
 
 void CarrierSet::AbortAll() {

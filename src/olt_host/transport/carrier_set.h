@@ -32,7 +32,8 @@ class CarrierSet {
              const SessionOrigin& origin);
 
   bool empty() const { return _carriers.empty(); }
-  // Calls `empty` as soon as nothing is carried, which may be at once.
+  // Calls `empty` as soon as nothing is carried, which may be at once. An empty
+  // function takes the wish back.
   void WhenEmpty(std::function<void()> empty);
   void AbortAll();
 

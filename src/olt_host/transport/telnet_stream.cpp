@@ -52,8 +52,8 @@ void TelnetStream::Handle(const telnet_event_t& event) {
                                              : std::string());
       break;
     case TELNET_EV_WARNING:
-      // A malformed request is ignored, one without an end is not.
-      _broken = event.error.errcode == TELNET_EOVERFLOW;
+      // A request that is malformed or has no end; its bytes were dropped.
+      _broken = ++_malformed_requests > kMostMalformedRequests;
       break;
     case TELNET_EV_COMPRESS:
       // Nobody agreed to compression, and a few bytes of it can stand for a million.

@@ -21,6 +21,7 @@ class TelnetStream {
  public:
   // Answers to negotiation that the other end has not taken yet, in bytes.
   static constexpr std::size_t kMostUnsentAnswers = 64U << 10U;
+  static constexpr unsigned int kMostMalformedRequests = 16;
 
   // `options` ends with an entry for option -1 and outlives the object.
   explicit TelnetStream(const telnet_telopt_t* options);
@@ -56,6 +57,7 @@ class TelnetStream {
 
   std::unique_ptr<telnet_t, void (*)(telnet_t*)> _telnet;
   std::string _outgoing;
+  unsigned int _malformed_requests = 0;
   bool _broken = false;
 };
 

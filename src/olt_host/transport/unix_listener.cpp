@@ -75,7 +75,8 @@ void MakeWay(const std::string& path) {
     if (unlink(path.c_str()) != 0 && errno != ENOENT) Fail(path, ErrorText(errno));
     return;
   }
-  if (!error || error == asio::error::would_block || error == asio::error::try_again) {
+  // asio's name for a server whose queue of connections is full.
+  if (!error || error == asio::error::no_buffer_space) {
     Fail(path, "another process serves it");
   }
   Fail(path, error.message());
