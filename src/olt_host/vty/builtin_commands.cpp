@@ -10,6 +10,7 @@
 #include "vty/command_table.h"
 #include "vty/json_output.h"
 #include "vty/line_help.h"
+#include "vty/match_message.h"
 #include "vty/number.h"
 #include "vty/place.h"
 #include "vty/terminal.h"
@@ -44,7 +45,7 @@ std::string Excerpt(const std::string& help, const std::string& text) {
   const std::size_t place = found == std::string::npos ? 0 : found;
   std::size_t start = place > kRoom / 2 ? place - kRoom / 2 : 0;
   const auto within = [&help](std::size_t at) {
-    return at < help.size() && (static_cast<unsigned char>(help[at]) & 0xC0U) == 0x80U;
+    return at < help.size() && !StartsCharacter(help[at]);
   };
   while (within(start)) ++start;
   std::size_t end = std::min(help.size(), start + kRoom);
@@ -77,7 +78,7 @@ int FindCommands(struct cmd_element*, struct vty* terminal, int, char** argv) {
     CollectHelp(ParseSyntax(syntax, doc).items, text, lines);
     Show(*terminal, Listed(command) + RenderHelp(lines));
   }
-  return found ? 0 : terminal->Refuse("No command mentions \"" + Printable(argv[0]) + "\"");
+  return found ? 0 : terminal->Refuse("No command mentions " + QuoteWord(argv[0]));
 }
 
 int ShowHelp(struct cmd_element* element, struct vty* terminal, int argc, char** argv) {

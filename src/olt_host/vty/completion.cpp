@@ -5,6 +5,7 @@
 #include "vty/filter_syntax.h"
 #include "vty/line_position.h"
 #include "vty/matcher.h"
+#include "vty/place.h"
 
 namespace olt_host {
 namespace {
@@ -19,8 +20,7 @@ std::string SharedStart(const Texts& texts) {
     shared.erase(differ.first, shared.end());
   }
   const auto cut = [&shared](const std::string& text) {
-    return text.size() > shared.size() &&
-           (static_cast<unsigned char>(text[shared.size()]) & 0xC0U) == 0x80U;
+    return text.size() > shared.size() && !StartsCharacter(text[shared.size()]);
   };
   while (!shared.empty() && std::any_of(texts.begin(), texts.end(), cut)) shared.pop_back();
   return shared;

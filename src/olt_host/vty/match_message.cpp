@@ -26,7 +26,7 @@ std::string Ranges(const std::vector<std::string>& texts) {
 std::string QuoteWord(const std::string& word) {
   if (word.size() <= kLongestQuote) return "\"" + Printable(word) + "\"";
   std::size_t end = kLongestQuote;
-  while (end > 0 && (static_cast<unsigned char>(word[end]) & 0xC0U) == 0x80U) --end;
+  while (end > 0 && !StartsCharacter(word[end])) --end;
   return "\"" + Printable(word.substr(0, end)) + "...\"";
 }
 

@@ -10,10 +10,9 @@ constexpr const char* kCut = "...";
 constexpr std::size_t kCutWidth = 3;
 constexpr std::size_t kAhead = 20;  // shown behind the place when a line is cut
 
-// The first byte of a character of UTF-8, or a character of its own.
-bool StartsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }
-
 }  // namespace
+
+bool StartsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }
 
 std::string Printable(const std::string& text) {
   std::string printable = text;

@@ -11,6 +11,9 @@ namespace olt_host {
 // neither steer a terminal nor shift a caret.
 std::string Printable(const std::string& text);
 
+// Whether the byte begins a character of UTF-8 or is one of its own.
+bool StartsCharacter(char c);
+
 // Columns that the text takes, a character of UTF-8 as one.
 std::size_t DisplayWidth(const std::string& text);
 

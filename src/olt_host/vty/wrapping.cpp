@@ -19,10 +19,12 @@ std::vector<std::string> Split(const std::string& text, char separator) {
   return parts;
 }
 
-// The bytes of the first `columns` characters.
-std::size_t BytesOf(const std::string& text, std::size_t columns) {
-  std::size_t end = std::min(columns, text.size());
-  while (end < text.size() && DisplayWidth(text.substr(0, end + 1)) <= columns) ++end;
+// Where the first `columns` characters from `start` on end.
+std::size_t EndOf(const std::string& text, std::size_t start, std::size_t columns) {
+  std::size_t end = start;
+  for (std::size_t width = 0; end < text.size(); ++end) {
+    if (StartsCharacter(text[end]) && ++width > columns) break;
+  }
   return end;
 }
 
@@ -53,16 +55,18 @@ class Wrapper {
   }
 
  private:
-  void AddCut(std::string part, std::size_t width) {
-    for (; _width + width >= _columns && width > 1; width = DisplayWidth(part)) {
-      const std::size_t room = _columns - 1 - std::min(_columns - 2, _width);
-      const std::size_t bytes = BytesOf(part, room);
-      _line += part.substr(0, bytes);
-      part.erase(0, bytes);
+  void AddCut(const std::string& part, std::size_t width) {
+    std::size_t start = 0;
+    while (_width + width >= _columns && width > 1) {
+      const std::size_t room = std::min(_columns - 1 - std::min(_columns - 2, _width), width);
+      const std::size_t end = EndOf(part, start, room);
+      _line += part.substr(start, end - start);
+      start = end;
+      width -= room;
       Break();
     }
-    _line += part;
-    _width += DisplayWidth(part);
+    _line += part.substr(start);
+    _width += DisplayWidth(part.substr(start));
   }
 
   void Break() {

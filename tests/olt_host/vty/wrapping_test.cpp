@@ -1,0 +1,79 @@
+// Long texts broken into lines that fit a screen.
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "vty/place.h"
+#include "vty/wrapping.h"
+
+namespace olt_host {
+namespace {
+
+TEST(VtyWrapping, AShortTextStaysOnItsLine) {
+  EXPECT_EQ("head text\r\n", Wrap("head ", "text", 5, 20));
+  EXPECT_EQ("head\r\n", Wrap("head  ", "", 6, 20));
+  EXPECT_EQ("\r\n", Wrap("", "", 0, 20));
+}
+
+TEST(VtyWrapping, BreaksAtBlanksBelowTheText) {
+  EXPECT_EQ(
+      "key  a text that\r\n"
+      "     is somewhat\r\n"
+      "     longer\r\n",
+      Wrap("key  ", "a text that is somewhat longer", 5, 18));
+}
+
+TEST(VtyWrapping, KeepsItemsThatEndInASemicolonWhole) {
+  EXPECT_EQ(
+      "<0-2>  0:from the start;\r\n"
+      "       1:by an operator;2:all\r\n",
+      Wrap("<0-2>  ", "0:from the start;1:by an operator;2:all", 7, 31));
+}
+
+TEST(VtyWrapping, BreaksItemsThatFitNoLineAtBlanks) {
+  EXPECT_EQ(
+      "x 1:one two\r\n"
+      "  three;2:x\r\n",
+      Wrap("x ", "1:one two three;2:x", 2, 13));
+}
+
+TEST(VtyWrapping, DropsBlanksWhereItBreaks) {
+  EXPECT_EQ(
+      "  first item;\r\n"
+      "  second item\r\n",
+      Wrap("  ", "first item; second item", 2, 17));
+}
+
+TEST(VtyWrapping, CutsWordsThatAreLongerThanALine) {
+  EXPECT_EQ(
+      "k abcdefgh\r\n"
+      "  ijklmnop\r\n"
+      "  qr s\r\n",
+      Wrap("k ", "abcdefghijklmnopqr s", 2, 11));
+}
+
+TEST(VtyWrapping, CountsCharactersNotBytes) {
+  std::string umlauts;
+  for (int i = 0; i < 12; ++i) umlauts += "\xc3\xbc";
+  EXPECT_EQ("  " + umlauts.substr(0, 16) + "\r\n  " + umlauts.substr(16) + "\r\n",
+            Wrap("  ", umlauts, 2, 11));
+}
+
+TEST(VtyWrapping, NoLineIsWiderThanTheScreen) {
+  for (std::size_t length = 0; length < 400; length += 7) {
+    std::string text;
+    for (std::size_t i = 0; i < length; ++i) {
+      text += i * i % 23 == 0 ? ' ' : i * i % 41 == 3 ? ';' : 'x';
+    }
+    for (std::size_t indent = 0; indent < 40; indent += 13) {
+      std::istringstream lines(Wrap(std::string(indent, ' '), text, indent));
+      for (std::string line; std::getline(lines, line);) {
+        ASSERT_EQ('\r', line.back());
+        EXPECT_LE(DisplayWidth(line) - 1, 79U) << line;
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace olt_host
