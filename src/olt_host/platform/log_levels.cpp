@@ -63,7 +63,7 @@ const std::vector<LogLevelMeaning>& LogLevelMeanings() {
       {6, "walks over the registries, derived counts"},
       {9, "successful finds"},
       {10, "start and end of functions, the most frequent"},
-      {13, "null pointers, profiles that cannot be packed or unpacked"},
+      {13, "null pointers, profiles that do not pack or unpack"},
   };
   return kMeanings;
 }
