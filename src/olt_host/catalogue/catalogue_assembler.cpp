@@ -53,14 +53,16 @@ void CatalogueAssembler::Take(const std::string& file) {
   try {
     TakeLayer(file);
   } catch (const InputError& error) {
-    if (!_keep_going) {
-      throw;
-    }
-    _refusals.Add(error);
+    RefuseFile(error);
     _layers.resize(layers);
     _merged = MergeLayers(_layers);
   }
   _is_first = false;
+}
+
+void CatalogueAssembler::RefuseFile(const InputError& error) {
+  Refuse(error);
+  _refused_files.emplace_back(error.what());
 }
 
 void CatalogueAssembler::Refuse(const InputError& error) {

@@ -23,8 +23,8 @@ class CatalogueAssembler {
 
   // Lays the file over those before. Throws InputError, unless keeping going.
   void Take(const std::string& file);
-  // Leaves out something that is wrong before any file is opened.
-  void Refuse(const InputError& error);
+  // Leaves out a file or folder. Throws the error, unless keeping going.
+  void RefuseFile(const InputError& error);
   // Checks the profiles of all files. Throws InputError, unless keeping going.
   // Called once, at the end.
   void Finish();
@@ -32,10 +32,13 @@ class CatalogueAssembler {
   const Catalogue& Merged() const { return _merged; }
   const std::vector<CatalogueLayer>& Layers() const { return _layers; }
   const Refusals& Refused() const { return _refusals; }
+  // The messages among them that are about a whole file.
+  const std::vector<std::string>& RefusedFiles() const { return _refused_files; }
 
  private:
   using Check = void (*)(const Catalogue&, const RuleBreach&);
 
+  void Refuse(const InputError& error);
   void TakeLayer(const std::string& file);
   template <typename Entry, typename Read>
   void ReadEntries(const std::vector<YamlView>& items, std::vector<Entry> CatalogueLayer::*entries,
@@ -49,6 +52,7 @@ class CatalogueAssembler {
   std::vector<CatalogueLayer> _layers;
   Catalogue _merged = MergeLayers({});
   Refusals _refusals;
+  std::vector<std::string> _refused_files;
   RefusedNames _refused_attributes;
   RefusedNames _refused_codes;
 };

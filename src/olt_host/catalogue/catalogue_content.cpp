@@ -54,7 +54,8 @@ bool IsWildcard(const OnuAbilityProfile& profile, const ONU_ABILITY_COMMON_ABILI
 
 ContentEntry ProfileContent(const OnuAbilityProfile& profile, const Catalogue& names) {
   ContentEntry entry;
-  profile.Get(entry.key);
+  // The profile's own key code: operators may have set the registry's since.
+  profile.Get(profile._key_ability_code, entry.key);
   for (const auto& [code, value] : profile._common_ability) {
     const CodeEntry* known = names.FindCode(code);
     const std::string name = known != nullptr ? known->name : std::to_string(code);
@@ -119,12 +120,11 @@ CatalogueContent ContentOf(const Catalogue& catalogue) {
     attributes[attribute.id] = attribute.name;
   }
   content.attributes = AttributesContent(attributes);
-  const CodeRecords codes = MakeCodes(catalogue);
-  content.codes = CodesContent(codes, catalogue);
-  content.real_profiles = ProfilesContent(
-      MakeTable(catalogue.real_profiles, ONU_ABILITY_PROFILE_TYPE_REAL, codes), catalogue);
-  content.match_profiles = ProfilesContent(
-      MakeTable(catalogue.match_profiles, ONU_ABILITY_PROFILE_TYPE_MATCH, codes), catalogue);
+  content.codes = CodesContent(MakeCodes(catalogue), catalogue);
+  content.real_profiles =
+      ProfilesContent(MakeTable(catalogue, ONU_ABILITY_PROFILE_TYPE_REAL), catalogue);
+  content.match_profiles =
+      ProfilesContent(MakeTable(catalogue, ONU_ABILITY_PROFILE_TYPE_MATCH), catalogue);
   return content;
 }
 

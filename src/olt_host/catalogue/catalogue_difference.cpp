@@ -9,7 +9,8 @@ namespace olt_host {
 
 namespace {
 
-constexpr std::size_t kColumns = 80;
+// A terminal that is written to its last column may break the line itself.
+constexpr std::size_t kColumns = 79;
 
 // Entries with one key are told apart by which of them they are.
 using Identity = std::pair<std::pair<unsigned int, std::string>, std::size_t>;

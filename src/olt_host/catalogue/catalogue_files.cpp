@@ -56,7 +56,7 @@ void TakeAll(CatalogueAssembler& assembler, const std::vector<std::string>& path
     try {
       files = FilesOf(path);
     } catch (const InputError& error) {
-      assembler.Refuse(error);
+      assembler.RefuseFile(error);
     }
     for (const std::string& file : files) {
       assembler.Take(file);
@@ -85,6 +85,7 @@ LoadedCatalogue ReadCatalogueFiles(const CatalogueRequest& request) {
   TakeAll(assembler, request.local);
   assembler.Finish();
   LoadedCatalogue loaded;
+  loaded.read_at = std::chrono::system_clock::now();
   loaded.catalogue = assembler.Merged();
   std::string hashes;
   for (const CatalogueLayer& layer : assembler.Layers()) {
@@ -103,6 +104,7 @@ LoadedCatalogue ReadCatalogueFiles(const CatalogueRequest& request) {
   CountEntries(loaded.catalogue.match_profiles, loaded.files, &CatalogueFile::match_profiles);
   loaded.refused = assembler.Refused().Messages();
   loaded.refused_entries = assembler.Refused().Count();
+  loaded.refused_files = assembler.RefusedFiles();
   return loaded;
 }
 

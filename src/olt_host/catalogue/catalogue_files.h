@@ -8,6 +8,7 @@
 #ifndef OLT_HOST_CATALOGUE_CATALOGUE_FILES_H
 #define OLT_HOST_CATALOGUE_CATALOGUE_FILES_H
 
+#include <chrono>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -45,6 +46,9 @@ struct LoadedCatalogue {
   // An unknown name that stands in several of them is told once.
   std::vector<std::string> refused;
   std::size_t refused_entries = 0;
+  // Those of files and folders that were left out whole, which `refused` has too.
+  std::vector<std::string> refused_files;
+  std::chrono::system_clock::time_point read_at;
 };
 
 // Reads and checks everything; what it returns can be loaded. Throws InputError,

@@ -42,8 +42,9 @@ void SetKeyAbilityCode(unsigned short code) {
   manager->Init();
 }
 
-void LoadProfile(const ProfileEntry& entry, ONU_ABILITY_ENUM_PROFILE_TYPE type) {
-  OnuAbilityProfile profile = MakeProfile(entry, type);
+void LoadProfile(const ProfileEntry& entry, ONU_ABILITY_ENUM_PROFILE_TYPE type,
+                 unsigned short key_ability_code) {
+  OnuAbilityProfile profile = MakeProfile(entry, type, key_ability_code);
   const unsigned int status = OnuAbilityTableManager::GetInstance()->Add(profile);
   if (status != ONU_ABILITY_RET_OK) {
     throw LoadError(ToText(entry.position) + ": the library refused the profile with key " +
@@ -58,10 +59,10 @@ void LoadCatalogue(const Catalogue& catalogue) {
   LoadCodes(catalogue);
   SetKeyAbilityCode(catalogue.key_ability_code);
   for (const ProfileEntry& profile : catalogue.match_profiles) {
-    LoadProfile(profile, ONU_ABILITY_PROFILE_TYPE_MATCH);
+    LoadProfile(profile, ONU_ABILITY_PROFILE_TYPE_MATCH, catalogue.key_ability_code);
   }
   for (const ProfileEntry& profile : catalogue.real_profiles) {
-    LoadProfile(profile, ONU_ABILITY_PROFILE_TYPE_REAL);
+    LoadProfile(profile, ONU_ABILITY_PROFILE_TYPE_REAL, catalogue.key_ability_code);
   }
   VerifyLoaded(catalogue);
 }

@@ -58,6 +58,13 @@ void DeriveTotal(OnuAbilityProfile& profile, const CodeRecords& records,
   }
 }
 
+// As the library does when it takes a profile.
+void DeriveTotals(OnuAbilityProfile& profile, const CodeRecords& records) {
+  DeriveTotal(profile, records, kAllLanCode);
+  DeriveTotal(profile, records, kDataUniCode);
+  profile._common_ability_num = static_cast<unsigned int>(profile._common_ability.size());
+}
+
 }  // namespace
 
 std::vector<ONU_ABILITY_CODE_ATTR_INFO> MakeCodes(const Catalogue& catalogue) {
@@ -77,11 +84,13 @@ std::vector<ONU_ABILITY_CODE_ATTR_INFO> MakeCodes(const Catalogue& catalogue) {
   return codes;
 }
 
-OnuAbilityProfile MakeProfile(const ProfileEntry& entry, ONU_ABILITY_ENUM_PROFILE_TYPE type) {
+OnuAbilityProfile MakeProfile(const ProfileEntry& entry, ONU_ABILITY_ENUM_PROFILE_TYPE type,
+                              unsigned short key_ability_code) {
   OnuAbilityProfile profile;
   profile.Init(type, ONU_ABILITY_PROFILE_SOURCE_DEFAULT, ONU_ABILITY_MATCH_TYPE_EXACT);
   profile._id = entry.id;
-  profile.UpdateInit(profile._key_ability_code, entry.key);
+  profile._key_ability_code = key_ability_code;
+  profile.UpdateInit(key_ability_code, entry.key);
   for (const AbilityEntry& ability : entry.abilities) {
     Store(profile, ability);
   }
@@ -89,27 +98,22 @@ OnuAbilityProfile MakeProfile(const ProfileEntry& entry, ONU_ABILITY_ENUM_PROFIL
   return profile;
 }
 
-void DeriveTotals(OnuAbilityProfile& profile,
-                  const std::vector<ONU_ABILITY_CODE_ATTR_INFO>& codes) {
+std::vector<OnuAbilityProfile> MakeTable(const Catalogue& catalogue,
+                                         ONU_ABILITY_ENUM_PROFILE_TYPE type) {
+  const auto& entries =
+      type == ONU_ABILITY_PROFILE_TYPE_REAL ? catalogue.real_profiles : catalogue.match_profiles;
+  const std::vector<ONU_ABILITY_CODE_ATTR_INFO> codes = MakeCodes(catalogue);
   CodeRecords records;
   for (const ONU_ABILITY_CODE_ATTR_INFO& code : codes) {
     records.emplace(code.ability_code, &code);
   }
-  DeriveTotal(profile, records, kAllLanCode);
-  DeriveTotal(profile, records, kDataUniCode);
-  profile._common_ability_num = static_cast<unsigned int>(profile._common_ability.size());
-}
-
-std::vector<OnuAbilityProfile> MakeTable(const std::vector<ProfileEntry>& entries,
-                                         ONU_ABILITY_ENUM_PROFILE_TYPE type,
-                                         const std::vector<ONU_ABILITY_CODE_ATTR_INFO>& codes) {
   std::vector<OnuAbilityProfile> profiles;
   profiles.reserve(entries.size());
   std::set<unsigned short> ids;
   unsigned short next = kFirstGivenId;
   for (const ProfileEntry& entry : entries) {
-    profiles.push_back(MakeProfile(entry, type));
-    DeriveTotals(profiles.back(), codes);
+    profiles.push_back(MakeProfile(entry, type, catalogue.key_ability_code));
+    DeriveTotals(profiles.back(), records);
     while (entry.id == 0 && ids.count(next) != 0) {
       ++next;
     }

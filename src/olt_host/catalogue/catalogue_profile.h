@@ -18,18 +18,14 @@ namespace olt_host {
 std::vector<ONU_ABILITY_CODE_ATTR_INFO> MakeCodes(const Catalogue& catalogue);
 
 // A default profile without derived totals, and without id unless the entry states
-// one. Asks the registry for the key ability code only.
-OnuAbilityProfile MakeProfile(const ProfileEntry& entry, ONU_ABILITY_ENUM_PROFILE_TYPE type);
+// one, whatever the registry holds.
+OnuAbilityProfile MakeProfile(const ProfileEntry& entry, ONU_ABILITY_ENUM_PROFILE_TYPE type,
+                              unsigned short key_ability_code);
 
-// The totals and the count as the library will keep them once the registry holds
-// `codes`.
-void DeriveTotals(OnuAbilityProfile& profile, const std::vector<ONU_ABILITY_CODE_ATTR_INFO>& codes);
-
-// The profiles of a table as loading `entries` into an empty one gives them: ids,
-// totals and order.
-std::vector<OnuAbilityProfile> MakeTable(const std::vector<ProfileEntry>& entries,
-                                         ONU_ABILITY_ENUM_PROFILE_TYPE type,
-                                         const std::vector<ONU_ABILITY_CODE_ATTR_INFO>& codes);
+// The profiles of a table as loading the catalogue into an empty one gives them:
+// ids, totals and order.
+std::vector<OnuAbilityProfile> MakeTable(const Catalogue& catalogue,
+                                         ONU_ABILITY_ENUM_PROFILE_TYPE type);
 
 }  // namespace olt_host
 

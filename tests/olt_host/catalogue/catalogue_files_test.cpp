@@ -299,6 +299,7 @@ TEST_F(CatalogueFiles, KeepingGoingABrokenFileIsLeftOutWhole) {
   const olt_host::LoadedCatalogue loaded = Keep();
   EXPECT_EQ(Profiles(loaded.catalogue.real_profiles), "1:1 2:2 3:3 8:0");
   EXPECT_EQ(loaded.files.size(), 2U);
+  EXPECT_EQ(loaded.refused_files.size(), 3U);
   EXPECT_EQ(Refused(loaded),
             (Messages{"local.yaml:2: sfu is \"many\"; expected a number from 0 to 65535",
                       "broken.yaml:2: is broken YAML: end of sequence flow not found; "

@@ -160,10 +160,9 @@ TEST_F(CatalogueLoader, TablesMadeBesideTheLibraryAreThoseItLoads) {
     const CleanLibrary library;
     const olt_host::Catalogue catalogue = olt_host::ReadCatalogue(file);
     olt_host::LoadCatalogue(catalogue);
-    const auto& codes = OnuAbilityCodeInfo::GetInstance()->Get();
-    ExpectSame(olt_host::MakeTable(catalogue.real_profiles, ONU_ABILITY_PROFILE_TYPE_REAL, codes),
+    ExpectSame(olt_host::MakeTable(catalogue, ONU_ABILITY_PROFILE_TYPE_REAL),
                Stored(ONU_ABILITY_PROFILE_TYPE_REAL));
-    ExpectSame(olt_host::MakeTable(catalogue.match_profiles, ONU_ABILITY_PROFILE_TYPE_MATCH, codes),
+    ExpectSame(olt_host::MakeTable(catalogue, ONU_ABILITY_PROFILE_TYPE_MATCH),
                Stored(ONU_ABILITY_PROFILE_TYPE_MATCH));
   }
 }
