@@ -81,8 +81,12 @@ void TelnetServerStream::Negotiate() {
 }
 
 void TelnetServerStream::ReceiveFromClient(const char* bytes, std::size_t length) {
-  if (_terminal_type_refusal.Sees(bytes, length)) _channel.SetTerminalType("");
+  if (_terminal_type_refusal.Sees(bytes, length)) SetTerminalType("");
   Receive(bytes, length);
+}
+
+void TelnetServerStream::EndOfClient() {
+  if (!_type_is_known) SetTerminalType("");
 }
 
 void TelnetServerStream::OnData(const char* bytes, std::size_t length) {
@@ -136,7 +140,12 @@ void TelnetServerStream::TakeTerminalType(const std::string& bytes) {
   // A name that cannot be one is no name; it would be looked up as a file.
   const bool fits = type.size() <= kLongestTerminalType &&
                     std::all_of(type.begin(), type.end(), BelongsInTerminalType);
-  _channel.SetTerminalType(fits ? type : "");
+  SetTerminalType(fits ? type : "");
+}
+
+void TelnetServerStream::SetTerminalType(const std::string& type) {
+  _type_is_known = true;
+  _channel.SetTerminalType(type);
 }
 
 void TelnetServerStream::TakeWindow(const std::string& bytes) {

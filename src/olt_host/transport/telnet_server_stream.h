@@ -40,6 +40,9 @@ class TelnetServerStream final : public TelnetStream {
   void Negotiate();
   void ReceiveFromClient(const char* bytes, std::size_t length);
 
+  // The client will send nothing more, not even the type of its terminal.
+  void EndOfClient();
+
   // What the operator typed and the channel has not taken yet.
   std::string& typed() { return _typed; }
 
@@ -48,11 +51,13 @@ class TelnetServerStream final : public TelnetStream {
   void OnCommand(unsigned char command) override;
   void OnWill(unsigned char option) override;
   void OnSubnegotiation(unsigned char option, const std::string& bytes) override;
+  void SetTerminalType(const std::string& type);
   void TakeTerminalType(const std::string& bytes);
   void TakeWindow(const std::string& bytes);
 
   Channel& _channel;
   RefusalWatch _terminal_type_refusal;
+  bool _type_is_known = false;
   std::string _typed;
   bool _after_return = false;
 };

@@ -104,6 +104,17 @@ TEST_F(TelnetServer, ARefusalToTellTheTypeIsAnAnswer) {
   EXPECT_EQ("", channel.terminal_type());
 }
 
+TEST_F(TelnetServer, NobodyWaitsForTheTypeOfAClientThatIsGone) {
+  stream.EndOfClient();
+  EXPECT_TRUE(TypeIsKnown());
+}
+
+TEST_F(TelnetServer, TheTypeOutlastsTheClientsInput) {
+  TypeAfter("xterm");
+  stream.EndOfClient();
+  EXPECT_EQ("xterm", channel.terminal_type());
+}
+
 TEST_F(TelnetServer, WhatOnlyLooksLikeARefusalIsNone) {
   stream.Negotiate();
   Receive("\xff\xff\xfc\x18");                      // data

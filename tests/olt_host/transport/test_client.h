@@ -22,6 +22,13 @@
 
 namespace olt_host_test {
 
+// The end of a text, fit for a message.
+inline std::string Shown(const std::string& text) {
+  constexpr std::size_t kShown = 400;
+  return testing::PrintToString(text.size() > kShown ? "..." + text.substr(text.size() - kShown)
+                                                     : text);
+}
+
 class TestClient {
  public:
   static TestClient Tcp(unsigned short port) {
@@ -79,7 +86,7 @@ class TestClient {
       }
       if (std::chrono::steady_clock::now() > limit || !ReadMore()) break;
     }
-    ADD_FAILURE() << "no \"" << text << "\" in \"" << _unread << "\"";
+    ADD_FAILURE() << "no \"" << text << "\" in " << Shown(_unread);
     return std::exchange(_unread, std::string());
   }
 
@@ -88,7 +95,7 @@ class TestClient {
     const auto limit = std::chrono::steady_clock::now() + kLimit;
     while (ReadMore()) {
       if (std::chrono::steady_clock::now() > limit) {
-        ADD_FAILURE() << "no end after \"" << _unread << "\"";
+        ADD_FAILURE() << "no end after " << Shown(_unread);
         break;
       }
     }
