@@ -4,6 +4,8 @@ from onu_data.catalogue import ATTRIBUTES, CODE_GROUPS, CODES, COMMON_TYPES
 
 WIDTH = 100
 ORIGIN = "# Derived by scripts/derive_data.py from data/facts/; change those, not this file.\n"
+# Tells editors which schema a file follows; they look for it in the first lines.
+MODELINE = "# yaml-language-server: $schema=schema/{}.schema.json\n"
 BARE_WORDS = {"any", "unknown", "none", "type", "abilities", "sfu", "hgu"}
 
 
@@ -74,7 +76,8 @@ def _profile(profile):
 
 
 def catalogue(data, unit_types):
-    text = ORIGIN + "# data/README.md tells what the facts are and where they come from.\n\n"
+    text = MODELINE.format("catalogue") + ORIGIN
+    text += "# data/README.md tells what the facts are and where they come from.\n\n"
     text += 'catalogue: {name: "Public ONU models", version: "2026-11-21"}\n'
     text += f"key_ability_code: {CODES['TYPE_KEY'].code}\n"
     text += f"common_types: {flow_map(COMMON_TYPES)}\n\n"
@@ -109,7 +112,8 @@ def _onu(onu):
 
 
 def reports(population):
-    text = ORIGIN + "# An invented population: no ONU below exists. data/README.md tells how it"
+    text = MODELINE.format("reports") + ORIGIN
+    text += "# An invented population: no ONU below exists. data/README.md tells how it"
     text += " was made up.\n\nreports: {name: \"Invented population of the public ONU models\"}\n"
     text += "identify:\n  default: {sfu_mode: 0, setting_1: 0, hgu_mode: 0, setting_3: 0}\n"
     text += "  places:\n"
