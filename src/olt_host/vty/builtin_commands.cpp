@@ -72,7 +72,10 @@ int FindCommands(struct cmd_element*, struct vty* terminal, int, char** argv) {
   for (const Command& command : CommandTable::Instance().Commands(terminal->node())) {
     const std::string doc = command.element->doc == nullptr ? "" : command.element->doc;
     const std::string syntax = command.element->string;
-    if (InLowerCase(syntax + "\n" + doc).find(text) == std::string::npos) continue;
+    if (InLowerCase(syntax).find(text) == std::string::npos &&
+        InLowerCase(doc).find(text) == std::string::npos) {
+      continue;
+    }
     found = true;
     std::vector<HelpLine> lines;
     CollectHelp(ParseSyntax(syntax, doc).items, text, lines);

@@ -41,9 +41,12 @@ class Search {
       const Place place = _places[at];
       found = AddPairs(_one.vertices[place.one].next, _other.vertices[place.other].next, at);
     }
+    std::vector<std::string> words;
+    for (; found != kNone; found = _places[found].from) words.push_back(_places[found].word);
     std::string line;
-    for (; found != kNone; found = _places[found].from) {
-      line = _places[found].word + (line.empty() ? "" : " ") + line;
+    for (auto word = words.rbegin(); word != words.rend(); ++word) {
+      if (!line.empty()) line += ' ';
+      line += *word;
     }
     return line;
   }

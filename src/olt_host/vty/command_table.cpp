@@ -34,8 +34,13 @@ std::string CommandTable::Install(unsigned int node, cmd_element* element) {
   for (const Command& earlier : commands) {
     const std::string line = LineOfBoth(earlier.grammar, command.grammar);
     if (line.empty()) continue;
-    return "a line could mean two commands: " + line + "\n  \"" + earlier.element->string +
-           "\"\n  \"" + text + "\"";
+    return std::string("a line could mean two commands: ")
+        .append(line)
+        .append("\n  \"")
+        .append(earlier.element->string)
+        .append("\"\n  \"")
+        .append(text)
+        .append("\"");
   }
   commands.push_back(std::move(command));
   return "";

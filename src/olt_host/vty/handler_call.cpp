@@ -46,7 +46,7 @@ HandlerResult CallFiltered(struct vty& terminal, const ParsedLine& line, OutputF
     // A file that cannot be written is told of at the end; the operator is still there.
     return filters.Write(bytes, length) || file.created();
   });
-  const HandlerResult result = Call(terminal, line.match);
+  HandlerResult result = Call(terminal, line.match);
   filters.Finish();
   terminal.Redirect(to_terminal);
   return result;

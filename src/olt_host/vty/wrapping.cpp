@@ -8,6 +8,9 @@
 namespace olt_host {
 namespace {
 
+// On a screen that is narrower still, lines are too wide.
+constexpr std::size_t kLeastRoom = 8;
+
 // The parts of a text, each with the separator that ends it.
 std::vector<std::string> Split(const std::string& text, char separator) {
   std::vector<std::string> parts;
@@ -86,7 +89,7 @@ class Wrapper {
 
 std::string Wrap(const std::string& head, const std::string& text, std::size_t indent,
                  std::size_t columns) {
-  Wrapper wrapper(head, indent, columns);
+  Wrapper wrapper(head, indent, std::max(columns, indent + kLeastRoom));
   for (const std::string& item : Split(text, ';')) wrapper.Add(item, true);
   return wrapper.Take();
 }

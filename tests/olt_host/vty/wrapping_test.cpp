@@ -59,6 +59,12 @@ TEST(VtyWrapping, CountsCharactersNotBytes) {
             Wrap("  ", umlauts, 2, 11));
 }
 
+TEST(VtyWrapping, ANarrowScreenGetsLinesThatAreTooWide) {
+  for (const std::size_t columns : {0U, 1U, 2U, 5U}) {
+    EXPECT_EQ("  a long\r\n  word\r\n", Wrap("  ", "a long word", 2, columns));
+  }
+}
+
 TEST(VtyWrapping, NoLineIsWiderThanTheScreen) {
   for (std::size_t length = 0; length < 400; length += 7) {
     std::string text;
