@@ -73,6 +73,7 @@ void CatalogueAssembler::Refuse(const InputError& error) {
 }
 
 void CatalogueAssembler::Finish() {
+  _first_order = 1;
   _merged = MergeLayers(_layers);
   Settle(CheckProfiles);
 }
@@ -83,6 +84,7 @@ void CatalogueAssembler::TakeLayer(const std::string& file) {
   needs.attributes = _merged.attributes.empty();
   needs.codes = _merged.codes.empty();
   const CatalogueDocument document = OpenCatalogue(file, needs);
+  _first_order = _order + 1;
   _layers.push_back(document.layer);
   const KnownEntries known{_merged, _refused_attributes, _refused_codes};
   ReadEntries(document.attributes, &CatalogueLayer::attributes, &_refused_attributes,
@@ -116,14 +118,15 @@ void CatalogueAssembler::ReadEntries(const std::vector<YamlView>& items,
 }
 
 // Merges anew until no entry breaks a rule: one that is left out may give back
-// the earlier one that it overrode.
+// the earlier one that it overrode. Entries before _first_order were settled; when
+// one of them breaks a rule now, the file taken last is at fault as a whole.
 void CatalogueAssembler::Settle(Check check) {
   std::vector<unsigned int> refused;
   do {
     refused.clear();
     _merged = MergeLayers(_layers);
     check(_merged, [&](unsigned int order, const InputError& error) {
-      if (!_keep_going || order == 0) {
+      if (!_keep_going || order < _first_order) {
         throw InputError(error);
       }
       if (std::find(refused.begin(), refused.end(), order) == refused.end()) {

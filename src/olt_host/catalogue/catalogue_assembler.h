@@ -48,7 +48,8 @@ class CatalogueAssembler {
 
   bool _keep_going;
   bool _is_first = true;
-  unsigned int _order = 0;
+  unsigned int _order = 0;        // of the entry read last
+  unsigned int _first_order = 1;  // of the entries that may be left out now
   std::vector<CatalogueLayer> _layers;
   Catalogue _merged = MergeLayers({});
   Refusals _refusals;

@@ -91,22 +91,21 @@ void CheckFixedCode(const CodeEntry& code) {
   }
 }
 
-void CheckKeyAbilityCode(const Catalogue& catalogue) {
+void CheckKeyAbilityCode(const Catalogue& catalogue, const RuleBreach& breach) {
+  const SourcePosition& position = catalogue.key_ability_code_position;
   const CodeEntry* key_code = catalogue.FindCode(catalogue.key_ability_code);
   if (key_code == nullptr) {
-    throw InputError(
-        catalogue.key_ability_code_position,
-        "key ability code " + std::to_string(catalogue.key_ability_code) + " is not defined",
-        "it under codes");
-  }
-  if (key_code->HoldsText()) {
-    throw InputError(key_code->position, CodeText(*key_code) + " holds a text",
-                     "a number, for it is the key ability code");
-  }
-  if (key_code->code == kAllLanCode || key_code->code == kDataUniCode) {
-    throw InputError(catalogue.key_ability_code_position,
-                     CodeText(*key_code) + " is a total of ports, which the library overwrites",
-                     "another key ability code, such as 1085");
+    breach(0, InputError(position,
+                         "key ability code " + std::to_string(catalogue.key_ability_code) +
+                             " is not defined",
+                         "it under codes"));
+  } else if (key_code->HoldsText()) {
+    breach(key_code->order, InputError(key_code->position, CodeText(*key_code) + " holds a text",
+                                       "a number, for it is the key ability code"));
+  } else if (key_code->code == kAllLanCode || key_code->code == kDataUniCode) {
+    breach(0, InputError(position,
+                         CodeText(*key_code) + " is a total of ports, which the library overwrites",
+                         "another key ability code, such as 1085"));
   }
 }
 
@@ -247,7 +246,7 @@ void CheckCodes(const Catalogue& catalogue, const RuleBreach& breach) {
       CheckFixedCode(*code);
     });
   }
-  Hold(breach, 0, [&] { CheckKeyAbilityCode(catalogue); });
+  CheckKeyAbilityCode(catalogue, breach);
 }
 
 void CheckProfiles(const Catalogue& catalogue, const RuleBreach& breach) {

@@ -18,9 +18,12 @@ namespace fs = std::filesystem;
   throw InputError({path, 0}, "cannot be read: " + reason, "a YAML file or a folder of them");
 }
 
+// A link to nothing counts, for its file is missing; a pipe does not, for reading it
+// might never end.
 bool IsCatalogueFile(const fs::directory_entry& entry) {
   const std::string name = entry.path().filename().string();
-  return name.front() != '.' && entry.path().extension() == ".yaml" && !entry.is_directory();
+  return name.front() != '.' && entry.path().extension() == ".yaml" &&
+         (entry.is_regular_file() || !entry.exists());
 }
 
 // The file itself, or the *.yaml files of the folder in the order of their names.

@@ -1,4 +1,5 @@
 // The commands about the catalogue: what is loaded, and loading it again.
+#include <cctype>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -198,7 +199,10 @@ int Reload(cmd_element* /*element*/, struct vty* vty, int /*argc*/, char** /*arg
   }
   if (!result.remarks.empty()) {
     vty_out(vty, "\r\n");
-    WriteSome(*vty, result.remarks, Wrapped);
+    WriteSome(*vty, result.remarks, [](std::string remark) {
+      remark.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(remark.front())));
+      return Wrapped(remark);
+    });
   }
   WriteRefused(*vty, Host().catalogue);
   return 0;

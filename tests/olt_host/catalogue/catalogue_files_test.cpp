@@ -3,6 +3,7 @@
 #include "catalogue/catalogue_files.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "host_files.h"
 
@@ -315,6 +316,37 @@ TEST_F(CatalogueFiles, KeepingGoingAFileThatSpoilsTheKeyAbilityCodeIsLeftOutWhol
   EXPECT_EQ(Profiles(loaded.catalogue.real_profiles), "1:1 2:2 3:3");
   EXPECT_EQ(Refused(loaded), (Messages{"local.yaml:1: key ability code 1086 is not defined; "
                                        "expected it under codes"}));
+}
+
+TEST_F(CatalogueFiles, KeepingGoingAKeyCodeThatHoldsATextIsLeftOutWhereItIsDefined) {
+  Local(
+      "codes:\n  - {code: 1085, name: KEY, attributes: {VALUE_TYPE: string}}\n"
+      "real_profiles: [{key: 9, abilities: {}}]\n");
+  const olt_host::LoadedCatalogue loaded = Keep();
+  EXPECT_EQ(Profiles(loaded.catalogue.real_profiles), "1:1 2:2 3:3 9:0");
+  EXPECT_FALSE(loaded.catalogue.FindCode(1085)->HoldsText());
+  EXPECT_EQ(Refused(loaded), (Messages{"local.yaml:2: code 1085 (KEY) holds a text; "
+                                       "expected a number, for it is the key ability code"}));
+  _request.local.clear();
+  Local("key_ability_code: 1082\n");
+  EXPECT_EQ(Keep().refused_files.size(), 1U);
+  EXPECT_EQ(Keep().catalogue.codes.size(), 4U);
+}
+
+TEST_F(CatalogueFiles, PipeInAFolderIsNotRead) {
+  std::filesystem::create_directory(_directory.Path("d"));
+  ASSERT_EQ(mkfifo(_directory.Path("d/pipe.yaml").c_str(), 0600), 0);
+  _request.local = {_directory.Path("d")};
+  EXPECT_EQ(Read().files.size(), 1U);
+}
+
+TEST_F(CatalogueFiles, LinkToNothingInAFolderIsAnError) {
+  std::filesystem::create_directory(_directory.Path("d"));
+  std::filesystem::create_symlink("nowhere", _directory.Path("d/link.yaml"));
+  _request.local = {_directory.Path("d")};
+  EXPECT_EQ(Error(),
+            "d/link.yaml: cannot be read: No such file or directory; "
+            "expected a YAML file that can be read");
 }
 
 TEST_F(CatalogueFiles, KeepingGoingWithoutAnyGoodFileGivesAnEmptyCatalogue) {
