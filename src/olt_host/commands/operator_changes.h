@@ -3,10 +3,20 @@
 #ifndef OLT_HOST_COMMANDS_OPERATOR_CHANGES_H
 #define OLT_HOST_COMMANDS_OPERATOR_CHANGES_H
 
+#include <string>
+
 namespace olt_host {
 
-// Observes the commands from now on. REQUIRES: the library is loaded.
+// Brings back what Host().state_file holds, when there is one. REQUIRES: the catalogue
+// is loaded. Throws StateError, the library as it was; the message names the backup.
+void RestoreAtStart();
+
+// Observes the commands from now on. What the library holds at this moment, or after
+// RestoreAtStart if that comes later, counts as kept. REQUIRES: the library is loaded.
 void KeepOperatorChanges();
+
+// Host().state_file was written with this content by somebody else.
+void NoteStateWritten(std::string content);
 
 }  // namespace olt_host
 

@@ -13,6 +13,8 @@
 
 namespace olt_host {
 
+// Copies of a state are whole, but assigning to a profile leaves the target's own key
+// ability code where it is, as the library means it: replace profiles, do not assign.
 struct LibraryState {
   std::map<unsigned short, std::string> attributes;
   std::vector<ONU_ABILITY_CODE_ATTR_INFO> codes;  // in the registry's order

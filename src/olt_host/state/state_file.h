@@ -27,6 +27,8 @@ std::string EncodeState(const LibraryState& state, const Catalogue& catalogue);
 // before, whole: written aside, flushed to disk, renamed. What the file held
 // before is kept as FILE.bak. Throws StateError, the file as it was.
 void WriteStateFile(const std::string& file, const std::string& content);
+// The name of that backup; beside the file itself when `file` is a link.
+std::string BackupOf(const std::string& file);
 
 // The library's state after the state file `file` over `catalogue`: the profiles
 // of source 0 as `current` has them, what operators changed as the file has it,

@@ -108,7 +108,7 @@ class FileAside {
 
 // A second name for the old content, put in the place of an older backup in one step.
 void KeepAsBackup(const std::string& file) {
-  const std::string backup = file + ".bak";
+  const std::string backup = BackupOf(file);
   const std::string aside = backup + ".new";
   if (unlink(aside.c_str()) != 0 && errno != ENOENT) Fail("cannot remove the old " + aside);
   if (link(file.c_str(), aside.c_str()) != 0) Fail("cannot keep a backup as " + aside);
@@ -133,6 +133,8 @@ void FlushFolder(const std::string& file) {
 }
 
 }  // namespace
+
+std::string BackupOf(const std::string& file) { return Resolved(file) + ".bak"; }
 
 void WriteStateFile(const std::string& file, const std::string& content) {
   try {

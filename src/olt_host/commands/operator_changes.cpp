@@ -1,0 +1,96 @@
+#include "commands/operator_changes.h"
+
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "commands/host_context.h"
+#include "platform/log_sink.h"
+#include "state/state_file.h"
+#include "vty/execute.h"
+
+namespace olt_host {
+
+namespace {
+
+std::string EncodeNow() { return EncodeState(CaptureLibrary(), Host().catalogue.catalogue); }
+
+// The library keeps one pending profile for the process, made with new when the first
+// is started and never freed; here every session owns its own.
+void LendPendingProfile(struct vty& terminal) {
+  OnuAbilityGlobalVar::GetInstance()->_onu_ability_profile =
+      terminal.settings().pending_profile.get();
+}
+
+void TakePendingProfile(struct vty& terminal) {
+  OnuAbilityProfile*& pending = OnuAbilityGlobalVar::GetInstance()->_onu_ability_profile;
+  std::shared_ptr<OnuAbilityProfile>& own = terminal.settings().pending_profile;
+  if (pending != own.get()) own.reset(pending);
+  pending = nullptr;
+}
+
+// What the state file holds, or would hold if nothing changed since the start.
+std::string& KeptContent() {
+  static std::string content;
+  return content;
+}
+
+// The change itself stays when it cannot be written; the next one tries again.
+void KeepChange(struct vty& terminal) {
+  if (Host().state_file.empty()) return;
+  try {
+    std::string content = EncodeNow();
+    if (content == KeptContent()) return;
+    WriteStateFile(Host().state_file, content);
+    KeptContent() = std::move(content);
+  } catch (const StateError& error) {
+    const std::string message = std::string("The change is not saved: ") + error.what();
+    LogHostLine(0, message);
+    terminal.Refuse(message);
+  }
+}
+
+// Throws std::runtime_error, the library as it was.
+void Restore(const std::string& file) {
+  std::vector<std::string> remarks;
+  InstallLibrary(ReadStateFile(file, Host().catalogue.catalogue, CaptureLibrary(), &remarks));
+  for (const std::string& remark : remarks) LogHostLine(0, file + ": " + remark);
+  NoteStateWritten(EncodeNow());
+}
+
+}  // namespace
+
+void RestoreAtStart() {
+  const std::string& file = Host().state_file;
+  if (file.empty()) return;
+  const std::string backup = BackupOf(file);
+  std::error_code ignored;
+  const bool has_backup = std::filesystem::exists(backup, ignored);
+  if (std::filesystem::symlink_status(file, ignored).type() ==
+      std::filesystem::file_type::not_found) {
+    if (has_backup)
+      LogHostLine(0, file + ": is missing, nothing is restored; " + backup + " is there");
+    return;
+  }
+  try {
+    Restore(file);
+  } catch (const std::runtime_error& error) {
+    const std::string hint = has_backup ? "; what it held before is in " + backup : "";
+    throw StateError(error.what() + hint);
+  }
+}
+
+void KeepOperatorChanges() {
+  if (!Host().state_file.empty()) NoteStateWritten(EncodeNow());
+  ObserveCommands({LendPendingProfile, [](struct vty& terminal, bool may_change) {
+                     TakePendingProfile(terminal);
+                     if (may_change) KeepChange(terminal);
+                   }});
+}
+
+void NoteStateWritten(std::string content) { KeptContent() = std::move(content); }
+
+}  // namespace olt_host
