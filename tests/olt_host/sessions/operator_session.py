@@ -8,9 +8,9 @@ import pyte
 from operator_line import Ended
 from operator_screen import OperatorScreen
 
-PROMPT = "olt> "
+BANNER = "ONU ability console of olt_host "
 # What stands before the cursor when the host waits for a line or a page key.
-WAITS_FOR_LINE = re.compile(r"olt> |--More-- |(?:[Uu]sername|[Pp]assword|[Ll]ogin): ?")
+WAITS_FOR_LINE = re.compile(r"olt(?:\(read-only\))?> |--More-- |Username: |Password: ")
 
 
 class OperatorSession:
@@ -40,11 +40,18 @@ class OperatorSession:
         return (self.screen.cursor_row() > row and
                 WAITS_FOR_LINE.fullmatch(self.screen.text_before_cursor()) is not None)
 
-    def forget_before_prompt(self):
+    def is_paging(self):
+        return self.screen.text_before_cursor().startswith("--More--")
+
+    def row_with_cursor(self):
+        before = self.screen.text_before_cursor()
+        return before + "<cursor>" + self.screen.text_of_cursor_row()[len(before):]
+
+    def forget_before_banner(self):
         """A console shows above its session what the host did when it started."""
         rows = self.screen.rows()
         self._first_row = next(number for number, row in enumerate(rows)
-                               if row.startswith(PROMPT.rstrip()))
+                               if row.startswith(BANNER))
 
     def note(self, lines):
         """Shows lines of the test's own above the row of the cursor."""

@@ -15,6 +15,7 @@ read them, has answered, and all of its threads are asleep again.
 
 import argparse
 import difflib
+import getpass
 import pathlib
 import re
 import shutil
@@ -31,11 +32,20 @@ STEP_LIMIT = 120   # seconds for one step, on a machine that does much else
 QUIET = 0.06       # seconds without output, beside the conditions
 NO_ANSWER = 1.0    # seconds until a key that the host has taken counts as ignored
 
-# What differs from run to run, and what stands for it.
+# What differs from run to run and from transport to transport, and what stands
+# for it.
 MASKS = [
+    (re.compile(r"^Session +User +From +Access +Since +Idle$"),
+     "Session  User  From  Access  Since  Idle"),
+    (re.compile(r"^( +\d+)  (\S+) +(?:console|unix|127\.0\.0\.1:\d+) +(full|read-only) +"
+                r"\S+ \S+ +\d+s$"), r"\1  \2  ORIGIN  \3  SINCE  IDLE"),
+    (re.compile(rf"^( +\d+  )(?:-|{re.escape(getpass.getuser())})(  ORIGIN )"), r"\1NOBODY\2"),
     (re.compile(r"\b\d{4}-\d\d-\d\d \d\d:\d\d:\d\d(?:\.\d+)?"), "YYYY-MM-DD HH:MM:SS"),
+    (re.compile(r"\b\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d(?:\.\d+)?Z"), "YYYY-MM-DDTHH:MM:SSZ"),
     (re.compile(r"\b127\.0\.0\.1:\d+"), "127.0.0.1:PORT"),
-    (re.compile(r"\b[0-9a-f]{64}\b"), "SHA256"),
+    (re.compile(r"(olt_host )\d+\.\d+\.\d+"), r"\1VERSION"),
+    (re.compile(r"^((?:Library|Compiler|Build|Process|Up for) +).*"), r"\1..."),
+    (re.compile(r"(func:\w+,line:)\d+"), r"\1N"),
 ]
 
 
@@ -96,7 +106,15 @@ class Player:
     def _start(self):
         self._host = HostProcess(self._program, self._transport,
                                  [*self._script.start, "--log", "host.log"], self._directory)
-        self._connect("")
+        # Operators with names open their own sessions.
+        if self._script.steps and self._script.steps[0].kind != "operator":
+            self._connect("")
+
+    def _restart(self, words):
+        self._stop()
+        if words:
+            self._script.start = [word for word in words if word != "-"]
+        self._start()
 
     def _connect(self, title):
         session = OperatorSession(self._host.open_line(), title)
@@ -104,7 +122,7 @@ class Player:
         self._session = session
         self._settle(lambda: session.waits_for_line_below(-1), "the first prompt")
         if self._transport == "pty":
-            session.forget_before_prompt()
+            session.forget_before_banner()
 
     def _stop(self):
         """Ends the host; what its sessions have shown until now is kept."""
@@ -129,7 +147,7 @@ class Player:
         actions = {
             "line": lambda: self._type(step.text),
             "type": lambda: self._type(step.text),
-            "keys": lambda: self._press(keys_of(step.text)),
+            "keys": lambda: self._press(step.text),
             "copy": lambda: shutil.copyfile(*map(self._path, step.words)),
             "file": lambda: self._note_file(*step.words),
             "same": lambda: self._compare_files(*step.words),
@@ -138,7 +156,7 @@ class Player:
             "await-end": lambda: self._settle(lambda: False, "the end of the session"),
             "operator": lambda: self._turn_to(*step.words),
             "reconnect": lambda: self._connect(self._session.title),
-            "restart": lambda: (self._stop(), self._start()),
+            "restart": lambda: self._restart(step.words),
         }
         actions[step.kind]()
 
@@ -155,6 +173,8 @@ class Player:
 
     def _type(self, text):
         self._require_open()
+        if self._session.is_paging():
+            raise SessionError("the pager waits for a key; expected @keys")
         session, row = self._session, self._session.screen.cursor_row()
         session.line.write(keys_of(text) + session.line.enter())
         self._settle(lambda: session.waits_for_line_below(row), "a prompt below the typed line")
@@ -163,11 +183,14 @@ class Player:
         for text in self._path(name).read_text().splitlines():
             self._type(text.replace("{", "{{"))
 
-    def _press(self, keys):
+    def _press(self, text):
         self._require_open()
         self._expect_answer()
-        self._session.line.write(keys.replace(b"\r", self._session.line.enter()))
+        keys = keys_of(text).replace(b"\r", self._session.line.enter())
+        self._session.line.write(keys)
         self._await_answer("an answer to the keys")
+        if not self._session.ended:
+            self._session.note([f"[{text}] {self._session.row_with_cursor()}"])
 
     def _resize(self, rows, columns):
         self._session.screen.resize_keeping_rows(rows, columns)

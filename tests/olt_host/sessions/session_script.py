@@ -3,7 +3,8 @@
     # a comment; blank lines mean nothing either
     show version              typed, with Enter behind it
     sh key{TAB}               a key by its name, see KEYS
-    @keys show {TAB}          typed without Enter
+    @keys show {TAB}          typed without Enter; the row of the cursor, as it is
+                              then, goes into what the operator sees
 
 Before the first step:
 
@@ -23,7 +24,8 @@ Steps besides typed lines:
     @await-end                the host has to end the session by itself
     @reconnect                another session of the same host
     @operator NAME            another operator, in a session of their own
-    @restart                  stops the host and starts it with the same arguments
+    @restart [WORD ...]       stops the host and starts it anew, with the same
+                              arguments or these; "-" for none
 
 "{{" stands for a brace.
 """
@@ -44,7 +46,7 @@ KEYS = {
 # Steps and how many words each takes.
 STEPS = {"keys": None, "type": None, "copy": 2, "file": 1, "same": 2, "type-file": 1,
          "resize": 2, "await-end": 0, "reconnect": 0, "operator": 1,
-         "restart": 0}
+         "restart": None}
 SETTINGS = {"transports", "start", "user"}
 
 
