@@ -10,19 +10,25 @@
 #include <utility>
 
 #include "session/columns.h"
+#include "session/editor_keys.h"
 #include "session/editor_terminal.h"
 #include "session/editor_turn.h"
-#include "session/escape_sequences.h"
+#include "vty/place.h"
 
 namespace olt_host {
 namespace {
 
-constexpr int kLinesRemembered = 500;
+constexpr std::size_t kLinesRemembered = 500;
+constexpr std::size_t kLongestPattern = 100;
 constexpr std::size_t kMostUnsent = 32U << 10U;
 constexpr std::chrono::milliseconds kTypeArrives{1000};
 // A sequence of a terminal arrives at once; an ESC that somebody types does not.
 constexpr std::chrono::milliseconds kSequenceArrives{200};
 constexpr std::size_t kLongestType = 40;
+constexpr char32_t kAbortSearch = 0x07;  // ^G
+constexpr char32_t kSearchAgain = 0x12;  // ^R
+constexpr char32_t kBackspace = 0x08;
+constexpr char32_t kDelete = 0x7F;
 
 std::size_t Utf8Size(wchar_t character) {
   if (character < 0x80) return 1;
@@ -62,30 +68,12 @@ std::string Lower(std::string text) {
   return text;
 }
 
-struct Binding {
-  const char* key;
-  const char* function;
-};
-
-// Beside what emacs keys are anyway. Taken away are functions that run commands of
-// the library itself, or repeat a key a million times.
-constexpr std::array<Binding, 29> kBindings = {{
-    {"^I", "host-complete"},       {"?", "host-help"},
-    {"^C", "host-interrupt"},      {"^D", "host-delete-or-end"},
-    {"^_", "ed-delete-next-char"}, {"^H", "em-delete-prev-char"},
-    {"^?", "em-delete-prev-char"}, {"^W", "ed-delete-prev-word"},
-    {"^R", "em-inc-search-prev"},  {"^S", "em-inc-search-next"},
-    {"^L", "ed-clear-screen"},     {"^O", "ed-unassigned"},
-    {"^Q", "ed-unassigned"},       {"^V", "ed-unassigned"},
-    {"^Z", "ed-unassigned"},       {"^]", "ed-unassigned"},
-    {"^\\", "ed-unassigned"},      {"\\ex", "ed-unassigned"},
-    {"\\eX", "ed-unassigned"},     {"\\e0", "ed-unassigned"},
-    {"\\e1", "ed-unassigned"},     {"\\e2", "ed-unassigned"},
-    {"\\e3", "ed-unassigned"},     {"\\e4", "ed-unassigned"},
-    {"\\e5", "ed-unassigned"},     {"\\e6", "ed-unassigned"},
-    {"\\e7", "ed-unassigned"},     {"\\e8", "ed-unassigned"},
-    {"\\e9", "ed-unassigned"},
-}};
+// As the library reads the names of keys.
+std::string NameOf(char32_t key) {
+  std::array<char, 8> name{};
+  std::snprintf(name.data(), name.size(), "\\%03o", static_cast<unsigned int>(key));
+  return name.data();
+}
 
 }  // namespace
 
@@ -186,7 +174,7 @@ Editor::Editor(Channel& channel, KeyReader& keys, std::size_t line_bytes, Helper
     throw std::runtime_error("cannot start the line editor");
   }
   HistEvent event;
-  history(_library->history, &event, H_SETSIZE, kLinesRemembered);
+  history(_library->history, &event, H_SETSIZE, static_cast<int>(kLinesRemembered));
   history(_library->history, &event, H_SETUNIQUE, 1);
   el_set(line, EL_CLIENTDATA, this);
   el_set(line, EL_GETCFN, Callbacks::NextKey);
@@ -197,10 +185,12 @@ Editor::Editor(Channel& channel, KeyReader& keys, std::size_t line_bytes, Helper
   // The wide form: the other one copies the names and never frees them.
   el_wset(line, EL_ADDFN, L"host-complete", L"", Callbacks::Call<&Editor::Complete>);
   el_wset(line, EL_ADDFN, L"host-help", L"", Callbacks::Call<&Editor::Help>);
+  el_wset(line, EL_ADDFN, L"host-search", L"", Callbacks::Call<&Editor::StartSearch>);
+  el_wset(line, EL_ADDFN, L"host-search-step", L"", Callbacks::Call<&Editor::StepSearch>);
   el_wset(line, EL_ADDFN, L"host-interrupt", L"", Callbacks::Interrupt);
   el_wset(line, EL_ADDFN, L"host-delete-or-end", L"", Callbacks::DeleteOrEnd);
-  for (const Binding& binding : kBindings) {
-    el_set(line, EL_BIND, binding.key, binding.function, nullptr);
+  for (const KeyBinding& binding : KeyBindings()) {
+    el_set(line, EL_BIND, NameOf(binding.key).c_str(), binding.function, nullptr);
   }
   _library->terminal.TakeOutput();  // complaints about the terminal's type
 }
@@ -209,6 +199,8 @@ Editor::~Editor() = default;
 
 Editor::Outcome Editor::Read(const std::string& prompt, std::string& line) {
   _prompt = prompt;
+  _search.active = false;
+  _pending.clear();
   _outcome = Outcome::kLine;
   _full = false;
   _too_long = false;
@@ -232,6 +224,8 @@ Editor::Outcome Editor::Read(const std::string& prompt, std::string& line) {
 }
 
 void Editor::Remember(const std::string& line) {
+  if (_lines.empty() || _lines.back() != line) _lines.push_back(line);
+  if (_lines.size() > kLinesRemembered) _lines.pop_front();
   const EditorTurn turn;
   HistEvent event;
   history(_library->history, &event, H_ENTER, line.c_str());
@@ -246,9 +240,13 @@ bool Editor::NextKey(char32_t& key) {
       return true;
     }
     if (!ReadKey(key)) return false;
+    if (_search.active) {
+      _search.key = key;
+      _pending.push_back(kSearchStep);
+    }
     if (key == kEscape) {
       if (!ReadSequence()) return false;
-    } else if (!Swallows(key)) {
+    } else if (!_search.active && !Swallows(key)) {
       return true;
     }
   }
@@ -270,7 +268,6 @@ bool Editor::ReadKey(char32_t& key) {
 // Behind ESC: makes pending what was meant. False at the end of the input.
 bool Editor::ReadSequence() {
   EscapeSequence sequence;
-  bool introduced = false;
   _full = false;
   if (!SendOutput()) return false;
   while (true) {
@@ -280,24 +277,15 @@ bool Editor::ReadSequence() {
       _outcome = Outcome::kEnd;
       return false;
     }
-    if (result == KeyReader::Result::kTimedOut) {
-      if (!introduced) _pending.push_back(kEscape);
-      return true;
-    }
+    if (result == KeyReader::Result::kTimedOut) return true;
     if (key == kEscape) {
       sequence = EscapeSequence();
-      introduced = false;
     } else if (key < 0x20) {
       _pending.push_back(key);
       return true;
-    } else if (!introduced && key != U'[' && key != U'O') {
-      _pending.assign({kEscape, key});
-      return true;
-    } else {
-      introduced = true;
-      if (!sequence.Add(key)) continue;
+    } else if (sequence.Add(key)) {
       const std::u32string keys = sequence.keys();
-      _pending.assign(keys.begin(), keys.end());
+      _pending.insert(_pending.end(), keys.begin(), keys.end());
       return true;
     }
   }
@@ -355,6 +343,70 @@ unsigned char Editor::Help() {
   return help.empty() ? static_cast<unsigned char>(CC_ERROR) : ShowUnderLine(help);
 }
 
+// Ctrl-R. Until the search ends, every key is a step of it.
+unsigned char Editor::StartSearch() {
+  const LineInfo* const info = el_line(_library->line);
+  _search = Search();
+  _search.active = true;
+  _search.line.assign(info->buffer, info->lastchar);
+  _search.prompt = _prompt;
+  _search.place = _lines.size();
+  _prompt = "(search) \"\": ";
+  return CC_REFRESH;
+}
+
+unsigned char Editor::StepSearch() {
+  const char32_t key = _search.key;
+  if (!_search.active) return CC_NORM;
+  if (key == KeyReader::kInterrupt || key == kAbortSearch) {
+    ReplaceLine(_search.line);
+    EndSearch();
+  } else if (key == kSearchAgain) {
+    FindFrom(_search.place);
+  } else if (key == kBackspace || key == kDelete) {
+    while (!_search.pattern.empty() && !StartsCharacter(_search.pattern.back())) {
+      _search.pattern.pop_back();
+    }
+    if (!_search.pattern.empty()) _search.pattern.pop_back();
+    FindFrom(_lines.size());
+  } else if (key < 0x20) {
+    EndSearch();
+    // The key ends the search and then does what it does.
+    if (key != kEscape) _pending.push_front(key);
+  } else if (_search.pattern.size() < kLongestPattern) {
+    _search.pattern += Utf8(key);
+    FindFrom(std::min(_search.place + 1, _lines.size()));
+  }
+  return CC_REFRESH;
+}
+
+void Editor::EndSearch() {
+  _search.active = false;
+  _prompt = _search.prompt;
+}
+
+// Looks for the pattern in the lines before `place`, and shows the latest that has it.
+void Editor::FindFrom(std::size_t place) {
+  _search.found = _search.pattern.empty();
+  while (!_search.found && place > 0) {
+    --place;
+    _search.found = _lines[place].find(_search.pattern) != std::string::npos;
+    if (!_search.found) continue;
+    _search.place = place;
+    ReplaceLine(_lines[place]);
+  }
+  _prompt =
+      std::string(_search.found ? "(search) \"" : "(not found) \"") + _search.pattern + "\": ";
+}
+
+void Editor::ReplaceLine(const std::string& text) {
+  const LineInfoW* const info = el_wline(_library->line);
+  const int length = static_cast<int>(info->lastchar - info->buffer);
+  el_cursor(_library->line, length);
+  el_deletestr(_library->line, length);
+  if (!text.empty()) el_insertstr(_library->line, text.c_str());
+}
+
 unsigned char Editor::ShowUnderLine(const std::string& lines) {
   LeaveLine();
   Outcome outcome = Outcome::kEnd;
@@ -375,7 +427,7 @@ unsigned char Editor::ShowUnderLine(const std::string& lines) {
 void Editor::LeaveLine() {
   const LineInfoW* const info = el_wline(_library->line);
   const std::size_t width = _library->terminal.columns();
-  const std::size_t before = _prompt.size() + Columns(info->buffer, info->cursor);
+  const std::size_t before = DisplayWidth(_prompt) + Columns(info->buffer, info->cursor);
   const std::size_t all = before + Columns(info->cursor, info->lastchar);
   for (std::size_t row = before / width; row <= all / width; ++row) {
     std::fputs("\n", _library->terminal.stream());

@@ -55,6 +55,17 @@ class Editor {
   struct Callbacks;
   struct Library;
 
+  // A search of the history that is going on.
+  struct Search {
+    bool active = false;
+    char32_t key = 0;       // the one to be looked at
+    std::string pattern;    // a text that stands somewhere in the line
+    std::size_t place = 0;  // in the history, of what was found; its size when nothing was
+    bool found = true;
+    std::string line;  // as it was before
+    std::string prompt;
+  };
+
   bool NextKey(char32_t& key);
   bool ReadKey(char32_t& key);
   bool ReadSequence();
@@ -62,6 +73,11 @@ class Editor {
   bool SendOutput();
   unsigned char Complete();
   unsigned char Help();
+  unsigned char StartSearch();
+  unsigned char StepSearch();
+  void EndSearch();
+  void FindFrom(std::size_t place);
+  void ReplaceLine(const std::string& text);
   unsigned char ShowUnderLine(const std::string& lines);
   void LeaveLine();
 
@@ -71,9 +87,11 @@ class Editor {
   const Helpers _helpers;
   std::string _prompt;
   Outcome _outcome = Outcome::kLine;
-  std::deque<char32_t> _pending;  // keys to deliver before the next one is read
-  bool _full = false;             // no more room, as was found with the last key
-  bool _too_long = false;         // something was swallowed
+  std::deque<char32_t> _pending;   // keys to deliver before the next one is read
+  std::deque<std::string> _lines;  // the history, for searches
+  Search _search;
+  bool _full = false;      // no more room, as was found with the last key
+  bool _too_long = false;  // something was swallowed
   std::unique_ptr<Library> _library;
 };
 

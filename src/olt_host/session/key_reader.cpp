@@ -83,4 +83,14 @@ std::chrono::seconds KeyReader::idle() const {
   return std::chrono::duration_cast<std::chrono::seconds>(Channel::Clock::now() - last);
 }
 
+std::string Utf8(char32_t character) {
+  const auto tail = [character](unsigned int shift) {
+    return static_cast<char>(0x80U | ((character >> shift) & 0x3FU));
+  };
+  if (character < 0x80) return {static_cast<char>(character)};
+  if (character < 0x800) return {static_cast<char>(0xC0U | (character >> 6U)), tail(0)};
+  if (character < 0x10000) return {static_cast<char>(0xE0U | (character >> 12U)), tail(6), tail(0)};
+  return {static_cast<char>(0xF0U | (character >> 18U)), tail(12), tail(6), tail(0)};
+}
+
 }  // namespace olt_host

@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <string>
 
 #include "session/channel.h"
 
@@ -51,6 +52,9 @@ class KeyReader {
   char32_t _smallest = 0;
   int _waiting = -1;  // a byte that ended a broken character and is still to be looked at
 };
+
+// The bytes of a key that is a character.
+std::string Utf8(char32_t character);
 
 }  // namespace olt_host
 

@@ -36,7 +36,7 @@ class LoginDialog {
       }
       Edit(key, echo, typed);
     }
-    answer = Utf8(typed);
+    answer = Text(typed);
     return Say("\r\n");
   }
 
@@ -49,26 +49,13 @@ class LoginDialog {
     typed.resize(typed.size() - erased);
     if (key < 0x20 || key == kDelete || typed.size() == kLongest) return;
     typed += key;
-    if (echo) Say(Utf8(std::u32string(1, key)));
+    if (echo) Say(Utf8(key));
   }
 
-  static std::string Utf8(const std::u32string& text) {
-    std::string bytes;
-    for (const char32_t c : text) {
-      const auto tail = [c](unsigned int shift) {
-        return static_cast<char>(0x80U | ((c >> shift) & 0x3FU));
-      };
-      if (c < 0x80) {
-        bytes += static_cast<char>(c);
-      } else if (c < 0x800) {
-        bytes += {static_cast<char>(0xC0U | (c >> 6U)), tail(0)};
-      } else if (c < 0x10000) {
-        bytes += {static_cast<char>(0xE0U | (c >> 12U)), tail(6), tail(0)};
-      } else {
-        bytes += {static_cast<char>(0xF0U | (c >> 18U)), tail(12), tail(6), tail(0)};
-      }
-    }
-    return bytes;
+  static std::string Text(const std::u32string& keys) {
+    std::string text;
+    for (const char32_t key : keys) text += Utf8(key);
+    return text;
   }
 
   Channel& _channel;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "vty/place.h"
+
 namespace olt_host {
 namespace {
 
@@ -10,8 +12,6 @@ constexpr const char* kPromptErased = "\r         \r";
 // Output that is not paged goes in pieces of about this size, between which Ctrl-C
 // is looked for.
 constexpr std::size_t kPiece = 4096;
-
-bool StartsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }
 
 // The place behind the row of the screen that begins at `at`: behind the line break,
 // or where the line wraps.
@@ -63,7 +63,9 @@ Pager::Outcome Pager::Ask(std::size_t page, std::size_t& rows) {
 
 Pager::Outcome Pager::ShowAll(const std::string& text) {
   for (std::size_t at = 0; at < text.size();) {
-    if (_channel.TakeInterrupt()) return Write("^C\r\n") ? Outcome::kStopped : Outcome::kClosed;
+    // What is short is shown; Ctrl-C is then for the line behind it.
+    if (at > 0 && _channel.TakeInterrupt())
+      return Write("^C\r\n") ? Outcome::kStopped : Outcome::kClosed;
     std::size_t length = std::min(kPiece, text.size() - at);
     const std::size_t line_end = text.rfind('\n', at + length - 1);
     if (line_end != std::string::npos && line_end >= at) length = line_end + 1 - at;

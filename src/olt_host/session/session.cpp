@@ -14,10 +14,8 @@ namespace olt_host {
 namespace {
 
 constexpr std::size_t kLinesRemembered = 500;
-constexpr std::size_t kMostOutput = 64U << 20U;
-constexpr const char* kCutMessage = "% Output cut: more than 64 MiB\r\n";
 constexpr const char* kBanner = "ONU ability console of olt_host " OLT_HOST_VERSION
-                                ": ? or \"help\" for help, \"exit\" or Ctrl-D to leave.\r\n";
+                                ": ? or help for help, exit or ^D to leave.\r\n";
 
 }  // namespace
 
@@ -82,8 +80,7 @@ void Session::ReadAndRunLines() {
     _setting.commands.Run([&] {
       std::string error;
       const std::vector<HelpLine> lines = HelpFor(_setting.node, text, &error);
-      help = lines.empty() && !error.empty() ? "% " + error + "\r\n"
-                                             : RenderHelp(lines, _channel.window().columns);
+      help = lines.empty() && !error.empty() ? "% " + error + "\r\n" : RenderHelp(lines, Columns());
     });
     return help;
   };
@@ -132,7 +129,7 @@ Editor::Outcome Session::RunLine(const std::string& line) {
 Editor::Outcome Session::ShowPaged(const std::string& text) {
   const Channel::Window window = _channel.window();
   const std::size_t rows = window.rows == 0 ? 0 : _terminal.settings().screen_length;
-  switch (_pager.Show(text, rows, window.columns)) {
+  switch (_pager.Show(text, rows, Columns())) {
     case Pager::Outcome::kTimedOut:
       return Editor::Outcome::kTimedOut;
     case Pager::Outcome::kClosed:
@@ -142,6 +139,11 @@ Editor::Outcome Session::ShowPaged(const std::string& text) {
       break;
   }
   return Editor::Outcome::kLine;
+}
+
+std::size_t Session::Columns() const {
+  const unsigned int columns = _channel.window().columns;
+  return columns == 0 ? Channel::Window().columns : columns;
 }
 
 void Session::Remember(const std::string& line) {
@@ -154,7 +156,7 @@ void Session::Remember(const std::string& line) {
 // Output for a client that is gone is not kept.
 bool Session::Capture(const char* bytes, std::size_t length) {
   if (_channel.closed()) return false;
-  const std::size_t taken = std::min(length, kMostOutput - _captured.size());
+  const std::size_t taken = std::min(length, _setting.limits.output_bytes - _captured.size());
   _captured.append(bytes, taken);
   _captured_all = _captured_all && taken == length;
   return true;
@@ -164,7 +166,10 @@ bool Session::Capture(const char* bytes, std::size_t length) {
 std::string Session::TakeCaptured() {
   std::string text = std::exchange(_captured, std::string());
   if (!text.empty() && text.back() != '\n') text += "\r\n";
-  if (!std::exchange(_captured_all, true)) text += kCutMessage;
+  if (!std::exchange(_captured_all, true)) {
+    text +=
+        "% Output cut: more than " + std::to_string(_setting.limits.output_bytes) + " bytes\r\n";
+  }
   return text;
 }
 

@@ -50,6 +50,8 @@ class Session {
   bool Capture(const char* bytes, std::size_t length);
   std::string TakeCaptured();
   void FollowWindow();
+  // Of the screen; the usual number when the client has none.
+  std::size_t Columns() const;
   bool Say(const std::string& text) { return _channel.Write(text.data(), text.size()); }
 
   const SessionSetting& _setting;

@@ -19,7 +19,8 @@ namespace olt_host {
 
 struct SessionLimits {
   std::size_t sessions = 16;
-  std::size_t line_bytes = 4096;  // a longer line is refused whole
+  std::size_t line_bytes = 4096;          // a longer line is refused whole
+  std::size_t output_bytes = 64U << 20U;  // kept of a command; more is cut off
   std::chrono::seconds exec_timeout = std::chrono::minutes(10);
   std::chrono::milliseconds login_time = std::chrono::minutes(1);   // for the whole login
   std::chrono::milliseconds login_delay = std::chrono::seconds(1);  // doubled every time

@@ -165,10 +165,7 @@ class Client {
     const auto deadline = std::chrono::steady_clock::now() + kSoon;
     while (true) {
       Drain();
-      if (condition()) {
-        Drain();
-        return true;
-      }
+      if (condition()) return true;
       if (!signal_->TakeUntil(deadline)) return false;
     }
   }
@@ -198,7 +195,7 @@ class Client {
 
   // Reads until the session is over and everything it sent has come.
   bool AwaitEnd() {
-    return Await([this] { return signal_->ended.load(); });
+    return Await([this] { return signal_->ended && channel_->drained_to_end(); });
   }
 
  private:
@@ -223,11 +220,15 @@ class Client {
   };
 
   void Drain() {
-    char part[4096];
-    for (std::size_t length; (length = channel_->Drain(part, sizeof part)) > 0;) {
+    // Not until there is nothing more: a session may write without end.
+    for (int i = 0; i < 8; ++i) {
+      char part[4096];
+      const std::size_t length = channel_->Drain(part, sizeof part);
+      if (length == 0) return;
       bytes_.append(part, length);
       screen_.Write(std::string(part, length));
     }
+    signal_->Give();
   }
 
   const std::shared_ptr<Signal> signal_ = std::make_shared<Signal>();

@@ -1,0 +1,90 @@
+// The one thread of all commands.
+#include "session/command_thread.h"
+
+#include <gtest/gtest.h>
+
+#include <future>
+#include <stdexcept>
+#include <vector>
+
+#include "session/session_fixture.h"
+
+namespace olt_host {
+namespace {
+
+TEST(TheCommandThread, RunsWhatOtherThreadsAskForOnOneThread) {
+  ServedCommands commands;
+  std::thread::id first;
+  std::thread::id second;
+  EXPECT_TRUE((*commands).Run([&first] { first = std::this_thread::get_id(); }));
+  std::thread other([&] { (*commands).Run([&second] { second = std::this_thread::get_id(); }); });
+  other.join();
+  EXPECT_EQ(first, second);
+  EXPECT_NE(std::this_thread::get_id(), first);
+}
+
+TEST(TheCommandThread, RunsATaskOfATaskAtOnce) {
+  ServedCommands commands;
+  bool inner = false;
+  EXPECT_TRUE((*commands).Run([&] { (*commands).Run([&inner] { inner = true; }); }));
+  EXPECT_TRUE(inner);
+}
+
+TEST(TheCommandThread, ThrowsTheExceptionOfATaskAtItsCaller) {
+  ServedCommands commands;
+  EXPECT_THROW((*commands).Run([] { throw std::runtime_error("thrown"); }), std::runtime_error);
+  EXPECT_TRUE((*commands).Run([] {})) << "and goes on";
+}
+
+TEST(TheCommandThread, NeverRunsTwoTasksAtOnce) {
+  ServedCommands commands;
+  int inside = 0;
+  int most = 0;
+  int runs = 0;
+  std::vector<std::thread> callers;
+  for (int caller = 0; caller < 8; ++caller) {
+    callers.emplace_back([&] {
+      for (int i = 0; i < 200; ++i) {
+        (*commands).Run([&] {
+          most = std::max(most, ++inside);
+          ++runs;
+          --inside;
+        });
+      }
+    });
+  }
+  for (std::thread& caller : callers) caller.join();
+  EXPECT_EQ(1, most);
+  EXPECT_EQ(1600, runs);
+}
+
+TEST(TheCommandThread, DropsWaitingTasksWhenItIsStopped) {
+  CommandThread commands;  // nobody serves: this thread would
+  std::promise<void> asked;
+  std::future<bool> waiting = std::async(std::launch::async, [&] {
+    asked.set_value();
+    return commands.Run([] { ADD_FAILURE() << "run after the stop"; });
+  });
+  asked.get_future().wait();
+  commands.Stop();
+  EXPECT_FALSE(waiting.get());
+  EXPECT_FALSE(commands.Run([] { ADD_FAILURE() << "run after the stop"; }));
+  commands.Serve();  // returns at once
+}
+
+TEST(TheCommandThread, FinishesTheTaskInHandBeforeItStops) {
+  CommandThread commands;
+  bool done = false;
+  std::future<bool> caller = std::async(std::launch::async, [&] {
+    return commands.Run([&] {
+      commands.Stop();
+      done = true;
+    });
+  });
+  commands.Serve();
+  EXPECT_TRUE(caller.get());
+  EXPECT_TRUE(done);
+}
+
+}  // namespace
+}  // namespace olt_host
