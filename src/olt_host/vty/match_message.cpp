@@ -6,7 +6,6 @@ namespace olt_host {
 namespace {
 
 constexpr std::size_t kLongestQuote = 40;
-constexpr std::size_t kMostListed = 8;
 
 // <value> and <onutype_code> as the figures they stand for.
 std::string Ranges(const std::vector<std::string>& texts) {
@@ -30,12 +29,12 @@ std::string QuoteWord(const std::string& word) {
   return "\"" + Printable(word.substr(0, end)) + "...\"";
 }
 
-std::string ListTexts(const std::vector<std::string>& texts) {
+std::string ListTexts(const std::vector<std::string>& texts, std::size_t most) {
   std::string list;
-  for (std::size_t i = 0; i < texts.size() && i < kMostListed; ++i) {
+  for (std::size_t i = 0; i < texts.size() && i < most; ++i) {
     list += (i == 0 ? "" : ", ") + texts[i];
   }
-  return texts.size() > kMostListed ? list + ", ..." : list;
+  return texts.size() > most ? list + ", ..." : list;
 }
 
 std::string MatchMessage(const Match& match, const std::vector<Word>& words) {
@@ -45,7 +44,8 @@ std::string MatchMessage(const Match& match, const std::vector<Word>& words) {
     case MatchOutcome::kIncomplete:
       return "Command incomplete: expected " + ListTexts(match.expected);
     case MatchOutcome::kAmbiguous:
-      return "Ambiguous command: " + word + " may be " + ListTexts(match.expected);
+      return "Ambiguous command: " + word + " may be " +
+             ListTexts(match.expected, match.expected.size());
     case MatchOutcome::kNotANumber:
       return "Not a number: " + word + ", expected " + ListTexts(match.expected);
     case MatchOutcome::kOutOfRange:

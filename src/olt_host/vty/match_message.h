@@ -13,8 +13,8 @@ namespace olt_host {
 // A word of the operator as messages show it: quoted, printable, a long one cut.
 std::string QuoteWord(const std::string& word);
 
-// The texts with commas between, the first eight of them.
-std::string ListTexts(const std::vector<std::string>& texts);
+// The texts with commas between, the first `most` of them.
+std::string ListTexts(const std::vector<std::string>& texts, std::size_t most = 8);
 
 // One line without "% ". REQUIRES: the outcome is not kMatched.
 std::string MatchMessage(const Match& match, const std::vector<Word>& words);

@@ -39,6 +39,7 @@ std::string LineWithCaret(const std::string& before, const std::string& line, st
   std::string tail;
   if (line.size() >= width) {
     end = std::min(line.size(), column + kAhead);
+    if (line.size() - end <= kCutWidth) end = line.size();  // no longer than what marks a cut
     const std::size_t most = width - kAhead - 2 * kCutWidth;
     start = column > most ? column - most : 0;
     while (start < column && !StartsCharacter(line[start])) ++start;

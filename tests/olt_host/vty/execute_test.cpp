@@ -87,6 +87,25 @@ TEST_F(VtyExecute, NamesWhatAnAmbiguousWordMayBe) {
   EXPECT_EQ(0, calls.count);
 }
 
+TEST_F(VtyExecute, NamesAllCandidatesOfAnAmbiguousWord) {
+  static std::deque<std::pair<std::string, cmd_element>> many;
+  std::string names;
+  for (char c = 'a'; c <= 'l'; ++c) {
+    many.emplace_back(std::string("pick o") + c, cmd_element{nullptr, Record, ""});
+    many.back().second.string = many.back().first.c_str();
+    install_element(kNode, &many.back().second);
+    names += std::string(c == 'a' ? "" : ", ") + "o" + c;
+  }
+  ExecuteLine(screen.terminal(), kNode, "pick o", {false, ""});
+  EXPECT_EQ("pick o\r\n     ^\r\n% Ambiguous command: \"o\" may be " + names + "\r\n",
+            screen.Take());
+  ExecuteLine(screen.terminal(), kNode, "pick x", {false, ""});
+  EXPECT_EQ(
+      "pick x\r\n     ^\r\n"
+      "% Unknown command: expected oa, ob, oc, od, oe, of, og, oh, ...\r\n",
+      screen.Take());
+}
+
 TEST_F(VtyExecute, NamesTheRangeOfANumber) {
   EXPECT_EQ(
       "              ^\r\n"
@@ -145,6 +164,18 @@ TEST_F(VtyExecute, CutsLongLinesAroundThePlace) {
   EXPECT_EQ("  ...aaa", text.substr(0, 8));
   const std::size_t caret = text.find('^', end + 2) - (end + 2);
   EXPECT_EQ("oops", text.substr(caret, 4));
+}
+
+TEST_F(VtyExecute, CutsNothingThatIsNoLongerThanTheMarkOfACut) {
+  for (const std::size_t more : {1U, 20U, 22U, 23U}) {
+    const std::string word(more, 'b');
+    const std::string text = screen.Type("set name " + std::string(100, 'a') + " " + word);
+    EXPECT_NE(std::string::npos, text.find("a " + word + "\r\n")) << text;
+    EXPECT_LE(text.find("\r\n"), 80U);
+  }
+  EXPECT_NE(std::string::npos,
+            screen.Type("set name " + std::string(100, 'a') + " " + std::string(24, 'b'))
+                .find(" " + std::string(20, 'b') + "...\r\n"));
 }
 
 TEST_F(VtyExecute, AnswersALineOfAMegabyteBriefly) {

@@ -1,7 +1,7 @@
 // Lines that nobody types on purpose: noise, and far too much of anything.
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <ctime>
 #include <random>
 
 #include "onu_ability_common_service_cli.h"
@@ -110,11 +110,9 @@ TEST_F(VtyRobustness, AMegabyteIsAnsweredAtOnce) {
     lines.push_back(line.substr(15));
   }
   for (const std::string& line : lines) {
-    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t start = std::clock();  // of this process, whoever else is busy
     CheckLine(screen->terminal(), node, line, {false, "line 1: "});
-    // A tenth of this is usual; machines that test are busy.
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(3))
-        << line.substr(0, 40);
+    EXPECT_LT(std::clock() - start, CLOCKS_PER_SEC) << line.substr(0, 40);
     Try(line);
   }
 }
