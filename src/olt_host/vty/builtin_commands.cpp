@@ -37,32 +37,45 @@ std::string InLowerCase(std::string text) {
   return text;
 }
 
-// As much of a help line as fits the screen, with the place of `text` in it.
-std::string Excerpt(const std::string& help, const std::string& text) {
-  constexpr std::size_t kRoom = 36;
-  if (DisplayWidth(help) <= kRoom) return help;
+// As much of a help line as fits `room` columns, with the place of `text` in it.
+std::string Excerpt(const std::string& help, const std::string& text, std::size_t room) {
+  if (DisplayWidth(help) <= room) return help;
+  room -= 6;  // for the marks of the cuts
   const std::size_t found = InLowerCase(help).find(text);
   const std::size_t place = found == std::string::npos ? 0 : found;
-  std::size_t start = place > kRoom / 2 ? place - kRoom / 2 : 0;
+  std::size_t start = place > room / 2 ? place - room / 2 : 0;
   const auto within = [&help](std::size_t at) {
     return at < help.size() && !StartsCharacter(help[at]);
   };
   while (within(start)) ++start;
-  std::size_t end = std::min(help.size(), start + kRoom);
+  std::size_t end = std::min(help.size(), start + room);
   while (within(end)) --end;
   return (start > 0 ? "..." : "") + help.substr(start, end - start) +
          (end < help.size() ? "..." : "");
 }
 
-void CollectHelp(const std::vector<SyntaxNode>& items, const std::string& text,
-                 std::vector<HelpLine>& lines) {
+void CollectHelp(const std::vector<SyntaxNode>& items, std::vector<HelpLine>& lines) {
   for (const SyntaxNode& item : items) {
     if (item.kind == SyntaxNode::kToken) {
-      lines.push_back({"      " + item.token.text, Excerpt(item.token.help, text)});
+      lines.push_back({"      " + item.token.text, item.token.help});
     } else {
-      CollectHelp(item.children, text, lines);
+      CollectHelp(item.children, lines);
     }
   }
+}
+
+// The help of a command, a line a token.
+std::string TokenHelp(const std::string& syntax, const std::string& doc, const std::string& text) {
+  constexpr std::size_t kLeastRoom = 36;
+  constexpr std::size_t kBesideToken = 5;  // the margins and the last column
+  std::vector<HelpLine> lines;
+  CollectHelp(ParseSyntax(syntax, doc).items, lines);
+  std::size_t widest = 0;
+  for (const HelpLine& line : lines) widest = std::max(widest, line.token.size());
+  const std::size_t room =
+      std::max(kLeastRoom, kScreenColumns - std::min(kScreenColumns, widest + kBesideToken));
+  for (HelpLine& line : lines) line.help = Excerpt(line.help, text, room);
+  return RenderHelp(lines);
 }
 
 // Letters count alike in both cases: help lines write names as they please.
@@ -77,9 +90,7 @@ int FindCommands(struct cmd_element*, struct vty* terminal, int, char** argv) {
       continue;
     }
     found = true;
-    std::vector<HelpLine> lines;
-    CollectHelp(ParseSyntax(syntax, doc).items, text, lines);
-    Show(*terminal, Listed(command) + RenderHelp(lines));
+    Show(*terminal, Listed(command) + TokenHelp(syntax, doc, text));
   }
   return found ? 0 : terminal->Refuse("No command mentions " + QuoteWord(argv[0]));
 }
