@@ -1,6 +1,7 @@
 #include "commands/tech_support.h"
 
 #include <chrono>
+#include <exception>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -43,27 +44,38 @@ constexpr Part kLastParts[] = {
     {"running_config", "show running-config"},
 };
 
-// What the command of this line writes. Its handler is called as it is: to those who
-// observe commands, showing this is one command.
-std::string OutputOf(const std::string& line) {
+struct Answer {
   std::string output;
-  struct vty terminal(kCommandNode, [&output](const char* bytes, std::size_t length) {
-    output.append(bytes, length);
+  std::string error;  // why there is no more of it; empty when there is none
+};
+
+// What the command of this line writes. Its handler is called as it is: to those who
+// observe commands, showing this is one command. A part that fails leaves the others
+// whole.
+Answer AnswerOf(const std::string& line) {
+  Answer answer;
+  struct vty terminal(kCommandNode, [&answer](const char* bytes, std::size_t length) {
+    answer.output.append(bytes, length);
     return true;
   });
   Match match = MatchWords(CommandTable::Instance().Commands(kCommandNode), LexLine(line).words);
   if (match.outcome != MatchOutcome::kMatched) {
-    return output;
+    answer.error = "No such command";
+    return answer;
   }
   std::vector<char*> argv;
   for (std::string& argument : match.arguments) {
     argv.push_back(argument.data());
   }
   argv.push_back(nullptr);
-  match.command->element->func(match.command->element, &terminal,
-                               static_cast<int>(match.arguments.size()), argv.data());
-  const std::string refusal = terminal.TakeRefusal();
-  return refusal.empty() ? output : output + "% " + refusal + "\r\n";
+  try {
+    match.command->element->func(match.command->element, &terminal,
+                                 static_cast<int>(match.arguments.size()), argv.data());
+    answer.error = terminal.TakeRefusal();
+  } catch (const std::exception& failure) {
+    answer.error = std::string("Command failed: ") + failure.what();
+  }
+  return answer;
 }
 
 // A line of /proc/self/status, such as "VmRSS:     12345 kB", without its name.
@@ -165,10 +177,10 @@ void AddFacts(Json& document) {
 // The document of a part. Some wrap a list or more in a member of the same name,
 // which need not stand there twice.
 Json DocumentOf(const Part& part) {
-  const std::string output = OutputOf(std::string(part.line) + " json");
-  Json document = Json::parse(output, nullptr, false);
-  if (document.is_discarded()) {
-    return output.empty() ? Json(nullptr) : Json(output);
+  const Answer answer = AnswerOf(std::string(part.line) + " json");
+  const Json document = Json::parse(answer.output, nullptr, false);
+  if (!answer.error.empty() || document.is_discarded()) {
+    return {{"error", {{"message", answer.error}}}};
   }
   const bool wraps = document.is_object() && document.size() == 1 && document.contains(part.member);
   return wraps ? document[part.member] : document;
@@ -183,9 +195,12 @@ void WriteHeading(struct vty& terminal, const std::string& text) {
 template <std::size_t kCount>
 void WriteParts(struct vty& terminal, const Part (&parts)[kCount]) {
   for (const Part& part : parts) {
-    const std::string output = OutputOf(part.line);
+    const Answer answer = AnswerOf(part.line);
     WriteHeading(terminal, part.line);
-    terminal.Write(output.data(), output.size());
+    terminal.Write(answer.output.data(), answer.output.size());
+    if (!answer.error.empty()) {
+      WriteLines(terminal, "% " + answer.error + "\n");
+    }
   }
 }
 

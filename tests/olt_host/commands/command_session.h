@@ -22,6 +22,7 @@
 #include "onu_ability_common_service_cli.h"
 #include "vty/command_table.h"
 #include "vty/execute.h"
+#include "vty/place.h"
 #include "vty/terminal.h"
 
 namespace olt_host_test {
@@ -123,7 +124,8 @@ inline void ExpectFitsScreen(const std::string& text) {
   while (start < text.size()) {
     const std::size_t end = text.find("\r\n", start);
     ASSERT_NE(end, std::string::npos) << text.substr(start);
-    EXPECT_LE(end - start, 80U) << text.substr(start, end - start);
+    EXPECT_LE(olt_host::DisplayWidth(text.substr(start, end - start)), 80U)
+        << text.substr(start, end - start);
     EXPECT_EQ(text.substr(start, end - start).find_first_of("\r\n"), std::string::npos);
     start = end + 2;
   }

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <memory>
 #include <regex>
+#include <stdexcept>
 #include <string>
 
 #include "commands/command_session.h"
@@ -144,6 +145,22 @@ TEST_F(SystemCommands, TechSupportTellsWhenTheStateWasSaved) {
       session_.TypeJson("show tech-support json")["state"]["saved_at"].get<std::string>().substr(0,
                                                                                                  2),
       "20");
+}
+
+TEST_F(SystemCommands, TechSupportLivesWithAPartThatFails) {
+  static cmd_element broken_cmd = {"show running-config {[json]}*1",
+                                   [](cmd_element*, struct vty* vty, int, char**) -> int {
+                                     vty_out(vty, "the beginning\r\n");
+                                     throw std::runtime_error("the end");
+                                   },
+                                   "\r\n"};
+  ASSERT_EQ(install_element(olt_host::kCommandNode, &broken_cmd), 0);
+  const std::string text = session_.Type("show tech-support");
+  EXPECT_TRUE(session_.last().ok());
+  EXPECT_NE(text.find("the beginning\r\n% Command failed: the end\r\n"), std::string::npos) << text;
+  const auto json = session_.TypeJson("show tech-support json");
+  EXPECT_EQ(json["running_config"].dump(), R"({"error":{"message":"Command failed: the end"}})");
+  EXPECT_EQ(json["version"]["program"], "olt_host");
 }
 
 TEST_F(SystemCommands, TechSupportLeavesTheOperatorsPendingProfileAlone) {
