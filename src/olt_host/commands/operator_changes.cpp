@@ -57,7 +57,8 @@ void KeepChange(struct vty& terminal) {
 void Restore(const std::string& file) {
   std::vector<std::string> remarks;
   InstallLibrary(ReadStateFile(file, Host().catalogue.catalogue, CaptureLibrary(), &remarks));
-  for (const std::string& remark : remarks) LogHostLine(0, file + ": " + remark);
+  const std::string before = file + ": ";
+  for (const std::string& remark : remarks) LogHostLine(0, before + remark);
   NoteStateWritten(EncodeNow());
 }
 
@@ -71,8 +72,7 @@ void RestoreAtStart() {
   const bool has_backup = std::filesystem::exists(backup, ignored);
   if (std::filesystem::symlink_status(file, ignored).type() ==
       std::filesystem::file_type::not_found) {
-    if (has_backup)
-      LogHostLine(0, file + ": is missing, nothing is restored; " + backup + " is there");
+    if (has_backup) LogHostLine(0, file + ": is missing; what it held before is in " + backup);
     return;
   }
   try {

@@ -47,8 +47,9 @@ void WarnOfChangedCatalogue(struct vty& terminal) {
       });
   if (changed == 0) return;
   WriteText(terminal, "Not saved: changes to " + std::to_string(changed) +
-                          " profiles of the catalogue (profile_source 0), which come from its "
-                          "files at every start; see show catalogue");
+                          (changed == 1 ? " profile" : " profiles") +
+                          " of the catalogue (profile_source 0), which come from its files at "
+                          "every start; see show catalogue");
 }
 
 int Save(cmd_element* /*element*/, struct vty* vty, int argc, char** argv) {

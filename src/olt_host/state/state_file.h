@@ -25,7 +25,8 @@ std::string EncodeState(const LibraryState& state, const Catalogue& catalogue);
 
 // Writes `content` so that, whatever happens, `file` holds it or what it held
 // before, whole: written aside, flushed to disk, renamed. What the file held
-// before is kept as FILE.bak. Throws StateError, the file as it was.
+// before is kept as FILE.bak; where it holds `content` already, both stay. Throws
+// StateError, the file as it was.
 void WriteStateFile(const std::string& file, const std::string& content);
 // The name of that backup; beside the file itself when `file` is a link.
 std::string BackupOf(const std::string& file);

@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 
 #include "state/file_descriptor.h"
 #include "state/state_file.h"
@@ -21,11 +23,18 @@ constexpr mode_t kMode = 0640;
   throw StateError(what + ": " + std::strerror(errno));
 }
 
-// The file behind links, so that a link to a state file stays one.
+// The file behind a link, so that a link to a state file stays one.
 std::string Resolved(const std::string& file) {
   std::error_code error;
+  if (!std::filesystem::is_symlink(file, error)) return file;
   const std::filesystem::path resolved = std::filesystem::canonical(file, error);
   return error ? file : resolved.string();
+}
+
+bool Holds(const std::string& file, const std::string& content) {
+  std::ifstream stream(file, std::ios::binary);
+  const std::string held((std::istreambuf_iterator<char>(stream)), {});
+  return stream && held == content;
 }
 
 // The new content beside the file. Its lock keeps a second process that saves to the same
@@ -144,6 +153,8 @@ void WriteStateFile(const std::string& file, const std::string& content) {
     if (is_there && !S_ISREG(old.st_mode)) {
       throw StateError("is no file; expected a file or a new name");
     }
+    // Writing the same again would only lose the backup.
+    if (is_there && Holds(target, content)) return;
     FileAside aside(target);
     if (is_there) aside.TakeRightsOf(old);
     aside.Write(content);

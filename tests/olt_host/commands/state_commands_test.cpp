@@ -70,7 +70,7 @@ TEST_F(StateCommands, SaveWarnsOfChangedProfilesOfTheCatalogue) {
       "uint_ability_value 8");
   const std::string answer = _session.Type("save " + File());
   ExpectFitsScreen(answer);
-  EXPECT_NE(Short(answer).find("Not saved: changes to 1 profiles of the catalogue"),
+  EXPECT_NE(Short(answer).find("Not saved: changes to 1 profile of the catalogue"),
             std::string::npos)
       << answer;
 }

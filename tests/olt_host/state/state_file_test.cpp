@@ -116,7 +116,7 @@ class StateFile : public testing::Test {
   std::string Refusal(const std::string& content) {
     const LibraryState before = CaptureLibrary();
     Place(content);
-    const std::string message =
+    std::string message =
         ErrorOf([&] { ReadStateFile(File(), _small, CaptureLibrary()); }, _directory);
     EXPECT_TRUE(SameState(CaptureLibrary(), before));
     return message;
@@ -126,16 +126,18 @@ class StateFile : public testing::Test {
   const Catalogue _small = Small();
 };
 
+std::string AddLine(const std::string& type, const std::string& names) {
+  return "add onu_ability_profile key 5 profile_type " + type + " reporttype 5 realtype 5 " + names;
+}
+
 const std::vector<std::string>& TypicalLines() {
   static const std::vector<std::string> lines = {
       "register attribute 7 COLOUR",
       "set ability_code 2000 name FANS 7 4",
-      "add onu_ability_profile key 5 profile_type 1 reporttype 5 realtype 5 vendorid ZKWM "
-      "onu_type_name FIVE",
+      AddLine("1", "vendorid ZKWM onu_type_name FIVE"),
       "set onu_ability_profile key 5 47 4 2000 2",
       "apply onu_ability_profile key 5",
-      "add onu_ability_profile key 5 profile_type 2 reporttype 5 realtype 5 vendorid null "
-      "onu_type_name null",
+      AddLine("2", "vendorid null onu_type_name null"),
       "apply onu_ability_profile key 5",
       "set onu_common_type sfu 9",
   };

@@ -84,6 +84,14 @@ TEST_F(StateFileWriting, KeepsTheModeOfTheFileAndTheLastContentAsABackup) {
   EXPECT_EQ(Names(), (std::set<std::string>{"olt.state", "olt.state.bak"}));
 }
 
+TEST_F(StateFileWriting, KeepsTheBackupWhereNothingChanged) {
+  WriteStateFile(File(), "one");
+  WriteStateFile(File(), "two");
+  WriteStateFile(File(), "two");
+  EXPECT_EQ(ReadFile(File()), "two");
+  EXPECT_EQ(ReadFile(File() + ".bak"), "one");
+}
+
 TEST_F(StateFileWriting, WritesBehindALinkAndLeavesTheLink) {
   _directory.Write("real.state", "one");
   std::filesystem::create_symlink("real.state", File());
