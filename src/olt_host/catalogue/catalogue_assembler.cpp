@@ -55,7 +55,7 @@ void CatalogueAssembler::Take(const std::string& file) {
   } catch (const InputError& error) {
     RefuseFile(error);
     _layers.resize(layers);
-    _merged = MergeLayers(_layers);
+    _merged = MergeDefinitions(_layers);
   }
   _is_first = false;
 }
@@ -74,8 +74,7 @@ void CatalogueAssembler::Refuse(const InputError& error) {
 
 void CatalogueAssembler::Finish() {
   _first_order = 1;
-  _merged = MergeLayers(_layers);
-  Settle(CheckProfiles);
+  Settle(MergeLayers, CheckProfiles);
 }
 
 void CatalogueAssembler::TakeLayer(const std::string& file) {
@@ -89,10 +88,10 @@ void CatalogueAssembler::TakeLayer(const std::string& file) {
   const KnownEntries known{_merged, _refused_attributes, _refused_codes};
   ReadEntries(document.attributes, &CatalogueLayer::attributes, &_refused_attributes,
               ReadAttribute);
-  Settle(CheckAttributes);
+  Settle(MergeDefinitions, CheckAttributes);
   ReadEntries(document.codes, &CatalogueLayer::codes, &_refused_codes,
               [&](const YamlView& item) { return ReadCode(item, known); });
-  Settle(CheckCodes);
+  Settle(MergeDefinitions, CheckCodes);
   ReadEntries(document.real_profiles, &CatalogueLayer::real_profiles, nullptr,
               [&](const YamlView& item) { return ReadRealProfile(item, known); });
   ReadEntries(document.match_profiles, &CatalogueLayer::match_profiles, nullptr,
@@ -120,11 +119,11 @@ void CatalogueAssembler::ReadEntries(const std::vector<YamlView>& items,
 // Merges anew until no entry breaks a rule: one that is left out may give back
 // the earlier one that it overrode. Entries before _first_order were settled; when
 // one of them breaks a rule now, the file taken last is at fault as a whole.
-void CatalogueAssembler::Settle(Check check) {
+void CatalogueAssembler::Settle(Merge merge, Check check) {
   std::vector<unsigned int> refused;
   do {
     refused.clear();
-    _merged = MergeLayers(_layers);
+    _merged = merge(_layers);
     check(_merged, [&](unsigned int order, const InputError& error) {
       if (!_keep_going || order < _first_order) {
         throw InputError(error);

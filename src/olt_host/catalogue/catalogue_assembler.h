@@ -29,6 +29,7 @@ class CatalogueAssembler {
   // Called once, at the end.
   void Finish();
 
+  // After Finish.
   const Catalogue& Merged() const { return _merged; }
   const std::vector<CatalogueLayer>& Layers() const { return _layers; }
   const Refusals& Refused() const { return _refusals; }
@@ -37,13 +38,14 @@ class CatalogueAssembler {
 
  private:
   using Check = void (*)(const Catalogue&, const RuleBreach&);
+  using Merge = Catalogue (*)(const std::vector<CatalogueLayer>&);
 
   void Refuse(const InputError& error);
   void TakeLayer(const std::string& file);
   template <typename Entry, typename Read>
   void ReadEntries(const std::vector<YamlView>& items, std::vector<Entry> CatalogueLayer::*entries,
                    RefusedNames* refused_names, Read read);
-  void Settle(Check check);
+  void Settle(Merge merge, Check check);
   void DropEntries(const std::vector<unsigned int>& orders);
 
   bool _keep_going;
@@ -51,7 +53,7 @@ class CatalogueAssembler {
   unsigned int _order = 0;        // of the entry read last
   unsigned int _first_order = 1;  // of the entries that may be left out now
   std::vector<CatalogueLayer> _layers;
-  Catalogue _merged = MergeLayers({});
+  Catalogue _merged = MergeDefinitions({});
   Refusals _refusals;
   std::vector<std::string> _refused_files;
   RefusedNames _refused_attributes;

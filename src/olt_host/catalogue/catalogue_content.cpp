@@ -21,6 +21,7 @@ std::vector<ContentEntry> SettingsContent(unsigned int key_code, unsigned int sf
 // An attribute that a record does not list reads as 0.
 std::vector<ContentEntry> CodesContent(const CodeRecords& records, const Catalogue& names) {
   std::vector<ContentEntry> entries;
+  entries.reserve(records.size());
   for (const ONU_ABILITY_CODE_ATTR_INFO& record : records) {
     ContentEntry entry{record.ability_code, record.ability_name, {}};
     entry.values["name"] = record.ability_name;
@@ -83,6 +84,7 @@ std::vector<ContentEntry> ProfilesContent(const std::vector<OnuAbilityProfile>& 
 
 std::vector<ContentEntry> AttributesContent(const std::map<unsigned int, std::string>& names) {
   std::vector<ContentEntry> entries;
+  entries.reserve(names.size());
   for (const auto& [id, name] : names) {
     entries.push_back({id, name, {{"name", name}}});
   }

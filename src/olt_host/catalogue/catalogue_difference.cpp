@@ -31,6 +31,12 @@ std::string ValueOf(const ContentEntry& entry, const std::string& name) {
   return value == entry.values.end() ? "none" : value->second;
 }
 
+// "GE_PORTS 4 to 2"; a setting has nothing but its value.
+std::string DetailText(const std::string& name, const std::string& before,
+                       const std::string& after) {
+  return (name == "value" ? "" : name + " ") + before + " to " + after;
+}
+
 std::vector<std::string> DetailsOf(const ContentEntry& before, const ContentEntry& after) {
   std::set<std::string> names;
   for (const ContentEntry* entry : {&before, &after}) {
@@ -43,7 +49,7 @@ std::vector<std::string> DetailsOf(const ContentEntry& before, const ContentEntr
     const std::string old_value = ValueOf(before, name);
     const std::string new_value = ValueOf(after, name);
     if (old_value != new_value) {
-      details.push_back((name == "value" ? "" : name + " ") + old_value + " to " + new_value);
+      details.push_back(DetailText(name, old_value, new_value));
     }
   }
   return details;

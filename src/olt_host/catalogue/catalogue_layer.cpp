@@ -1,8 +1,6 @@
 #include "catalogue/catalogue_layer.h"
 
-#include <algorithm>
 #include <map>
-#include <set>
 
 #include "catalogue/hash.h"
 #include "catalogue/yaml_document.h"
@@ -44,35 +42,49 @@ std::vector<YamlView> ReadSection(const YamlMap& root, const std::string& sectio
                 : std::vector<YamlView>();
 }
 
-// Lays entries over those with the same key, which `key_of` tells. One that
-// repeats a key of its own file is kept beside the first, for the checks to find.
+// The entries of one section of all layers, later ones in the place of earlier ones
+// with the same key, which `key_of` tells. One that repeats a key of its own file is
+// kept beside the first, for the checks to find.
 template <typename Entry, typename KeyOf>
-void Override(std::vector<Entry>& entries, const std::vector<Entry>& later, KeyOf key_of) {
-  std::map<decltype(key_of(later.front())), std::size_t> places;
-  for (std::size_t i = 0; i < entries.size(); ++i) {
-    places.emplace(key_of(entries[i]), i);
-  }
-  for (const Entry& entry : later) {
-    const auto place = places.find(key_of(entry));
-    if (place == places.end()) {
-      entries.push_back(entry);
-    } else {
-      entries[place->second] = entry;
-      places.erase(place);
+std::vector<Entry> Overlay(const std::vector<CatalogueLayer>& layers,
+                           std::vector<Entry> CatalogueLayer::*section, KeyOf key_of) {
+  struct Place {
+    std::size_t index;
+    const CatalogueLayer* layer;
+  };
+  std::vector<Entry> entries;
+  std::map<unsigned int, Place> places;
+  for (const CatalogueLayer& layer : layers) {
+    for (const Entry& entry : layer.*section) {
+      const auto [place, is_new] = places.try_emplace(key_of(entry), Place{entries.size(), &layer});
+      if (is_new || place->second.layer == &layer) {
+        entries.push_back(entry);
+      } else {
+        entries[place->second.index] = entry;
+        place->second.layer = &layer;
+      }
     }
   }
+  return entries;
 }
 
-void OverrideMatchProfiles(std::vector<ProfileEntry>& profiles,
-                           const std::vector<ProfileEntry>& later) {
-  std::set<std::uint32_t> keys;
-  for (const ProfileEntry& profile : later) {
-    keys.insert(profile.key);
+// Of each key the profiles of the last layer that has it.
+std::vector<ProfileEntry> OverlayMatchProfiles(const std::vector<CatalogueLayer>& layers) {
+  std::map<unsigned int, const CatalogueLayer*> last;
+  for (const CatalogueLayer& layer : layers) {
+    for (const ProfileEntry& profile : layer.match_profiles) {
+      last[profile.key] = &layer;
+    }
   }
-  profiles.erase(std::remove_if(profiles.begin(), profiles.end(),
-                                [&](const ProfileEntry& old) { return keys.count(old.key) != 0; }),
-                 profiles.end());
-  profiles.insert(profiles.end(), later.begin(), later.end());
+  std::vector<ProfileEntry> profiles;
+  for (const CatalogueLayer& layer : layers) {
+    for (const ProfileEntry& profile : layer.match_profiles) {
+      if (last[profile.key] == &layer) {
+        profiles.push_back(profile);
+      }
+    }
+  }
+  return profiles;
 }
 
 void OverrideSettings(Catalogue& catalogue, const CatalogueLayer& layer) {
@@ -108,7 +120,7 @@ CatalogueDocument OpenCatalogue(const std::string& file, const CatalogueNeeds& n
   return document;
 }
 
-Catalogue MergeLayers(const std::vector<CatalogueLayer>& layers) {
+Catalogue MergeDefinitions(const std::vector<CatalogueLayer>& layers) {
   Catalogue catalogue;
   catalogue.name = "none";
   bool has_header = false;
@@ -123,12 +135,19 @@ Catalogue MergeLayers(const std::vector<CatalogueLayer>& layers) {
       catalogue.version = layer.version;
     }
     OverrideSettings(catalogue, layer);
-    Override(catalogue.attributes, layer.attributes, [](const auto& entry) { return entry.id; });
-    Override(catalogue.codes, layer.codes, [](const auto& entry) { return entry.code; });
-    Override(catalogue.real_profiles, layer.real_profiles,
-             [](const auto& entry) { return entry.key; });
-    OverrideMatchProfiles(catalogue.match_profiles, layer.match_profiles);
   }
+  catalogue.attributes =
+      Overlay(layers, &CatalogueLayer::attributes, [](const auto& entry) { return entry.id; });
+  catalogue.codes =
+      Overlay(layers, &CatalogueLayer::codes, [](const auto& entry) { return entry.code; });
+  return catalogue;
+}
+
+Catalogue MergeLayers(const std::vector<CatalogueLayer>& layers) {
+  Catalogue catalogue = MergeDefinitions(layers);
+  catalogue.real_profiles =
+      Overlay(layers, &CatalogueLayer::real_profiles, [](const auto& entry) { return entry.key; });
+  catalogue.match_profiles = OverlayMatchProfiles(layers);
   return catalogue;
 }
 

@@ -55,6 +55,8 @@ CatalogueDocument OpenCatalogue(const std::string& file, const CatalogueNeeds& n
 // it and come behind the rest, where they are tried first. Name and version are
 // those of the first header; without one "none" and "".
 Catalogue MergeLayers(const std::vector<CatalogueLayer>& layers);
+// The same without the profiles.
+Catalogue MergeDefinitions(const std::vector<CatalogueLayer>& layers);
 
 }  // namespace olt_host
 

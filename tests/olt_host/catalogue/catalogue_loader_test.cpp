@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "catalogue/catalogue_files.h"
 #include "catalogue/catalogue_profile.h"
 #include "catalogue/catalogue_reader.h"
 #include "catalogue/load_verification.h"
@@ -151,6 +152,14 @@ TEST_F(CatalogueLoader, EmptyTextOfARealProfileIsHeldAndAnAbsentOneIsNot) {
   EXPECT_EQ(real.Get(1082, vendor), ONU_ABILITY_RET_OK);
   EXPECT_EQ(vendor, "");
   EXPECT_EQ(real.Get(47, vendor), ONU_ABILITY_RET_NOT_FOUND);
+}
+
+TEST_F(CatalogueLoader, CatalogueOfNoFilesLoads) {
+  const olt_host::Catalogue none = olt_host::ReadCatalogueFiles({}).catalogue;
+  olt_host::LoadCatalogue(none);
+  EXPECT_TRUE(OnuAbilityCodeInfo::GetInstance()->Get().empty());
+  EXPECT_TRUE(Stored(ONU_ABILITY_PROFILE_TYPE_REAL).empty());
+  EXPECT_EQ(OnuAbilityCodeInfo::GetInstance()->GetKeyAbilityCode(), 1085);
 }
 
 // What a reload works out beforehand is what loading gives.
