@@ -176,7 +176,8 @@ CLI::App* AddRun(CLI::App& app, CommandLine& result) {
   AddLogOptions(*run, result);
   LogOnlyWhenAsked(*run, result);
   run->footer(
-      "Errors stand behind \"line N:\". The lines after a wrong one are run all the same.\n\n"
+      "Errors stand behind \"line N:\". The lines after a wrong one are run all the same.\n"
+      "The ONUs of REPORTS are confirmed first.\n\n"
       "Exit status:\n"
       "  0  every command succeeded\n"
       "  1  some did not\n"

@@ -1,3 +1,5 @@
+#include <malloc.h>
+
 #include <exception>
 #include <iostream>
 
@@ -7,6 +9,11 @@
 #include "jobs.h"
 
 int main(int argc, char** argv) {
+#ifdef __GLIBC__
+  // A pool of memory a thread would keep what ended sessions gave back, while nearly
+  // all work is done on one thread anyway.
+  mallopt(M_ARENA_MAX, 1);
+#endif
   try {
     const olt_host::ParsedCommandLine parsed = olt_host::ParseCommandLine(argc, argv);
     return parsed.command_line ? olt_host::RunJob(*parsed.command_line) : parsed.exit_status;

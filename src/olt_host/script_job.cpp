@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "commands/host_context.h"
+#include "commands/live_onus.h"
 #include "exit_status.h"
 #include "jobs.h"
 #include "session/line_session.h"
@@ -42,6 +43,9 @@ int RunScriptJob(const CommandLine& command_line) {
     throw std::runtime_error("nothing to run; expected -c COMMAND or -f FILE");
   }
   const auto library = StartHost(command_line);
+  if (Host().population != nullptr && !command_line.check_only) {
+    for (const OnuReport& report : Host().population->Onus()) ConfirmLiveOnu(report);
+  }
   struct vty terminal(kCommandNode, [](const char* bytes, std::size_t length) {
     return std::fwrite(bytes, 1, length, stdout) == length;
   });
