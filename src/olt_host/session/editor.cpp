@@ -4,14 +4,13 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cwchar>
 #include <stdexcept>
 #include <utility>
 
 #include "session/columns.h"
 #include "session/editor_keys.h"
-#include "session/editor_terminal.h"
+#include "session/editor_library.h"
 #include "session/editor_turn.h"
 #include "vty/place.h"
 
@@ -19,16 +18,10 @@ namespace olt_host {
 namespace {
 
 constexpr std::size_t kLinesRemembered = 500;
-constexpr std::size_t kLongestPattern = 100;
 constexpr std::size_t kMostUnsent = 32U << 10U;
 constexpr std::chrono::milliseconds kTypeArrives{1000};
 // A sequence of a terminal arrives at once; an ESC that somebody types does not.
 constexpr std::chrono::milliseconds kSequenceArrives{200};
-constexpr std::size_t kLongestType = 40;
-constexpr char32_t kAbortSearch = 0x07;  // ^G
-constexpr char32_t kSearchAgain = 0x12;  // ^R
-constexpr char32_t kBackspace = 0x08;
-constexpr char32_t kDelete = 0x7F;
 
 std::size_t Utf8Size(wchar_t character) {
   if (character < 0x80) return 1;
@@ -54,20 +47,6 @@ bool TakesAnyText(const std::string& text) {
   return quoted;
 }
 
-// Names of terminals go into the path of a file.
-bool IsTypeName(const std::string& type) {
-  return !type.empty() && type.size() <= kLongestType && type.front() != '.' &&
-         std::all_of(type.begin(), type.end(), [](unsigned char c) {
-           return c < 0x80 && (std::isalnum(c) != 0 ||
-                               std::string("-+._").find(static_cast<char>(c)) != std::string::npos);
-         });
-}
-
-std::string Lower(std::string text) {
-  for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return text;
-}
-
 // As the library reads the names of keys.
 std::string NameOf(char32_t key) {
   std::array<char, 8> name{};
@@ -76,30 +55,6 @@ std::string NameOf(char32_t key) {
 }
 
 }  // namespace
-
-// What the editor's library keeps for one session.
-struct Editor::Library {
-  EditorTerminal terminal;
-  std::string type;  // the library keeps a pointer to it
-  History* history = nullptr;
-  EditLine* line = nullptr;
-
-  ~Library() {
-    const EditorTurn turn;
-    if (line != nullptr) el_end(line);
-    if (history != nullptr) history_end(history);
-  }
-
-  void SetType(const std::string& named) {
-    const std::array<std::string, 4> types = {named, Lower(named), "vt100", "dumb"};
-    for (const std::string& candidate : types) {
-      // The library does not edit on a terminal of this name.
-      if (!IsTypeName(candidate) || candidate == "emacs") continue;
-      type = candidate;
-      if (el_set(line, EL_TERMINAL, type.c_str()) == 0) return;
-    }
-  }
-};
 
 // What the library calls. No exception may pass through it.
 struct Editor::Callbacks {
@@ -244,7 +199,7 @@ bool Editor::NextKey(char32_t& key) {
       _search.key = key;
       _pending.push_back(kSearchStep);
     }
-    if (key == kEscape) {
+    if (key == KeyReader::kEscape) {
       if (!ReadSequence()) return false;
     } else if (!_search.active && !Swallows(key)) {
       return true;
@@ -278,7 +233,7 @@ bool Editor::ReadSequence() {
       return false;
     }
     if (result == KeyReader::Result::kTimedOut) return true;
-    if (key == kEscape) {
+    if (key == KeyReader::kEscape) {
       sequence = EscapeSequence();
     } else if (key < 0x20) {
       _pending.push_back(key);
@@ -341,70 +296,6 @@ unsigned char Editor::Help() {
     help = _helpers.help(text);
   }
   return help.empty() ? static_cast<unsigned char>(CC_ERROR) : ShowUnderLine(help);
-}
-
-// Ctrl-R. Until the search ends, every key is a step of it.
-unsigned char Editor::StartSearch() {
-  const LineInfo* const info = el_line(_library->line);
-  _search = Search();
-  _search.active = true;
-  _search.line.assign(info->buffer, info->lastchar);
-  _search.prompt = _prompt;
-  _search.place = _lines.size();
-  _prompt = "(search) \"\": ";
-  return CC_REFRESH;
-}
-
-unsigned char Editor::StepSearch() {
-  const char32_t key = _search.key;
-  if (!_search.active) return CC_NORM;
-  if (key == KeyReader::kInterrupt || key == kAbortSearch) {
-    ReplaceLine(_search.line);
-    EndSearch();
-  } else if (key == kSearchAgain) {
-    FindFrom(_search.place);
-  } else if (key == kBackspace || key == kDelete) {
-    while (!_search.pattern.empty() && !StartsCharacter(_search.pattern.back())) {
-      _search.pattern.pop_back();
-    }
-    if (!_search.pattern.empty()) _search.pattern.pop_back();
-    FindFrom(_lines.size());
-  } else if (key < 0x20) {
-    EndSearch();
-    // The key ends the search and then does what it does.
-    if (key != kEscape) _pending.push_front(key);
-  } else if (_search.pattern.size() < kLongestPattern) {
-    _search.pattern += Utf8(key);
-    FindFrom(std::min(_search.place + 1, _lines.size()));
-  }
-  return CC_REFRESH;
-}
-
-void Editor::EndSearch() {
-  _search.active = false;
-  _prompt = _search.prompt;
-}
-
-// Looks for the pattern in the lines before `place`, and shows the latest that has it.
-void Editor::FindFrom(std::size_t place) {
-  _search.found = _search.pattern.empty();
-  while (!_search.found && place > 0) {
-    --place;
-    _search.found = _lines[place].find(_search.pattern) != std::string::npos;
-    if (!_search.found) continue;
-    _search.place = place;
-    ReplaceLine(_lines[place]);
-  }
-  _prompt =
-      std::string(_search.found ? "(search) \"" : "(not found) \"") + _search.pattern + "\": ";
-}
-
-void Editor::ReplaceLine(const std::string& text) {
-  const LineInfoW* const info = el_wline(_library->line);
-  const int length = static_cast<int>(info->lastchar - info->buffer);
-  el_cursor(_library->line, length);
-  el_deletestr(_library->line, length);
-  if (!text.empty()) el_insertstr(_library->line, text.c_str());
 }
 
 unsigned char Editor::ShowUnderLine(const std::string& lines) {

@@ -11,8 +11,6 @@
 
 namespace olt_host {
 
-constexpr char32_t kEscape = 0x1B;
-
 constexpr char32_t kDeleteNext = 0x80;
 constexpr char32_t kNextWord = 0x81;
 constexpr char32_t kPreviousWord = 0x82;

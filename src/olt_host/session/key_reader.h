@@ -18,6 +18,7 @@ class KeyReader {
   static constexpr char32_t kEnter = '\r';
   static constexpr char32_t kInterrupt = 0x03;
   static constexpr char32_t kEndOfInput = 0x04;
+  static constexpr char32_t kEscape = 0x1B;
   // Stands for bytes that are no UTF-8.
   static constexpr char32_t kReplacement = 0xFFFD;
 
