@@ -88,6 +88,7 @@ class AttachClient {
   std::string _sent;
   std::string _printed;
   bool _after_return = false;
+  bool _may_type = false;
   bool _reading_typed = false;
   bool _input_ended = false;
   bool _writing = false;
@@ -121,7 +122,6 @@ int AttachClient::Run() {
   }
   AwaitSignal();
   ReadHost();
-  ReadTyped();
   _io.run();
   return _status;
 }
@@ -134,6 +134,8 @@ void AttachClient::ReadHost() {
                               End(0);
                               return;
                             }
+                            _printed = _telnet.TakePrinted();
+                            _may_type = _may_type || _telnet.has_told_type() || !_printed.empty();
                             WriteToHost();
                             Print();
                           });
@@ -141,7 +143,6 @@ void AttachClient::ReadHost() {
 
 // Reads on from the host once what it said is printed.
 void AttachClient::Print() {
-  _printed = _telnet.TakePrinted();
   if (_out.is_terminal() && _in.is_terminal()) {
     _printed = ForTerminal(_printed.data(), _printed.size());
   }
@@ -155,8 +156,10 @@ void AttachClient::Print() {
       });
 }
 
+// Not before the host knows that there is no screen: at the end of a pipe nothing
+// more could be told, and output would wait for a pager's key.
 void AttachClient::ReadTyped() {
-  if (_reading_typed || _input_ended) return;
+  if (!_may_type || _reading_typed || _input_ended) return;
   _reading_typed = true;
   _in.stream().async_read_some(asio::buffer(_typed),
                                [this](const asio::error_code& error, std::size_t length) {

@@ -26,7 +26,7 @@ unsigned short ReadPort(const std::string& text, const std::string& port) {
 // Takes numbers only, so that starting never waits for a name server.
 asio::ip::address ReadHost(const std::string& text, const std::string& host, bool in_brackets) {
   asio::error_code error;
-  const asio::ip::address address = asio::ip::make_address(host, error);
+  asio::ip::address address = asio::ip::make_address(host, error);
   if (error) Fail(text, "\"" + host + "\" is no numeric address");
   if (address.is_v6() && !in_brackets) Fail(text, "an IPv6 address stands in brackets");
   if (address.is_v4() && in_brackets) Fail(text, "only an IPv6 address stands in brackets");

@@ -36,6 +36,7 @@ void TelnetClientStream::OnDo(unsigned char option) {
 void TelnetClientStream::OnSubnegotiation(unsigned char option, const std::string& bytes) {
   if (option != TELNET_TELOPT_TTYPE || bytes.empty() || bytes.front() != TELNET_TTYPE_SEND) return;
   telnet_ttype_is(telnet(), _terminal_type.c_str());
+  _has_told_type = true;
 }
 
 void TelnetClientStream::SendWindow() {

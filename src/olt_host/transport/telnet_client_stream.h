@@ -20,6 +20,9 @@ class TelnetClientStream final : public TelnetStream {
   // Sent now or as soon as the host asks.
   void SetWindow(Channel::Window window);
 
+  // Whether the host knows the type of the terminal, the last thing that it asks for.
+  bool has_told_type() const { return _has_told_type; }
+
   // What the host said since the last call.
   std::string TakePrinted() { return std::exchange(_printed, std::string()); }
 
@@ -32,6 +35,7 @@ class TelnetClientStream final : public TelnetStream {
   const std::string _terminal_type;
   Channel::Window _window;
   bool _may_send_window = false;
+  bool _has_told_type = false;
   std::string _printed;
 };
 

@@ -66,7 +66,7 @@ struct Transports::Impl {
   asio::io_context io{1};
   std::shared_ptr<Mailbox> mailbox = std::make_shared<Mailbox>(io);
   CarrierSet carriers;
-  std::unique_ptr<UnixListener> unix_listener;
+  std::vector<std::unique_ptr<UnixListener>> unix_listeners;
   std::vector<std::unique_ptr<AcceptLoop>> accept_loops;
   asio::signal_set stop_signals{io};
   asio::steady_timer last_words{io};
@@ -106,8 +106,8 @@ void Transports::Impl::Stop() {
 Transports::Transports(SessionServer& sessions) : _impl(std::make_unique<Impl>(sessions)) {}
 
 Transports::~Transports() {
-  // The file goes while its socket still listens, so that it is surely this one's.
-  _impl->unix_listener.reset();
+  // A file goes while its socket still listens, so that it is surely this one's.
+  _impl->unix_listeners.clear();
   if (_impl->thread.joinable()) {
     _impl->sessions.CloseAll("");
     _impl->mailbox->Post([impl = _impl.get()] { impl->Stop(); });
@@ -125,7 +125,7 @@ void Transports::ListenUnix(const std::string& path) {
         const SessionOrigin origin = UnixClientOrigin(client);
         impl->Serve(std::move(client), origin);
       }));
-  _impl->unix_listener = std::move(listener);
+  _impl->unix_listeners.push_back(std::move(listener));
 }
 
 unsigned short Transports::ListenTcp(const TcpAddress& address, bool must_log_in) {

@@ -24,9 +24,12 @@ TcpAddress ParseTcpAddress(const std::string& text);
 
 class Transports {
  public:
-  // Carries nothing yet.
+  // Carries nothing yet. Keeps the signals that it takes (see below, and those of
+  // the terminal) from this thread and those that it starts, until it is destroyed
+  // on this thread.
   explicit Transports(SessionServer& sessions);
-  // Stops carrying; removes the socket that it made.
+  // Ends all sessions, gives their clients a second to take the last words, and
+  // stops carrying; removes the sockets that it made.
   ~Transports();
   Transports(const Transports&) = delete;
   Transports& operator=(const Transports&) = delete;

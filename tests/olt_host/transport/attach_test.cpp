@@ -101,6 +101,17 @@ TEST_F(AttachInPipe, AnswersAllLinesAndEndsWithTheInput) {
   EXPECT_EQ(0, child.Status());
 }
 
+TEST_F(Attach, InputThatEndsAtOnceIsNotPagedEither) {
+  ChildProcess child(ChildProcess::On::kPipes, [this] { return Client(); });
+  child.Type("lines 3000\n");
+  child.CloseInput();
+  Start(child);
+  const std::string text = child.UntilEnd();
+  EXPECT_NE(std::string::npos, text.find("line 3000 of 3000"));
+  EXPECT_EQ(std::string::npos, text.find("--More--"));
+  EXPECT_EQ(0, child.Status());
+}
+
 TEST_F(AttachInPipe, CarriesMoreInputThanAnyQueueHolds) {
   constexpr int kLines = 20000;
   std::string lines;

@@ -157,6 +157,7 @@ TEST_F(HostileClients, ThoseThatDropAtAnyPointLeaveNothingBehind) {
 
 TEST_F(HostileClients, BeyondTheLimitOfSessionsAreToldSo) {
   std::vector<TestClient> clients;
+  clients.reserve(16);
   for (int i = 0; i < 16; ++i) {
     clients.push_back(TestClient::Tcp(port));
     clients.back().TellNoType();
@@ -171,6 +172,7 @@ TEST_F(HostileClients, BeyondTheLimitOfSessionsAreToldSo) {
 
 TEST_F(HostileClients, RefusedOnesThatStayAreFewAndForAShortTime) {
   std::vector<TestClient> clients;
+  clients.reserve(16);
   for (int i = 0; i < 16; ++i) {
     clients.push_back(TestClient::Tcp(port));
     clients.back().TellNoType();
@@ -178,6 +180,7 @@ TEST_F(HostileClients, RefusedOnesThatStayAreFewAndForAShortTime) {
   }
   const std::size_t served = OpenDescriptors();
   std::vector<TestClient> refused;
+  refused.reserve(300);
   for (int i = 0; i < 300; ++i) refused.push_back(TestClient::Tcp(port));
   // The oldest had to go for the newest; each end of a connection is a descriptor here.
   refused.front().UntilEnd();
