@@ -110,7 +110,7 @@ class RunningConfigTest : public testing::Test {
     const std::vector<std::string> lines = RunningConfig(wanted);
     EXPECT_TRUE(olt_host::SameState(CaptureLibrary(), wanted));
     LibraryState built = Typed(lines);
-    const Remarks remarks = RemarksOf(lines);
+    Remarks remarks = RemarksOf(lines);
     ExpectRebuilt("real", wanted.real_profiles, built.real_profiles, remarks);
     ExpectRebuilt("match", wanted.match_profiles, built.match_profiles, remarks);
     WriteOutAttributes(wanted);
@@ -135,16 +135,25 @@ class RunningConfigTest : public testing::Test {
   CommandSession _session{{olt_host::InstallAttributeCommands, olt_host::InstallStateCommands}};
 };
 
+std::string AddLine(const std::string& key, const std::string& type, const std::string& names) {
+  return "add onu_ability_profile key " + key + " profile_type " + type + " reporttype " + key +
+         " realtype " + key + " " + names;
+}
+
+// Changes the profile that the lines add.
+std::string UpdateLine(const std::string& index, const std::string& code,
+                       const std::string& value) {
+  return "update onu_ability_profile " + index + " profile_type 1 profile_source 1 ability_code " +
+         code + " " + value;
+}
+
 const std::vector<std::string>& TypicalLines() {
   static const std::vector<std::string> lines = {
-      "add onu_ability_profile key 5 profile_type 1 reporttype 5 realtype 5 vendorid ZKWM "
-      "onu_type_name \"GE 4\"",
+      AddLine("5", "1", "vendorid ZKWM onu_type_name \"GE 4\""),
       "set onu_ability_profile key 5 47 4 1012 null",
       "apply onu_ability_profile key 5",
-      "update onu_ability_profile key 5 profile_type 1 profile_source 1 ability_code 32 "
-      "uint_ability_value 70000",
-      "update onu_ability_profile id 5 profile_type 1 profile_source 1 ability_code 1083 "
-      "string_ability_value \"a name of more than twenty bytes\"",
+      UpdateLine("key 5", "32", "uint_ability_value 70000"),
+      UpdateLine("id 5", "1083", "string_ability_value \"a name of more than twenty bytes\""),
   };
   return lines;
 }
@@ -177,11 +186,9 @@ TEST_F(RunningConfigTest, RebuildsATypicalHostWithoutARemark) {
 
 TEST_F(RunningConfigTest, RebuildsProfilesUnderSeveralKeyAbilityCodes) {
   LinesAfter({"set ability_code 2000 name KEY_2",
-              "add onu_ability_profile key 5 profile_type 2 reporttype 5 realtype 5 vendorid null "
-              "onu_type_name null",
+              AddLine("5", "2", "vendorid null onu_type_name null"),
               "apply onu_ability_profile key 5", "set key_ability_code 2000",
-              "add onu_ability_profile key 6 profile_type 2 reporttype 6 realtype 6 vendorid null "
-              "onu_type_name null",
+              AddLine("6", "2", "vendorid null onu_type_name null"),
               "apply onu_ability_profile key 6", "set key_ability_code 1080"});
   EXPECT_TRUE(ExpectRebuilds().empty());
 }
@@ -212,9 +219,7 @@ TEST_F(RunningConfigTest, RebuildsAnyOperatorSessionApartFromWhatItRemarks) {
 TEST_F(RunningConfigTest, RemarksWhatNoCommandSets) {
   LinesAfter(TypicalLines());
   LinesAfter(
-      {"add onu_ability_profile key 6 profile_type 1 reporttype 6 realtype 6 vendorid null "
-       "onu_type_name null",
-       "apply onu_ability_profile key 6"});
+      {AddLine("6", "1", "vendorid null onu_type_name null"), "apply onu_ability_profile key 6"});
   OnuAbilityTableManager* manager = OnuAbilityTableManager::GetInstance();
   manager->AddBindCount(ONU_ABILITY_PROFILE_TYPE_REAL, 6);
   manager->Del(ONU_ABILITY_PROFILE_SOURCE_EXTERNAL, ONU_ABILITY_PROFILE_TYPE_REAL, 5);
@@ -226,14 +231,9 @@ TEST_F(RunningConfigTest, RemarksWhatNoCommandSets) {
 
 TEST_F(RunningConfigTest, LeavesOutASecondProfileOfAKey) {
   LinesAfter(
-      {"add onu_ability_profile key 5 profile_type 1 reporttype 5 realtype 5 vendorid null "
-       "onu_type_name null",
-       "apply onu_ability_profile key 5",
-       "add onu_ability_profile key 6 profile_type 1 reporttype 6 realtype 6 vendorid null "
-       "onu_type_name null",
-       "apply onu_ability_profile key 6",
-       "update onu_ability_profile key 6 profile_type 1 profile_source 1 ability_code 1085 "
-       "uint_ability_value 5"});
+      {AddLine("5", "1", "vendorid null onu_type_name null"), "apply onu_ability_profile key 5",
+       AddLine("6", "1", "vendorid null onu_type_name null"), "apply onu_ability_profile key 6",
+       UpdateLine("key 6", "1085", "uint_ability_value 5")});
   EXPECT_TRUE(
       Has(RunningConfig(CaptureLibrary()), "! real profile 2 (key 5): left out, its key is taken"));
   ExpectRebuilds();

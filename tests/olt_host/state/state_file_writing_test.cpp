@@ -205,9 +205,9 @@ TEST_F(StateFileWriting, KilledAnywhereLeavesTheOldOrTheNewFileWhole) {
   const auto is_whole = [&](const std::string& content) {
     return content == one || content == two;
   };
-  constexpr unsigned int kSeed = 20261121;
-  std::cout << "seed " << kSeed << "\n";
-  std::mt19937 random(kSeed);
+  const unsigned int seed = std::random_device()();
+  std::cout << "seed " << seed << "\n";
+  std::mt19937 random(seed);
   std::uniform_int_distribution<unsigned int> moment(0, 6000);
   WriteStateFile(File(), two);
   WriteStateFile(File(), one);
