@@ -1,5 +1,7 @@
 #include "session/login.h"
 
+#include "platform/log_sink.h"
+
 namespace olt_host {
 namespace {
 
@@ -66,7 +68,7 @@ class LoginDialog {
 }  // namespace
 
 std::optional<Login> LogIn(Channel& channel, KeyReader& keys, const Users& users,
-                           const LoginLimits& limits) {
+                           const std::string& origin, const LoginLimits& limits) {
   LoginDialog dialog(channel, keys, Channel::Clock::now() + limits.time);
   std::chrono::milliseconds delay = limits.delay;
   for (int i = 0; i < kTries; ++i, delay *= 2) {
@@ -79,6 +81,8 @@ std::optional<Login> LogIn(Channel& channel, KeyReader& keys, const Users& users
       login.access = *access;
       return login;
     }
+    // Without the name: passwords get typed there.
+    LogHostLine(0, "a wrong login from " + origin);
     if (channel.AwaitEnd(Channel::Clock::now() + delay)) return std::nullopt;
     if (!dialog.Say("% Login invalid\r\n")) return std::nullopt;
   }

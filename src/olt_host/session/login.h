@@ -24,10 +24,11 @@ struct LoginLimits {
   std::chrono::milliseconds delay;  // after the first wrong one; doubled every time
 };
 
-// Three tries. Nothing when they were wrong, which the client is told, when the time
-// is over, or when the client left. The cursor is then at the start of a line.
+// Three tries; `origin` is where they come from, for the log. Nothing when they were wrong, which
+// the client is told, when the time is over, or when the client left. The cursor is then at the
+// start of a line.
 std::optional<Login> LogIn(Channel& channel, KeyReader& keys, const Users& users,
-                           const LoginLimits& limits);
+                           const std::string& origin, const LoginLimits& limits);
 
 }  // namespace olt_host
 

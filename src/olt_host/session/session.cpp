@@ -59,8 +59,8 @@ bool Session::PassLogin() {
     Say("% Nobody may log in here\r\n");
     return false;
   }
-  const std::optional<Login> login = LogIn(
-      _channel, _keys, *_setting.users, {_setting.limits.login_time, _setting.limits.login_delay});
+  const LoginLimits limits{_setting.limits.login_time, _setting.limits.login_delay};
+  const std::optional<Login> login = LogIn(_channel, _keys, *_setting.users, info().origin, limits);
   const std::lock_guard<std::mutex> lock(_mutex);
   if (!login) return false;
   _info.user = login->user;

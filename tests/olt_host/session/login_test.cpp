@@ -151,6 +151,16 @@ TEST_F(LoggingIn, NamesWithoutEndAreBounded) {
   EXPECT_LT(client.bytes().size(), 1000U);
 }
 
+TEST_F(LoggingIn, AWrongLoginIsLoggedWithWhereItCameFromAndWithoutWhatWasTyped) {
+  Open();
+  testing::internal::CaptureStderr();
+  client.Type("secret\rsecret\r");
+  EXPECT_TRUE(client.Sees("% Login invalid"));
+  const std::string log = testing::internal::GetCapturedStderr();
+  EXPECT_NE(std::string::npos, log.find("a wrong login from 127.0.0.1:1")) << log;
+  EXPECT_EQ(std::string::npos, log.find("secret")) << log;
+}
+
 TEST_F(LoggingIn, WithoutUsersNobodyMay) {
   users_ = nullptr;
   ASSERT_TRUE(client.Start(server(), {"", "127.0.0.1:1", true}));
