@@ -25,6 +25,9 @@ class LoggingIn : public Sessions {
     users_ = &known;
     limits_.login_delay = std::chrono::milliseconds(1);
   }
+  // Before the users that its sessions look at.
+  void TearDown() override { server_.reset(); }
+
   void Open() {
     ASSERT_TRUE(client.Start(server(), {"", "127.0.0.1:1", true}));
     ASSERT_TRUE(client.Sees("Username: "));
