@@ -47,10 +47,11 @@ class VtyRobustness : public ::testing::Test {
 };
 
 TEST_F(VtyRobustness, NoiseIsRefused) {
-  std::mt19937 random(20);
   std::uniform_int_distribution<int> byte(0, 255);
   std::uniform_int_distribution<std::size_t> length(0, 200);
-  for (int i = 0; i < 3000; ++i) {
+  for (unsigned int seed = 1; seed <= 3000; ++seed) {
+    SCOPED_TRACE(seed);
+    std::mt19937 random(seed);
     std::string line(length(random), '\0');
     for (char& c : line) c = static_cast<char>(byte(random));
     Try(line);
@@ -84,10 +85,11 @@ TEST_F(VtyRobustness, PiecesOfLinesInAnyOrderAreTakenOrRefused) {
                                                   "flag ",
                                                   "\xc3\xbc",
                                                   "\xc3"};
-  std::mt19937 random(21);
   std::uniform_int_distribution<std::size_t> piece(0, pieces.size() - 1);
   std::uniform_int_distribution<int> count(1, 25);
-  for (int i = 0; i < 5000; ++i) {
+  for (unsigned int seed = 1; seed <= 5000; ++seed) {
+    SCOPED_TRACE(seed);
+    std::mt19937 random(seed);
     std::string line;
     for (int n = count(random); n > 0; --n) line += pieces[piece(random)];
     Try(line);
@@ -103,7 +105,7 @@ TEST_F(VtyRobustness, AMegabyteIsAnsweredAtOnce) {
                                     "find " + std::string(kMegabyte, 'y'),
                                     "set key_ability_code " + std::string(kMegabyte, '9'),
                                     "list | include " + std::string(kMegabyte, 'z')};
-  for (const std::string piece : {"a ", "| ", "\" \" ", "list | ", "\xc3\xbc "}) {
+  for (const char* piece : {"a ", "| ", "\" \" ", "list | ", "\xc3\xbc "}) {
     std::string line = "list | include ";
     while (line.size() < kMegabyte) line += piece;
     lines.push_back(line);
