@@ -56,7 +56,7 @@ TEST(TextTableTest, CharactersCountNotBytes) {
   EXPECT_EQ(Written([&cut](struct vty& terminal) {
               cut.Write(terminal);
             }).substr(std::string("Name\r\n").size()),
-            name.substr(0, 2 * 76) + "...\r\n");
+            name.substr(0, std::size_t{2} * 76) + "...\r\n");
 }
 
 TEST(TextTableTest, ControlCharactersDoNotReachTheTerminal) {

@@ -1,8 +1,9 @@
 #include "commands/time_text.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
-#include <time.h>
+
+#include <cstdlib>
+#include <ctime>
 
 namespace olt_host {
 namespace {
