@@ -3,8 +3,10 @@
 #define TESTS_OLT_HOST_TRANSPORT_TEST_HOST_H
 
 #include <dirent.h>
+#include <pthread.h>
 
 #include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <functional>
 #include <future>
@@ -55,6 +57,10 @@ class CommandService {
     std::promise<olt_host::CommandThread*> made;
     std::future<olt_host::CommandThread*> commands = made.get_future();
     _thread = std::thread([&made] {
+      // As in the program, where this is the thread that made the transports.
+      sigset_t signals;
+      sigfillset(&signals);
+      pthread_sigmask(SIG_BLOCK, &signals, nullptr);
       olt_host::CommandThread own;
       made.set_value(&own);
       own.Serve();
