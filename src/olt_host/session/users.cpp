@@ -127,7 +127,9 @@ Users Users::Read(const std::string& file) {
     if (line.find_first_not_of(" \t") == std::string::npos || line.front() == '#') continue;
     const std::string problem = users.Add(line);
     if (problem.empty()) continue;
-    throw std::runtime_error(file + ":" + std::to_string(number) + ": " + problem);
+    std::string message = file;
+    message.append(":").append(std::to_string(number)).append(": ").append(problem);
+    throw std::runtime_error(message);
   }
   if (users._users.empty()) throw std::runtime_error(file + ": has no user" + kForm);
   HashOfNobody();
