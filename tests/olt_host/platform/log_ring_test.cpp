@@ -15,6 +15,7 @@ LogLine Line(const std::string& text, unsigned int level = 0, unsigned int modul
 
 std::vector<std::string> Texts(const std::vector<LogLine>& lines) {
   std::vector<std::string> texts;
+  texts.reserve(lines.size());
   for (const LogLine& line : lines) texts.push_back(line.text);
   return texts;
 }
