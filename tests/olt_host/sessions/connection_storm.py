@@ -31,6 +31,8 @@ CLIENT_LIMIT = 60      # seconds that a client of the storm waits for anything
 SETTLE_LIMIT = 120     # seconds until the last session of the storm has to be gone
 LONG_LISTING = b"show onucapa_table real 2 flag 1\r\n"
 NOISE = bytes(range(256))
+TERMINAL_TYPES = [b"XTERM", b"xterm-256color", b"VT100", b"linux", b"screen", b"no-such-type",
+                  b"../../etc/passwd", b""]
 HALF_SEQUENCES = [
     bytes([IAC]), bytes([IAC, WILL]), bytes([IAC, DO]), bytes([IAC, SB]),
     bytes([IAC, SB, TERMINAL_TYPE, 0]) + b"XTE",
@@ -50,7 +52,10 @@ class Client:
         if receive_room is not None:
             self._socket.setsockopt(socket.SOL_SOCKET, socket.SO_RCVBUF, receive_room)
         self._socket.setblocking(False)
-        self._telnet = TelnetStream()
+        # No screen so small that it pages the answers that a client waits for.
+        self._telnet = TelnetStream(chance.choice(TERMINAL_TYPES),
+                                    rows=chance.choice([0, 24, 60, 65535]),
+                                    columns=chance.choice([0, 80, 132, 65535]))
 
     async def connect(self):
         await asyncio.get_running_loop().sock_connect(self._socket, self._address)
@@ -114,7 +119,7 @@ async def drop_in_a_line(client):
 async def drop_in_the_pager(client):
     await client.read_until([PROMPT])
     await client.send(LONG_LISTING)
-    await client.read_until([b"--More--"])
+    await client.read_until([b"--More--", b"\r\n" + PROMPT])
     if client.chance.random() < 0.5:
         await client.send(b" ")
 
@@ -233,6 +238,40 @@ def timed_question(address, limit):
     return time.monotonic() - start
 
 
+class SilentClient:
+    """Asks for much and reads nothing, until the host gives it up."""
+
+    def __init__(self, address):
+        self._socket = socket.socket()
+        self._socket.setsockopt(socket.SOL_SOCKET, socket.SO_RCVBUF, 2048)
+        self._socket.connect(address)
+        self._socket.sendall(b"terminal length 0\r\n" + b"show tech-support\r\n" * 100)
+
+    def close(self):
+        self._socket.close()
+
+
+def crowd(address, options):
+    """More operators than the host takes: each has a prompt or is told why not."""
+    surplus = 10
+    clients = [socket.create_connection(address, timeout=CLIENT_LIMIT)
+               for _ in range(options.sessions + surplus)]
+    refused = 0
+    for client in clients:
+        text = b""
+        while PROMPT not in text and b"Too many sessions" not in text:
+            data = client.recv(65536)
+            if not data:
+                break
+            text += data
+        refused += b"% Too many sessions" in text
+    for client in clients:
+        client.close()
+    print(f"of {len(clients)} operators at once {refused} were refused")
+    if refused != surplus:
+        raise HostError(f"expected {surplus} refused operators")
+
+
 # --- The host.
 
 class Usage:
@@ -319,13 +358,19 @@ def run(options, directory, host):
     timed_question(addresses[0], options.answer_limit)
     # The first few hundred fill the allocator's arenas and caches.
     weather(addresses, options, options.seed + 1, options.warm_up)
+    crowd(addresses[0], options)
     before = await_idle(host, idle.threads, idle.descriptors)
     print(f"after {options.warm_up} connections: {before}")
+    silent = [SilentClient(addresses[0]) for _ in range(4)]
     start = time.monotonic()
     counts, waits = weather(addresses, options, options.seed, options.connections)
     report_storm(counts, waits, time.monotonic() - start)
     if any(outcome == "TIMED OUT" for _, outcome in counts):
         raise HostError(f"a client waited {CLIENT_LIMIT} s for the host")
+    await_idle(host, idle.threads, idle.descriptors)
+    for client in silent:  # the host has given them up by now
+        client.close()
+    crowd(addresses[0], options)
     after = await_idle(host, idle.threads, idle.descriptors)
     print(f"after the storm: {after}")
     last = timed_question(addresses[0], options.answer_limit)

@@ -166,6 +166,7 @@ class Telnet:
                 raise Ended from error
             raise
         if not received:
+            self.close()  # or a stopping host would wait for it
             raise Ended
         text, answer = self._stream.receive(received)
         if answer:
