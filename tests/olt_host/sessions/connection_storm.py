@@ -285,7 +285,8 @@ class Usage:
         self.memory = pages * os.sysconf("SC_PAGE_SIZE") / (1 << 20)
 
     def __str__(self):
-        return f"{self.threads} threads, {self.descriptors} descriptors, {self.memory:.1f} MiB resident"
+        return (f"{self.threads} threads, {self.descriptors} descriptors, "
+                f"{self.memory:.1f} MiB resident")
 
 
 def start_host(options, directory):
@@ -294,8 +295,8 @@ def start_host(options, directory):
     with open(directory / "standard_error", "wb") as errors:
         return subprocess.Popen(
             [options.host, "serve", options.catalogue.name, options.reports.name,
-             "--listen", "127.0.0.1:0", "--socket", "operators", "--sessions", str(options.sessions),
-             "--log", "host.log"],
+             "--listen", "127.0.0.1:0", "--socket", "operators",
+             "--sessions", str(options.sessions), "--log", "host.log"],
             cwd=directory, env=environment(directory), stdin=subprocess.DEVNULL,
             stdout=subprocess.DEVNULL, stderr=errors)
 
@@ -347,8 +348,8 @@ def report_storm(counts, waits, seconds):
     for (deed, outcome), count in sorted(counts.items()):
         print(f"  {deed:28} {outcome:20} {count:6}")
     waits.sort()
-    print(f"{sum(counts.values())} connections in {seconds:.1f} s; {len(waits)} questions meanwhile "
-          f"answered within {waits[-1]:.3f} s (median {waits[len(waits) // 2]:.3f} s)")
+    print(f"{sum(counts.values())} connections in {seconds:.1f} s; {len(waits)} questions "
+          f"meanwhile answered within {waits[-1]:.3f} s (median {waits[len(waits) // 2]:.3f} s)")
 
 
 def run(options, directory, host):
@@ -358,6 +359,7 @@ def run(options, directory, host):
     timed_question(addresses[0], options.answer_limit)
     # The first few hundred fill the allocator's arenas and caches.
     weather(addresses, options, options.seed + 1, options.warm_up)
+    await_idle(host, idle.threads, idle.descriptors)
     crowd(addresses[0], options)
     before = await_idle(host, idle.threads, idle.descriptors)
     print(f"after {options.warm_up} connections: {before}")

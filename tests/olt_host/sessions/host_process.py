@@ -53,7 +53,8 @@ class HostProcess:
                 self.process = line.process
                 self._lines.append(line)
             else:
-                listen = ["--listen", "127.0.0.1:0"] if transport == "tcp" else ["--socket", "operators"]
+                tcp, socket = ["--listen", "127.0.0.1:0"], ["--socket", "operators"]
+                listen = tcp if transport == "tcp" else socket
                 self.process = subprocess.Popen(
                     [program, "serve", *arguments, *listen], cwd=directory,
                     env=environment(directory), stdin=subprocess.DEVNULL,
@@ -65,7 +66,8 @@ class HostProcess:
             if len(self._lines) != 1:
                 raise HostError("a terminal has one session only")
             return self._lines[0]
-        way_in = self.await_error_line(r"olt_host: operators may (attach to|telnet to) (\S+)(?: port (\d+))?")
+        way_in = self.await_error_line(
+            r"olt_host: operators may (attach to|telnet to) (\S+)(?: port (\d+))?")
         if self._transport == "tcp":
             line = Telnet((way_in.group(2), int(way_in.group(3))))
         else:
