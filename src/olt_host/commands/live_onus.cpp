@@ -8,14 +8,16 @@ namespace olt_host {
 
 namespace {
 
-// The key of the newest real profile of a type; 0 without one.
+// The key of the newest real profile of a type; 0 without one. The table finds and counts
+// profiles by the key ability code that it was made with, the catalogue's, whatever
+// operators set since.
 unsigned int KeyOfType(std::uint16_t real_type) {
   OnuAbilityProfile profile;
   unsigned int key = 0;
   if (OnuAbilityTableManager::GetInstance()->Get(ONU_ABILITY_PROFILE_TYPE_REAL,
                                                  ONU_ABILITY_PROFILE_SOURCE_ALL, real_type,
                                                  profile) == ONU_ABILITY_RET_OK) {
-    profile.Get(key);
+    profile.Get(Host().catalogue.catalogue.key_ability_code, key);
   }
   return key;
 }

@@ -321,6 +321,21 @@ TEST_F(OnuCommandsOnMoreOnus, BindRaisesAndUnbindLowersTheCountOfAnOperatorsProf
   EXPECT_EQ(BindCount(6666), 0U);
 }
 
+TEST_F(OnuCommandsOnMoreOnus, BindCountsTheConfirmedProfileWhateverKeyAbilityCodeIsSet) {
+  AddOperatorsType(6666);
+  AddOperatorsType(6667);
+  // Read under code 1002, the key of the first profile would be that of the second.
+  ASSERT_EQ(
+      OnuAbilityTableManager::GetInstance()->Add(
+          ONU_ABILITY_PROFILE_TYPE_REAL, ONU_ABILITY_PROFILE_SOURCE_EXTERNAL, 6666U, 1002, 6667U),
+      ONU_ABILITY_RET_OK);
+  session_.Type("set key_ability_code 1002");
+  ConfirmAll();
+  EXPECT_EQ(session_.Type("bind onu 4 200"),
+            "ONU 4/200 bound to the real profile with key 6666, which now counts 1\r\n");
+  EXPECT_EQ(BindCount(6667), 0U);
+}
+
 TEST_F(OnuCommandsOnMoreOnus, BoundProfileIsNotDeleted) {
   AddOperatorsType(6666);
   ConfirmAll();
