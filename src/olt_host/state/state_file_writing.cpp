@@ -148,6 +148,10 @@ std::string BackupOf(const std::string& file) { return Resolved(file) + ".bak"; 
 void WriteStateFile(const std::string& file, const std::string& content) {
   try {
     const std::string target = Resolved(file);
+    std::error_code unknown;
+    if (std::filesystem::is_symlink(target, unknown)) {
+      throw StateError("is a link to a file that is not there; expected a file or a new name");
+    }
     struct stat old {};
     const bool is_there = stat(target.c_str(), &old) == 0;
     if (is_there && !S_ISREG(old.st_mode)) {

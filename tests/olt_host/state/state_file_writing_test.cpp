@@ -101,6 +101,15 @@ TEST_F(StateFileWriting, WritesBehindALinkAndLeavesTheLink) {
   EXPECT_EQ(ReadFile(_directory.Path("real.state.bak")), "one");
 }
 
+// The disk behind it may only be missing for now.
+TEST_F(StateFileWriting, LeavesALinkToNothingAlone) {
+  std::filesystem::create_symlink("real.state", File());
+  EXPECT_EQ(WriteError("one"),
+            "olt.state: is a link to a file that is not there; expected a file or a new name");
+  EXPECT_TRUE(std::filesystem::is_symlink(File()));
+  EXPECT_EQ(Names(), (std::set<std::string>{"olt.state"}));
+}
+
 TEST_F(StateFileWriting, ClearsAwayWhatAKilledProcessLeft) {
   _directory.Write("olt.state", "one");
   _directory.Write("olt.state.new", "half");
