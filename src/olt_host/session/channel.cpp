@@ -154,25 +154,6 @@ void Channel::SetWindow(Window window) {
   _window = window;
 }
 
-std::string Channel::terminal_type() const {
-  const std::lock_guard<std::mutex> lock(_mutex);
-  return _terminal_type;
-}
-
-void Channel::SetTerminalType(const std::string& type) {
-  const std::lock_guard<std::mutex> lock(_mutex);
-  _terminal_type = type;
-  _terminal_type_known = true;
-  _changed.notify_all();
-}
-
-bool Channel::AwaitTerminalType(Clock::time_point deadline) {
-  std::unique_lock<std::mutex> lock(_mutex);
-  _changed.wait_until(lock, deadline,
-                      [this] { return _closed || _finished || _terminal_type_known; });
-  return _terminal_type_known;
-}
-
 void Channel::SetWakeups(Wakeups wakeups) { _wakeups = std::move(wakeups); }
 
 std::size_t Channel::Feed(const char* bytes, std::size_t length) {

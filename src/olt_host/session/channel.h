@@ -1,6 +1,6 @@
 // The bytes between one session and whatever carries them: a terminal, a Unix
-// socket, a telnet connection. Two bounded queues, the two things a session has
-// to know about the terminal at the other end, and an end.
+// socket, a telnet connection. Two bounded queues, the size of the terminal at the
+// other end, and an end.
 //
 // The session's thread reads and writes and may wait; the transport's thread
 // feeds and drains and never waits. Neither ever waits for the other: a client
@@ -73,12 +73,6 @@ class Channel {
   Window window() const;
   void SetWindow(Window window);
 
-  // As terminfo names it; "" while the other end has not said.
-  std::string terminal_type() const;
-  void SetTerminalType(const std::string& type);
-  // Waits until the type is known; false when `deadline` came first.
-  bool AwaitTerminalType(Clock::time_point deadline);
-
   // --- The transport's side.
 
   struct Wakeups {
@@ -124,8 +118,6 @@ class Channel {
   bool _finished = false;
   bool _closed = false;
   Window _window;
-  std::string _terminal_type;
-  bool _terminal_type_known = false;
 };
 
 }  // namespace olt_host

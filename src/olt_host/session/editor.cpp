@@ -19,7 +19,6 @@ namespace {
 
 constexpr std::size_t kLinesRemembered = 500;
 constexpr std::size_t kMostUnsent = 32U << 10U;
-constexpr std::chrono::milliseconds kTypeArrives{1000};
 // A sequence of a terminal arrives at once; an ESC that somebody types does not.
 constexpr std::chrono::milliseconds kSequenceArrives{200};
 
@@ -116,7 +115,6 @@ Editor::Editor(Channel& channel, KeyReader& keys, std::size_t line_bytes, Helper
       _line_bytes(line_bytes),
       _helpers(std::move(helpers)),
       _library(std::make_unique<Library>()) {
-  _channel.AwaitTerminalType(Channel::Clock::now() + kTypeArrives);
   const EditorTurn turn;
   const EditorTerminal& terminal = _library->terminal;
   std::FILE* const stream = terminal.stream();
@@ -136,7 +134,6 @@ Editor::Editor(Channel& channel, KeyReader& keys, std::size_t line_bytes, Helper
   el_set(line, EL_PROMPT, Callbacks::Prompt);
   el_set(line, EL_EDITOR, "emacs");
   el_set(line, EL_HIST, history, _library->history);
-  _library->SetType(_channel.terminal_type());
   // The wide form: the other one copies the names and never frees them.
   el_wset(line, EL_ADDFN, L"host-complete", L"", Callbacks::Call<&Editor::Complete>);
   el_wset(line, EL_ADDFN, L"host-help", L"", Callbacks::Call<&Editor::Help>);
@@ -147,7 +144,6 @@ Editor::Editor(Channel& channel, KeyReader& keys, std::size_t line_bytes, Helper
   for (const KeyBinding& binding : KeyBindings()) {
     el_set(line, EL_BIND, NameOf(binding.key).c_str(), binding.function, nullptr);
   }
-  _library->terminal.TakeOutput();  // complaints about the terminal's type
 }
 
 Editor::~Editor() = default;

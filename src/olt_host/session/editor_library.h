@@ -5,8 +5,6 @@
 
 #include <histedit.h>
 
-#include <string>
-
 #include "session/editor.h"
 #include "session/editor_terminal.h"
 
@@ -18,16 +16,9 @@ struct Editor::Library {
   Library(const Library&) = delete;
   Library& operator=(const Library&) = delete;
 
-  // The type as the client names it, or one that every terminal comes near to. On the
-  // editor's turn.
-  void SetType(const std::string& named);
-
   EditorTerminal terminal;
   History* history = nullptr;
   EditLine* line = nullptr;
-
- private:
-  std::string _type;  // the library keeps a pointer to it
 };
 
 }  // namespace olt_host

@@ -6,6 +6,7 @@
 
 #include "platform/log_sink.h"
 #include "session/login.h"
+#include "session/tab_stops.h"
 #include "vty/completion.h"
 #include "vty/execute.h"
 #include "vty/line_help.h"
@@ -129,7 +130,8 @@ Editor::Outcome Session::RunLine(const std::string& line) {
 Editor::Outcome Session::ShowPaged(const std::string& text) {
   const Channel::Window window = _channel.window();
   const std::size_t rows = window.rows == 0 ? 0 : _terminal.settings().screen_length;
-  switch (_pager.Show(text, rows, Columns())) {
+  const std::string shown = window.rows == 0 ? text : ExpandTabs(text, Columns());
+  switch (_pager.Show(shown, rows, Columns())) {
     case Pager::Outcome::kTimedOut:
       return Editor::Outcome::kTimedOut;
     case Pager::Outcome::kClosed:

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <clocale>
 #include <condition_variable>
+#include <cstdlib>
 #include <exception>
 #include <mutex>
 #include <thread>
@@ -16,6 +17,11 @@ namespace {
 
 // How long farewells may take when the server is destroyed.
 constexpr std::chrono::seconds kFarewell{1};
+
+// What sessions write, every terminal of today understands. One type for all: the
+// editor's library asks the environment for it, and what it asked for another type
+// it never gives back.
+constexpr const char* kTerminalType = "vt100";
 
 // A session and its thread. It gives its place away when it is over, and can be
 // joined without waiting when it has left.
@@ -110,6 +116,7 @@ struct SessionServer::Impl {
 SessionServer::SessionServer(unsigned int node, CommandThread& commands, const Users* users,
                              const SessionLimits& limits)
     : _impl(std::make_unique<Impl>(SessionSetting{node, commands, users, limits})) {
+  setenv("TERM", kTerminalType, 1);
   // The editor counts characters, not bytes.
   if (std::setlocale(LC_CTYPE, "C.UTF-8") == nullptr) {
     LogHostLine(0, "no locale C.UTF-8: sessions take ASCII only");

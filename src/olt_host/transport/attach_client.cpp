@@ -53,11 +53,6 @@ class StandardStream {
   asio::posix::stream_descriptor _stream;
 };
 
-std::string OwnTerminalType() {
-  const char* type = std::getenv("TERM");
-  return type != nullptr ? type : "";
-}
-
 class AttachClient {
  public:
   explicit AttachClient(const std::string& path);
@@ -99,7 +94,7 @@ AttachClient::AttachClient(const std::string& path)
     : _socket(_io),
       _in(_io, STDIN_FILENO, O_RDONLY),
       _out(_io, STDOUT_FILENO, O_WRONLY),
-      _telnet(_in.is_terminal() ? OwnTerminalType() : "dumb", Window()),
+      _telnet(Window()),
       _signals(_io, SIGTERM, SIGHUP, SIGINT) {
   asio::error_code error;
   _socket.connect(UnixEndpoint(path), error);
@@ -135,7 +130,7 @@ void AttachClient::ReadHost() {
                               return;
                             }
                             _printed = _telnet.TakePrinted();
-                            _may_type = _may_type || _telnet.has_told_type() || !_printed.empty();
+                            _may_type = _may_type || _telnet.has_told_window() || !_printed.empty();
                             WriteToHost();
                             Print();
                           });

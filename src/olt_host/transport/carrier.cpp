@@ -83,7 +83,6 @@ void Carrier::OnRead(const asio::error_code& error, std::size_t length) {
   if (_gone) return;
   if (error == asio::error::eof) {
     _input_ended = true;
-    OnInputEnd();
     _channel->FeedEnd();
     if (_all_sent) End(true);
     return;

@@ -55,8 +55,6 @@ class Carrier : public std::enable_shared_from_this<Carrier> {
   virtual bool Decode(const char* bytes, std::size_t length) = 0;
   // What was decoded and not taken by the channel yet.
   virtual std::string& typed() = 0;
-  // Nothing more will come.
-  virtual void OnInputEnd() {}
   // What the session says, to be taken by TakeOutgoing.
   virtual void Encode(const char* bytes, std::size_t length) = 0;
   // What is to be written next; may hold more than was encoded.

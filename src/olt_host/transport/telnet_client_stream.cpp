@@ -6,9 +6,11 @@ namespace olt_host {
 namespace {
 
 const telnet_telopt_t kOptions[] = {
-    {TELNET_TELOPT_ECHO, TELNET_WONT, TELNET_DO},   {TELNET_TELOPT_SGA, TELNET_WILL, TELNET_DO},
-    {TELNET_TELOPT_BINARY, TELNET_WILL, TELNET_DO}, {TELNET_TELOPT_TTYPE, TELNET_WILL, TELNET_DONT},
-    {TELNET_TELOPT_NAWS, TELNET_WILL, TELNET_DONT}, {-1, 0, 0},
+    {TELNET_TELOPT_ECHO, TELNET_WONT, TELNET_DO},
+    {TELNET_TELOPT_SGA, TELNET_WILL, TELNET_DO},
+    {TELNET_TELOPT_BINARY, TELNET_WILL, TELNET_DO},
+    {TELNET_TELOPT_NAWS, TELNET_WILL, TELNET_DONT},
+    {-1, 0, 0},
 };
 
 void Append16(std::string& bytes, unsigned int number) {
@@ -19,8 +21,8 @@ void Append16(std::string& bytes, unsigned int number) {
 
 }  // namespace
 
-TelnetClientStream::TelnetClientStream(std::string terminal_type, Channel::Window window)
-    : TelnetStream(kOptions), _terminal_type(std::move(terminal_type)), _window(window) {}
+TelnetClientStream::TelnetClientStream(Channel::Window window)
+    : TelnetStream(kOptions), _window(window) {}
 
 void TelnetClientStream::SetWindow(Channel::Window window) {
   _window = window;
@@ -31,12 +33,6 @@ void TelnetClientStream::OnDo(unsigned char option) {
   if (option != TELNET_TELOPT_NAWS) return;
   _may_send_window = true;
   SendWindow();
-}
-
-void TelnetClientStream::OnSubnegotiation(unsigned char option, const std::string& bytes) {
-  if (option != TELNET_TELOPT_TTYPE || bytes.empty() || bytes.front() != TELNET_TTYPE_SEND) return;
-  telnet_ttype_is(telnet(), _terminal_type.c_str());
-  _has_told_type = true;
 }
 
 void TelnetClientStream::SendWindow() {

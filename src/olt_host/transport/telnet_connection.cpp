@@ -29,7 +29,7 @@ void TelnetConnection::AsyncWrite(asio::const_buffer bytes, Done done) {
 }
 
 bool TelnetConnection::Decode(const char* bytes, std::size_t length) {
-  _telnet.ReceiveFromClient(bytes, length);
+  _telnet.Receive(bytes, length);
   return !_telnet.broken();
 }
 

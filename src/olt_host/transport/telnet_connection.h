@@ -22,7 +22,6 @@ class TelnetConnection final : public Carrier {
   void AsyncRead(asio::mutable_buffer into, Done done) override;
   void AsyncWrite(asio::const_buffer bytes, Done done) override;
   bool Decode(const char* bytes, std::size_t length) override;
-  void OnInputEnd() override { _telnet.EndOfClient(); }
   std::string& typed() override { return _telnet.typed(); }
   void Encode(const char* bytes, std::size_t length) override { _telnet.Send(bytes, length); }
   std::string TakeOutgoing() override { return _telnet.TakeOutgoing(); }

@@ -1,7 +1,6 @@
 #include "transport/telnet_server_stream.h"
 
 #include <algorithm>
-#include <cctype>
 
 namespace olt_host {
 namespace {
@@ -9,9 +8,11 @@ namespace {
 // The host echoes and edits, so the client is to send each key at once. Binary
 // is not asked for, but granted: text of more than 7 bits passes either way.
 const telnet_telopt_t kOptions[] = {
-    {TELNET_TELOPT_ECHO, TELNET_WILL, TELNET_DONT}, {TELNET_TELOPT_SGA, TELNET_WILL, TELNET_DO},
-    {TELNET_TELOPT_BINARY, TELNET_WILL, TELNET_DO}, {TELNET_TELOPT_TTYPE, TELNET_WONT, TELNET_DO},
-    {TELNET_TELOPT_NAWS, TELNET_WONT, TELNET_DO},   {-1, 0, 0},
+    {TELNET_TELOPT_ECHO, TELNET_WILL, TELNET_DONT},
+    {TELNET_TELOPT_SGA, TELNET_WILL, TELNET_DO},
+    {TELNET_TELOPT_BINARY, TELNET_WILL, TELNET_DO},
+    {TELNET_TELOPT_NAWS, TELNET_WONT, TELNET_DO},
+    {-1, 0, 0},
 };
 
 constexpr char kInterruptKey = '\x03';
@@ -20,15 +21,9 @@ constexpr char kEraseKey = '\x08';
 constexpr char kKillLineKey = '\x15';
 constexpr const char* kPresence = "\r\n[olt_host: yes]\r\n";
 
-constexpr std::size_t kLongestTerminalType = 40;
 // Line editors reserve memory for every place of the screen.
 constexpr unsigned int kMostColumns = 1024;
 constexpr unsigned int kMostRows = 512;
-
-bool BelongsInTerminalType(unsigned char c) {
-  return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '.' || c == '_' || c == '+' ||
-         c == '-';
-}
 
 unsigned int Number16(const std::string& bytes, std::size_t at) {
   return static_cast<unsigned int>(static_cast<unsigned char>(bytes[at])) << 8U |
@@ -37,56 +32,14 @@ unsigned int Number16(const std::string& bytes, std::size_t at) {
 
 }  // namespace
 
-bool RefusalWatch::Sees(const char* bytes, std::size_t length) {
-  bool seen = false;
-  for (std::size_t i = 0; i < length; ++i) {
-    const auto byte = static_cast<unsigned char>(bytes[i]);
-    seen = seen || (_state == State::kRefusedOption && byte == _option);
-    _state = After(byte);
-  }
-  return seen;
-}
-
-RefusalWatch::State RefusalWatch::After(unsigned char byte) const {
-  switch (_state) {
-    case State::kData:
-      return byte == TELNET_IAC ? State::kCommand : State::kData;
-    case State::kCommand:
-      if (byte == TELNET_WONT) return State::kRefusedOption;
-      if (byte == TELNET_WILL || byte == TELNET_DO || byte == TELNET_DONT) {
-        return State::kOtherOption;
-      }
-      return byte == TELNET_SB ? State::kSubnegotiation : State::kData;
-    case State::kSubnegotiation:
-      return byte == TELNET_IAC ? State::kInside : State::kSubnegotiation;
-    case State::kInside:
-      return byte == TELNET_IAC ? State::kSubnegotiation : State::kData;
-    case State::kRefusedOption:
-    case State::kOtherOption:
-      break;
-  }
-  return State::kData;
-}
-
 TelnetServerStream::TelnetServerStream(Channel& channel)
-    : TelnetStream(kOptions), _channel(channel), _terminal_type_refusal(TELNET_TELOPT_TTYPE) {}
+    : TelnetStream(kOptions), _channel(channel) {}
 
 void TelnetServerStream::Negotiate() {
-  // The type comes first: the session waits for it.
-  telnet_negotiate(telnet(), TELNET_DO, TELNET_TELOPT_TTYPE);
   telnet_negotiate(telnet(), TELNET_DO, TELNET_TELOPT_NAWS);
   telnet_negotiate(telnet(), TELNET_WILL, TELNET_TELOPT_ECHO);
   telnet_negotiate(telnet(), TELNET_WILL, TELNET_TELOPT_SGA);
   telnet_negotiate(telnet(), TELNET_DO, TELNET_TELOPT_SGA);
-}
-
-void TelnetServerStream::ReceiveFromClient(const char* bytes, std::size_t length) {
-  if (_terminal_type_refusal.Sees(bytes, length)) SetTerminalType("");
-  Receive(bytes, length);
-}
-
-void TelnetServerStream::EndOfClient() {
-  if (!_type_is_known) SetTerminalType("");
 }
 
 void TelnetServerStream::OnData(const char* bytes, std::size_t length) {
@@ -123,29 +76,8 @@ void TelnetServerStream::OnCommand(unsigned char command) {
   }
 }
 
-void TelnetServerStream::OnWill(unsigned char option) {
-  if (option == TELNET_TELOPT_TTYPE) telnet_ttype_send(telnet());
-}
-
 void TelnetServerStream::OnSubnegotiation(unsigned char option, const std::string& bytes) {
-  if (option == TELNET_TELOPT_TTYPE) TakeTerminalType(bytes);
   if (option == TELNET_TELOPT_NAWS) TakeWindow(bytes);
-}
-
-void TelnetServerStream::TakeTerminalType(const std::string& bytes) {
-  if (bytes.empty() || bytes.front() != TELNET_TTYPE_IS) return;
-  std::string type = bytes.substr(1);
-  std::transform(type.begin(), type.end(), type.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  // A name that cannot be one is no name; it would be looked up as a file.
-  const bool fits = type.size() <= kLongestTerminalType &&
-                    std::all_of(type.begin(), type.end(), BelongsInTerminalType);
-  SetTerminalType(fits ? type : "");
-}
-
-void TelnetServerStream::SetTerminalType(const std::string& type) {
-  _type_is_known = true;
-  _channel.SetTerminalType(type);
 }
 
 void TelnetServerStream::TakeWindow(const std::string& bytes) {

@@ -40,9 +40,6 @@ void TelnetStream::Handle(const telnet_event_t& event) {
     case TELNET_EV_IAC:
       OnCommand(event.iac.cmd);
       break;
-    case TELNET_EV_WILL:
-      OnWill(event.neg.telopt);
-      break;
     case TELNET_EV_DO:
       OnDo(event.neg.telopt);
       break;

@@ -43,8 +43,6 @@ class TelnetStream {
   virtual void OnData(const char* bytes, std::size_t length) = 0;
   // IAC and one of the commands that stand alone.
   virtual void OnCommand(unsigned char /*command*/) {}
-  // The other end does now what the option stands for.
-  virtual void OnWill(unsigned char /*option*/) {}
   // The other end wants what the option stands for, and this one agreed.
   virtual void OnDo(unsigned char /*option*/) {}
   virtual void OnSubnegotiation(unsigned char /*option*/, const std::string& /*bytes*/) {}

@@ -5,7 +5,6 @@
 
 #include <asio/write.hpp>
 #include <csignal>
-#include <cstdlib>
 #include <stdexcept>
 #include <utility>
 
@@ -29,9 +28,7 @@ TerminalStream::TerminalStream(asio::io_context& io, std::shared_ptr<Channel> ch
       _raw_mode(_in.native_handle()),
       _signals(io, SIGWINCH, SIGCONT),
       _ended(std::move(ended)) {
-  const char* type = std::getenv("TERM");
   this->channel().SetWindow(TerminalWindow(_out.native_handle()));
-  this->channel().SetTerminalType(type != nullptr ? type : "");
 }
 
 void TerminalStream::AsyncRead(asio::mutable_buffer into, Done done) {

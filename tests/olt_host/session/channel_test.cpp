@@ -189,15 +189,6 @@ TEST(AChannel, AnInterruptMakesRoomForInputThatWasRefused) {
   EXPECT_EQ(1, calls);
 }
 
-TEST(AChannel, TheTypeOfTheTerminalIsWaitedForUntilItIsKnown) {
-  Channel channel;
-  EXPECT_FALSE(channel.AwaitTerminalType(Clock::now() + std::chrono::milliseconds(5)));
-  std::thread transport([&channel] { channel.SetTerminalType("vt220"); });
-  EXPECT_TRUE(channel.AwaitTerminalType(Clock::now() + std::chrono::hours(1)));
-  transport.join();
-  EXPECT_EQ("vt220", channel.terminal_type());
-}
-
 TEST(AChannel, KnowsWhenNoMoreInputCanCome) {
   Channel channel;
   Feed(channel, "x");

@@ -285,21 +285,11 @@ TEST_F(TypedLines, BinaryNoiseEndsNothing) {
   EXPECT_TRUE(client.Sees("\r\nalive\r\n"));
 }
 
-TEST_F(TypedLines, StandOnTerminalsOfEveryKind) {
-  for (const char* type : {"dumb", "xterm-256color", "linux", "VT220", "ansi", "emacs", "",
-                           "no-such-terminal", "../../etc/passwd"}) {
-    Client other(std::make_shared<Channel>(), type);
-    Open(other);
-    other.Type("say hexo\x02\x08ll\r");
-    EXPECT_TRUE(other.Sees("\r\nhello\r\nolt> ")) << type;
-  }
-}
-
 TEST_F(TypedLines, StandInWindowsOfEverySize) {
   for (const Channel::Window window :
        {Channel::Window{1, 1}, Channel::Window{0, 0}, Channel::Window{10, 2},
         Channel::Window{40, 5}, Channel::Window{300, 100}, Channel::Window{65535, 65535}}) {
-    Client other(std::make_shared<Channel>(), "vt100", window);
+    Client other(std::make_shared<Channel>(), window);
     Open(other);
     other.Type("say " + std::string(300, 'x') + "\x01\x05\x01\x1b[C\x05\x15say a\r");
     EXPECT_TRUE(other.Sees("\r\na\r\n")) << window.columns << "x" << window.rows;

@@ -14,7 +14,7 @@ class PagedOutput : public Sessions {
   testing::AssertionResult Stops(const std::string& last_row) {
     return client.Sees(last_row + "\r\n--More-- ");
   }
-  Client client{std::make_shared<Channel>(), "vt100", Channel::Window{40, 10}};
+  Client client{std::make_shared<Channel>(), Channel::Window{40, 10}};
 };
 
 TEST_F(PagedOutput, StopsWhenTheScreenIsFullAndGoesOnByPagesAndLines) {
@@ -90,7 +90,7 @@ TEST_F(PagedOutput, FollowsTheWindow) {
 }
 
 TEST_F(PagedOutput, IsNotPagedWithoutAScreen) {
-  Client pipe(std::make_shared<Channel>(), "dumb", Channel::Window{0, 0});
+  Client pipe(std::make_shared<Channel>(), Channel::Window{0, 0});
   ASSERT_TRUE(pipe.Start(server()));
   pipe.Type("terminal length 5\rshow rows 300\r");
   EXPECT_TRUE(pipe.Sees("row 300\r\n"));

@@ -130,9 +130,8 @@ inline void InstallTestCommands() {
 class Client {
  public:
   explicit Client(std::shared_ptr<Channel> ends = std::make_shared<Channel>(),
-                  const std::string& type = "vt100", Channel::Window window = {})
+                  Channel::Window window = {})
       : channel_(std::move(ends)), screen_(window.columns) {
-    channel_->SetTerminalType(type);
     channel_->SetWindow(window);
     const auto wake = [signal = signal_] { signal->Give(); };
     channel_->SetWakeups({wake, wake});

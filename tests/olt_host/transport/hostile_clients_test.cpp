@@ -19,7 +19,6 @@ class HostileClients : public ::testing::Test {
  protected:
   void ExpectAnswered() {
     TestClient other = TestClient::Tcp(port);
-    other.TellNoType();
     other.ExpectAnswer("hello");
   }
   // After a crowd, whose last members take places for a moment.
@@ -45,7 +44,6 @@ class HostileClients : public ::testing::Test {
 
 TEST_F(HostileClients, AMegabyteWithoutALineBreakIsOneLineTooLong) {
   TestClient client = TestClient::Tcp(port);
-  client.TellNoType();
   ASSERT_TRUE(client.Send(std::string(1U << 20U, 'x') + "\r\n"));
   client.Until("% Line too long");
   client.ExpectAnswer("after");
@@ -55,7 +53,6 @@ TEST_F(HostileClients, SeveralMegabytesDoNotDisturbOthers) {
   std::vector<TestClient> clients;
   for (int i = 0; i < 4; ++i) {
     clients.push_back(TestClient::Tcp(port));
-    clients.back().TellNoType();
   }
   for (TestClient& client : clients) {
     ASSERT_TRUE(client.Send(std::string(1U << 20U, 'x')));
@@ -100,7 +97,6 @@ TEST_F(HostileClients, ANegotiationFloodThatIsReadDoesNotDisturbOthers) {
     client.Until("[olt_host: yes]");
   }
   ExpectAnswered();
-  client.TellNoType();
   client.ExpectAnswer("hello");
 }
 
@@ -160,7 +156,6 @@ TEST_F(HostileClients, BeyondTheLimitOfSessionsAreToldSo) {
   clients.reserve(16);
   for (int i = 0; i < 16; ++i) {
     clients.push_back(TestClient::Tcp(port));
-    clients.back().TellNoType();
     clients.back().ExpectAnswer("hello");
   }
   TestClient refused = TestClient::Tcp(port);
@@ -175,7 +170,6 @@ TEST_F(HostileClients, RefusedOnesThatStayAreFewAndForAShortTime) {
   clients.reserve(16);
   for (int i = 0; i < 16; ++i) {
     clients.push_back(TestClient::Tcp(port));
-    clients.back().TellNoType();
     clients.back().ExpectAnswer("hello");
   }
   const std::size_t served = OpenDescriptors();

@@ -15,17 +15,11 @@ class TelnetServer : public ::testing::Test {
   // Gives the bytes of the wire to the stream in pieces of one byte, so that
   // nothing depends on how they were cut.
   void Receive(const std::string& bytes) {
-    for (const char byte : bytes) stream.ReceiveFromClient(&byte, 1);
+    for (const char byte : bytes) stream.Receive(&byte, 1);
   }
   std::string Typed(const std::string& bytes) {
     Receive(bytes);
     return std::exchange(stream.typed(), std::string());
-  }
-  bool TypeIsKnown() { return channel.AwaitTerminalType(Channel::Clock::now()); }
-  std::string TypeAfter(const std::string& name) {
-    Receive("\xff\xfa\x18\x00"s + name + "\xff\xf0");
-    EXPECT_TRUE(TypeIsKnown());
-    return channel.terminal_type();
   }
   Channel::Window WindowAfter(const std::string& size) {
     Receive("\xff\xfa\x1f" + size + "\xff\xf0");
@@ -36,9 +30,9 @@ class TelnetServer : public ::testing::Test {
   TelnetServerStream stream{channel};
 };
 
-TEST_F(TelnetServer, AsksForTypeAndSizeAndTakesOverEcho) {
+TEST_F(TelnetServer, AsksForTheSizeAndTakesOverEcho) {
   stream.Negotiate();
-  EXPECT_EQ("\xff\xfd\x18\xff\xfd\x1f\xff\xfb\x01\xff\xfb\x03\xff\xfd\x03", stream.TakeOutgoing());
+  EXPECT_EQ("\xff\xfd\x1f\xff\xfb\x01\xff\xfb\x03\xff\xfd\x03", stream.TakeOutgoing());
 }
 
 TEST_F(TelnetServer, PassesKeysAndUtf8) {
@@ -70,57 +64,9 @@ TEST_F(TelnetServer, SaysThatItIsThere) {
   EXPECT_EQ("\r\n[olt_host: yes]\r\n", stream.TakeOutgoing());
 }
 
-TEST_F(TelnetServer, AsksForTheTypeOnceTheClientWouldTellIt) {
-  stream.Negotiate();
-  stream.TakeOutgoing();
+TEST_F(TelnetServer, WantsNoTypeOfTheTerminal) {
   Receive("\xff\xfb\x18");
-  EXPECT_EQ("\xff\xfa\x18\x01\xff\xf0", stream.TakeOutgoing());
-  EXPECT_FALSE(TypeIsKnown());
-}
-
-TEST_F(TelnetServer, TheTypeIsAskedForWhenTheClientOffersItUnasked) {
-  Receive("\xff\xfb\x18");
-  EXPECT_EQ("\xff\xfd\x18\xff\xfa\x18\x01\xff\xf0", stream.TakeOutgoing());
-}
-
-TEST_F(TelnetServer, TheTypeIsInLowerCase) {
-  EXPECT_EQ("xterm-256color", TypeAfter("XTERM-256color"));
-}
-
-TEST_F(TelnetServer, TypesThatCannotBeOneAreNone) {
-  EXPECT_EQ("", TypeAfter("../../etc/passwd"));
-  EXPECT_EQ("", TypeAfter("xterm;reboot"));
-  EXPECT_EQ("", TypeAfter("xterm\x1b[2J"));
-  EXPECT_EQ("", TypeAfter(std::string(41, 'x')));
-  EXPECT_EQ(std::string(40, 'x'), TypeAfter(std::string(40, 'x')));
-  EXPECT_EQ("", TypeAfter(""));
-}
-
-TEST_F(TelnetServer, ARefusalToTellTheTypeIsAnAnswer) {
-  stream.Negotiate();
-  EXPECT_FALSE(TypeIsKnown());
-  Receive("\xff\xfc\x18");
-  EXPECT_TRUE(TypeIsKnown());
-  EXPECT_EQ("", channel.terminal_type());
-}
-
-TEST_F(TelnetServer, NobodyWaitsForTheTypeOfAClientThatIsGone) {
-  stream.EndOfClient();
-  EXPECT_TRUE(TypeIsKnown());
-}
-
-TEST_F(TelnetServer, TheTypeOutlastsTheClientsInput) {
-  TypeAfter("xterm");
-  stream.EndOfClient();
-  EXPECT_EQ("xterm", channel.terminal_type());
-}
-
-TEST_F(TelnetServer, WhatOnlyLooksLikeARefusalIsNone) {
-  stream.Negotiate();
-  Receive("\xff\xff\xfc\x18");                      // data
-  Receive("\xff\xfc\x01\x18");                      // another option
-  Receive("\xff\xfa\x27\xff\xff\xfc\x18\xff\xf0");  // inside something else
-  EXPECT_FALSE(TypeIsKnown());
+  EXPECT_EQ("\xff\xfe\x18", stream.TakeOutgoing());
 }
 
 TEST_F(TelnetServer, TakesTheSizeOfTheWindow) {

@@ -22,7 +22,7 @@ namespace {
 
 using namespace std::string_literals;
 
-constexpr const char* kOffers = "\xff\xfd\x18\xff\xfd\x1f\xff\xfb\x01\xff\xfb\x03\xff\xfd\x03";
+constexpr const char* kOffers = "\xff\xfd\x1f\xff\xfb\x01\xff\xfb\x03\xff\xfd\x03";
 constexpr const char* kNoType = "\xff\xfc\x18";
 
 class TelnetSession : public ::testing::Test {
@@ -40,21 +40,18 @@ TEST_F(TelnetSession, RunsCommandsForAClientThatNegotiatesNothing) {
 }
 
 TEST_F(TelnetSession, EchoesWhatIsTyped) {
-  client.TellNoType();
   client.Until("olt> ");
   client.Send("say hello");
   client.Until("say hello");
 }
 
 TEST_F(TelnetSession, EndsTheConnectionWithTheSession) {
-  client.TellNoType();
   client.Send("say bye\r\nexit\r\n");
   EXPECT_NE(std::string::npos, client.UntilEnd().find("<bye>"));
 }
 
 TEST_F(TelnetSession, PagesByTheSizeOfTheWindow) {
   client.TellWindow(80, 10);
-  client.TellNoType();
   client.Send("lines 30\r\n");
   const std::string page = client.Until("--More--");
   EXPECT_NE(std::string::npos, page.find("line 9 of 30"));
@@ -65,7 +62,6 @@ TEST_F(TelnetSession, PagesByTheSizeOfTheWindow) {
 
 TEST_F(TelnetSession, FollowsTheSizeOfTheWindow) {
   client.TellWindow(80, 10);
-  client.TellNoType();
   client.ExpectAnswer("small");
   client.TellWindow(80, 50);
   client.Send("lines 30\r\n");
@@ -74,19 +70,16 @@ TEST_F(TelnetSession, FollowsTheSizeOfTheWindow) {
 
 TEST_F(TelnetSession, DoesNotPageWithoutAScreen) {
   client.TellWindow(0, 0);
-  client.TellNoType();
   client.Send("lines 3000\r\n");
   EXPECT_EQ(std::string::npos, client.Until("line 3000 of 3000").find("--More--"));
 }
 
 TEST_F(TelnetSession, EscapesOutputThatLooksLikeNegotiation) {
-  client.TellNoType();
   client.Send("escape\r\n");
   client.Until("[\xff\xff]");
 }
 
 TEST_F(TelnetSession, AnInterruptDropsTheLine) {
-  client.TellNoType();
   client.Until("olt> ");
   client.Send("say never");
   client.Until("say never");
@@ -117,8 +110,6 @@ TEST_F(TelnetSession, AnswersEverythingThatWasTypedBeforeTheClientsEnd) {
 
 TEST_F(TelnetSession, ServesSeveralAtOnce) {
   TestClient other = TestClient::Tcp(port);
-  client.TellNoType();
-  other.TellNoType();
   client.Send("say fi");
   other.ExpectAnswer("second");
   client.Send("rst\r\n");
@@ -184,7 +175,6 @@ TEST(Listening, WithAPasswordFileAsksWhoItIs) {
       host.transports->ListenTcp(olt_host::ParseTcpAddress("0.0.0.0:0"), true);
   host.transports->Start();
   TestClient client = TestClient::Tcp(port);
-  client.TellNoType();
   client.Send("anna\r\n");
   client.Until("assword");
   client.Send("secret\r\n");

@@ -102,8 +102,6 @@ class TestClient {
     return std::exchange(_unread, std::string());
   }
 
-  // Refuses to tell a terminal type, so that the session does not wait for it.
-  void TellNoType() { Send("\xff\xfc\x18"); }
   // Announces a window; below 255 each.
   void TellWindow(unsigned char columns, unsigned char rows) {
     Send(std::string("\xff\xfb\x1f\xff\xfa\x1f\0", 7) + static_cast<char>(columns) + '\0' +
