@@ -27,7 +27,7 @@ void AddLogOptions(CLI::App& command, CommandLine& result) {
             }
             result.log.mask = *mask;
           },
-          "Levels to log, 0 to 31: a list, all or none (default 0,13)")
+          "Levels to log: a list, all or none (default 0,13)")
       ->type_name("LEVELS");
 }
 

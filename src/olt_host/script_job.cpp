@@ -18,15 +18,17 @@ namespace olt_host {
 
 namespace {
 
-int RunFile(const std::string& file, struct vty& terminal, bool check_only) {
-  if (file == "-") return RunLines(std::cin, terminal, check_only);
+// Errors name the file where there are several.
+int RunFile(const std::string& file, const std::string& where, struct vty& terminal,
+            bool check_only) {
+  if (file == "-") return RunLines(std::cin, terminal, check_only, where);
   errno = 0;
   std::ifstream lines(file);
   if (!lines || lines.peek() == std::ifstream::traits_type::eof()) {
     // Reading sets errno for a folder, which opens like a file.
     if (errno != 0) throw std::runtime_error(file + " cannot be read: " + std::strerror(errno));
   }
-  return RunLines(lines, terminal, check_only);
+  return RunLines(lines, terminal, check_only, where);
 }
 
 int RunCommands(const std::vector<std::string>& commands, struct vty& terminal, bool check_only) {
@@ -52,7 +54,8 @@ int RunScriptJob(const CommandLine& command_line) {
   terminal.settings().origin = "run";
   int failed = RunCommands(command_line.commands, terminal, command_line.check_only);
   for (const std::string& file : command_line.command_files) {
-    failed = RunFile(file, terminal, command_line.check_only) | failed;
+    const std::string where = command_line.command_files.size() > 1 ? file + " " : "";
+    failed = RunFile(file, where, terminal, command_line.check_only) | failed;
   }
   if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
     throw std::runtime_error("standard output cannot be written");

@@ -1,7 +1,5 @@
 #include "session/line_session.h"
 
-#include <string>
-
 #include "vty/execute.h"
 
 namespace olt_host {
@@ -22,11 +20,11 @@ bool ReadLine(std::istream& in, std::string& line) {
 
 }  // namespace
 
-int RunLines(std::istream& in, struct vty& terminal, bool check_only) {
+int RunLines(std::istream& in, struct vty& terminal, bool check_only, const std::string& where) {
   bool all_ok = true;
   std::string line;
   for (unsigned long number = 1; terminal.alive() && ReadLine(in, line); ++number) {
-    const LineEcho echo{false, "line " + std::to_string(number) + ": "};
+    const LineEcho echo{false, where + "line " + std::to_string(number) + ": "};
     if (line.size() > kLongestLine) {
       vty_out(&terminal, "%s%% Line too long: the limit is %zu bytes\r\n", echo.before.c_str(),
               kLongestLine);

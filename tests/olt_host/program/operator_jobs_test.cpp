@@ -36,6 +36,14 @@ TEST_F(OperatorJobs, NamesTheLineOfAnErrorAndRunsTheRest) {
   EXPECT_TRUE(Contains(result.out, "common_sfu_type:       800")) << result.out;
 }
 
+TEST_F(OperatorJobs, NamesTheFileOfAnErrorWhereThereAreSeveral) {
+  const std::string good = _directory.Write("good", "show key_ability_code\n");
+  const std::string bad = _directory.Write("bad", "\nnonsense\n");
+  const ProgramResult result = RunProgram({"run", "--check", "-f", good, "-f", bad});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_TRUE(Contains(result.out, bad + " line 2: nonsense\r\n")) << result.out;
+}
+
 TEST_F(OperatorJobs, AFileMayHaveLinesThatEndInCarriageReturns) {
   const std::string file = _directory.Write("commands", "show key_ability_code\r\n");
   EXPECT_EQ(RunProgram({"run", _catalogue, "-f", file}).status, 0);
