@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -46,6 +47,17 @@ std::string ReadWholeFile(const std::string& file) {
   return content;
 }
 
+// Over a catalogue that was forgotten, its codes would become an operator's own.
+void RequireCatalogue(const StoredState& stored, const Catalogue& catalogue) {
+  if (!catalogue.attributes.empty() || !catalogue.codes.empty()) return;
+  const auto repeats = [](const auto& entry) { return !entry.changed; };
+  if (std::any_of(stored.attributes.begin(), stored.attributes.end(), repeats) ||
+      std::any_of(stored.codes.begin(), stored.codes.end(), repeats) ||
+      !stored.deleted_codes.empty()) {
+    throw StateError("was written over a catalogue, and here is none; expected a CATALOGUE");
+  }
+}
+
 }  // namespace
 
 std::string EncodeState(const LibraryState& state, const Catalogue& catalogue) {
@@ -56,6 +68,7 @@ LibraryState ReadStateFile(const std::string& file, const Catalogue& catalogue,
                            const LibraryState& current, std::vector<std::string>* remarks) {
   try {
     const StoredState stored = DecodeStored(ReadWholeFile(file));
+    RequireCatalogue(stored, catalogue);
     std::vector<std::string> notes;
     LibraryState state = MergeWithCatalogue(stored, catalogue, current, notes);
     if (remarks != nullptr) remarks->insert(remarks->end(), notes.begin(), notes.end());

@@ -25,15 +25,17 @@ std::string EncodeState(const LibraryState& state, const Catalogue& catalogue);
 
 // Writes `content` so that, whatever happens, `file` holds it or what it held
 // before, whole: written aside, flushed to disk, renamed. What the file held
-// before is kept as FILE.bak; where it holds `content` already, both stay. Throws
-// StateError, the file as it was.
+// before is kept as FILE.bak; where it holds `content` already, both stay. Takes the
+// place of no file, under any of these names, that does not begin as a state file.
+// Throws StateError, the file as it was.
 void WriteStateFile(const std::string& file, const std::string& content);
 // The name of that backup; beside the file itself when `file` is a link.
 std::string BackupOf(const std::string& file);
 
 // The library's state after the state file `file` over `catalogue`: the profiles
 // of source 0 as `current` has them, what operators changed as the file has it,
-// everything else as the catalogue has it. Adds to `remarks`, when it is not null,
+// everything else as the catalogue has it. Without any catalogue only a file that was
+// written without one is taken. Adds to `remarks`, when it is not null,
 // what could not be taken as it stands and is no reason to refuse the file.
 // Checks everything first; throws StateError. Changes nothing.
 LibraryState ReadStateFile(const std::string& file, const Catalogue& catalogue,

@@ -12,6 +12,7 @@
 
 #include "state/file_descriptor.h"
 #include "state/state_file.h"
+#include "state/state_frame.h"
 
 namespace olt_host {
 
@@ -35,6 +36,31 @@ bool Holds(const std::string& file, const std::string& content) {
   std::ifstream stream(file, std::ios::binary);
   const std::string held((std::istreambuf_iterator<char>(stream)), {});
   return stream && held == content;
+}
+
+// What is in the way under a name that is to be written; "" when it may go: nothing,
+// or a file that begins as a state file, or, unless it must be `whole`, one that was cut
+// before it could.
+std::string InTheWay(const std::string& path, bool whole) {
+  struct stat status {};
+  if (lstat(path.c_str(), &status) != 0) return errno == ENOENT ? "" : std::strerror(errno);
+  if (!S_ISREG(status.st_mode)) return "it is no file";
+  std::ifstream stream(path, std::ios::binary);
+  if (!stream) return std::strerror(errno);
+  std::string begin(kStateMagic.size(), '\0');
+  stream.read(begin.data(), static_cast<std::streamsize>(begin.size()));
+  begin.resize(static_cast<std::size_t>(stream.gcount()));
+  const bool may_be_cut = !whole || begin.empty();
+  const std::string_view wanted =
+      kStateMagic.substr(0, may_be_cut ? begin.size() : kStateMagic.npos);
+  return begin == wanted ? "" : "it is no state file";
+}
+
+void RequireOwn(const std::string& path, const char* what) {
+  const std::string reason = InTheWay(path, false);
+  if (!reason.empty()) {
+    throw StateError(what + (path + ": ") + reason + "; expected one of olt_host, or nothing");
+  }
 }
 
 // The new content beside the file. Its lock keeps a second process that saves to the same
@@ -102,10 +128,13 @@ class FileAside {
     if (!left.is_open()) {
       if (errno == ENOENT) return;
       if (errno != ELOOP) Fail("cannot remove the old " + path);
+      RequireOwn(path, "cannot replace ");
     } else if (flock(left.get(), LOCK_EX | LOCK_NB) != 0) {
       throw StateError("another process is writing " + path);
     } else if (!IsLockedAt(path, left)) {
       return;
+    } else {
+      RequireOwn(path, "cannot replace ");
     }
     if (unlink(path.c_str()) != 0 && errno != ENOENT) Fail("cannot remove the old " + path);
   }
@@ -115,10 +144,12 @@ class FileAside {
   bool _is_in_place = false;
 };
 
+std::string BackupAside(const std::string& target) { return target + ".bak.new"; }
+
 // A second name for the old content, put in the place of an older backup in one step.
 void KeepAsBackup(const std::string& file) {
   const std::string backup = BackupOf(file);
-  const std::string aside = backup + ".new";
+  const std::string aside = BackupAside(file);
   if (unlink(aside.c_str()) != 0 && errno != ENOENT) Fail("cannot remove the old " + aside);
   if (link(file.c_str(), aside.c_str()) != 0) Fail("cannot keep a backup as " + aside);
   if (rename(aside.c_str(), backup.c_str()) != 0) {
@@ -141,6 +172,15 @@ void FlushFolder(const std::string& file) {
   }
 }
 
+// The checks come before anything is written.
+void RequireReplaceable(const std::string& target) {
+  if (!InTheWay(target, true).empty()) {
+    throw StateError("is no state file; expected one or a new name");
+  }
+  RequireOwn(BackupOf(target), "cannot keep a backup as ");
+  RequireOwn(BackupAside(target), "cannot keep a backup as ");
+}
+
 }  // namespace
 
 std::string BackupOf(const std::string& file) { return Resolved(file) + ".bak"; }
@@ -159,6 +199,7 @@ void WriteStateFile(const std::string& file, const std::string& content) {
     }
     // Writing the same again would only lose the backup.
     if (is_there && Holds(target, content)) return;
+    if (is_there) RequireReplaceable(target);
     FileAside aside(target);
     if (is_there) aside.TakeRightsOf(old);
     aside.Write(content);

@@ -9,7 +9,6 @@ namespace olt_host {
 
 namespace {
 
-constexpr std::string_view kMagic = "OLTSTATE";
 constexpr std::size_t kSectionNameBytes = 4;
 constexpr std::size_t kSectionHeaderBytes = kSectionNameBytes + 8;
 constexpr std::size_t kChecksumBytes = SHA256_DIGEST_LENGTH;
@@ -31,7 +30,7 @@ std::string FrameSections(const std::vector<StateSection>& sections) {
     length += kSectionHeaderBytes + section.bytes.size();
   }
   ByteWriter writer;
-  writer.Bytes(kMagic);
+  writer.Bytes(kStateMagic);
   writer.Number32(kStateVersion);
   writer.Number64(length);
   for (const StateSection& section : sections) {
@@ -44,7 +43,7 @@ std::string FrameSections(const std::vector<StateSection>& sections) {
 
 void CheckStateHeader(std::string_view header, std::uint64_t file_bytes) {
   if (header.empty()) throw StateError("is empty; expected a file that save wrote");
-  if (header.substr(0, kMagic.size()) != kMagic.substr(0, header.size())) {
+  if (header.substr(0, kStateMagic.size()) != kStateMagic.substr(0, header.size())) {
     throw StateError("is no state file; expected a file that save wrote");
   }
   const std::string cut =
@@ -52,7 +51,7 @@ void CheckStateHeader(std::string_view header, std::uint64_t file_bytes) {
   if (header.size() < kStateHeaderBytes) {
     throw StateError(cut + "at least " + std::to_string(kStateHeaderBytes + kChecksumBytes));
   }
-  ByteReader reader(header.substr(kMagic.size()), "the header");
+  ByteReader reader(header.substr(kStateMagic.size()), "the header");
   const std::uint32_t version = reader.Number32();
   if (version > kStateVersion) {
     throw StateError("was written by a newer olt_host (format " + std::to_string(version) +

@@ -15,8 +15,10 @@ struct StateSection {
   std::string bytes;
 };
 
-// "OLTSTATE", the version and the whole length.
-constexpr std::size_t kStateHeaderBytes = 8 + 4 + 8;
+// What every state file begins with.
+constexpr std::string_view kStateMagic = "OLTSTATE";
+// That, the version and the whole length.
+constexpr std::size_t kStateHeaderBytes = kStateMagic.size() + 4 + 8;
 constexpr std::uint32_t kStateVersion = 1;
 
 std::string FrameSections(const std::vector<StateSection>& sections);

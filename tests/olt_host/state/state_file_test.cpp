@@ -252,6 +252,22 @@ TEST_F(StateFile, OfAnyOperatorSessionIsReadBack) {
             << " undefined codes, " << rarities.bound << " bound, " << remarked << " remarked\n";
 }
 
+TEST_F(StateFile, OverACatalogueIsNotTakenWithoutAny) {
+  const char* const message =
+      "olt.state: was written over a catalogue, and here is none; expected a CATALOGUE";
+  const std::vector<std::string> deleted = {"del ability code 1012"};
+  for (const auto& lines : {std::vector<std::string>(), TypicalLines(), deleted}) {
+    Place(Saved(lines, _small));
+    const LoadedLibrary library{Catalogue()};
+    EXPECT_EQ(ErrorOf([&] { ReadStateFile(File(), Catalogue(), CaptureLibrary()); }, _directory),
+              message);
+  }
+  // An operator made everything here, and it starts again.
+  const std::vector<std::string> lines = {"register attribute 5 VALUE_TYPE",
+                                          "set ability_code 2000 name FANS"};
+  EXPECT_NE(Find(Started(Saved(lines, Catalogue()), Catalogue()), 2000), nullptr);
+}
+
 // --- Over a catalogue that has changed since.
 
 TEST_F(StateFile, DoesNotUndoANewerCatalogue) {

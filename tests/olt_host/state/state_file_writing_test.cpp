@@ -29,6 +29,17 @@ using olt_host::WriteStateFile;
 constexpr int kDone = 0;
 constexpr int kNotAllowed = 77;
 
+// Only what begins as a state file is ever replaced.
+constexpr const char* kOne = "OLTSTATE one";
+constexpr const char* kTwo = "OLTSTATE two";
+constexpr const char* kThree = "OLTSTATE three";
+constexpr const char* kLast = "OLTSTATE last";
+constexpr const char* kHalf = "OLTST";
+
+std::string Long(std::size_t length, char filling) {
+  return "OLTSTATE" + std::string(length - 8, filling);
+}
+
 // Runs `act` in a process of its own; its exit status.
 int InChild(const std::function<int()>& act) {
   const pid_t child = fork();
@@ -65,102 +76,143 @@ class StateFileWriting : public testing::Test {
 
 TEST_F(StateFileWriting, MakesAFileThatOnlyItsGroupMayReadToo) {
   umask(0);
-  WriteStateFile(File(), "one");
-  EXPECT_EQ(ReadFile(File()), "one");
+  WriteStateFile(File(), kOne);
+  EXPECT_EQ(ReadFile(File()), kOne);
   EXPECT_EQ(ModeOf(File()), 0640U);
   EXPECT_EQ(Names(), (std::set<std::string>{"olt.state"}));
 }
 
 TEST_F(StateFileWriting, KeepsTheModeOfTheFileAndTheLastContentAsABackup) {
-  WriteStateFile(File(), "one");
+  WriteStateFile(File(), kOne);
   ASSERT_EQ(chmod(File().c_str(), 0604), 0);
-  WriteStateFile(File(), "two");
-  EXPECT_EQ(ReadFile(File()), "two");
-  EXPECT_EQ(ReadFile(File() + ".bak"), "one");
+  WriteStateFile(File(), kTwo);
+  EXPECT_EQ(ReadFile(File()), kTwo);
+  EXPECT_EQ(ReadFile(File() + ".bak"), kOne);
   EXPECT_EQ(ModeOf(File()), 0604U);
-  WriteStateFile(File(), "three");
-  EXPECT_EQ(ReadFile(File()), "three");
-  EXPECT_EQ(ReadFile(File() + ".bak"), "two");
+  WriteStateFile(File(), kThree);
+  EXPECT_EQ(ReadFile(File()), kThree);
+  EXPECT_EQ(ReadFile(File() + ".bak"), kTwo);
   EXPECT_EQ(Names(), (std::set<std::string>{"olt.state", "olt.state.bak"}));
 }
 
 TEST_F(StateFileWriting, KeepsTheBackupWhereNothingChanged) {
-  WriteStateFile(File(), "one");
-  WriteStateFile(File(), "two");
-  WriteStateFile(File(), "two");
-  EXPECT_EQ(ReadFile(File()), "two");
-  EXPECT_EQ(ReadFile(File() + ".bak"), "one");
+  WriteStateFile(File(), kOne);
+  WriteStateFile(File(), kTwo);
+  WriteStateFile(File(), kTwo);
+  EXPECT_EQ(ReadFile(File()), kTwo);
+  EXPECT_EQ(ReadFile(File() + ".bak"), kOne);
 }
 
 TEST_F(StateFileWriting, WritesBehindALinkAndLeavesTheLink) {
-  _directory.Write("real.state", "one");
+  _directory.Write("real.state", kOne);
   std::filesystem::create_symlink("real.state", File());
-  WriteStateFile(File(), "two");
+  WriteStateFile(File(), kTwo);
   EXPECT_TRUE(std::filesystem::is_symlink(File()));
-  EXPECT_EQ(ReadFile(_directory.Path("real.state")), "two");
-  EXPECT_EQ(ReadFile(_directory.Path("real.state.bak")), "one");
+  EXPECT_EQ(ReadFile(_directory.Path("real.state")), kTwo);
+  EXPECT_EQ(ReadFile(_directory.Path("real.state.bak")), kOne);
 }
 
 // The disk behind it may only be missing for now.
 TEST_F(StateFileWriting, LeavesALinkToNothingAlone) {
   std::filesystem::create_symlink("real.state", File());
-  EXPECT_EQ(WriteError("one"),
+  EXPECT_EQ(WriteError(kOne),
             "olt.state: is a link to a file that is not there; expected a file or a new name");
   EXPECT_TRUE(std::filesystem::is_symlink(File()));
   EXPECT_EQ(Names(), (std::set<std::string>{"olt.state"}));
 }
 
 TEST_F(StateFileWriting, ClearsAwayWhatAKilledProcessLeft) {
-  _directory.Write("olt.state", "one");
-  _directory.Write("olt.state.new", "half");
+  _directory.Write("olt.state", kOne);
+  _directory.Write("olt.state.new", kHalf);
   std::filesystem::create_hard_link(File(), File() + ".bak.new");
-  WriteStateFile(File(), "two");
-  EXPECT_EQ(ReadFile(File()), "two");
-  EXPECT_EQ(ReadFile(File() + ".bak"), "one");
+  WriteStateFile(File(), kTwo);
+  EXPECT_EQ(ReadFile(File()), kTwo);
+  EXPECT_EQ(ReadFile(File() + ".bak"), kOne);
   EXPECT_EQ(Names(), (std::set<std::string>{"olt.state", "olt.state.bak"}));
   // Between the backup and the renaming, both names are one file.
   std::filesystem::remove(File() + ".bak");
   std::filesystem::create_hard_link(File(), File() + ".bak");
-  WriteStateFile(File(), "three");
-  EXPECT_EQ(ReadFile(File() + ".bak"), "two");
+  WriteStateFile(File(), kThree);
+  EXPECT_EQ(ReadFile(File() + ".bak"), kTwo);
   EXPECT_EQ(Names(), (std::set<std::string>{"olt.state", "olt.state.bak"}));
 }
 
 TEST_F(StateFileWriting, DoesNotWriteThroughALinkThatSomebodyLeftAside) {
   _directory.Write("victim", "precious");
   std::filesystem::create_symlink("victim", File() + ".new");
-  WriteStateFile(File(), "one");
-  EXPECT_EQ(ReadFile(File()), "one");
+  EXPECT_EQ(WriteError(kOne),
+            "olt.state: cannot replace olt.state.new: it is no file; expected one of olt_host, or "
+            "nothing");
+  EXPECT_TRUE(std::filesystem::is_symlink(File() + ".new"));
   EXPECT_EQ(ReadFile(_directory.Path("victim")), "precious");
 }
 
+TEST_F(StateFileWriting, TakesThePlaceOfNoFileThatIsNoStateFile) {
+  for (const char* foreign : {"catalogue:\n", "OLT", "OLTSTATS and more"}) {
+    _directory.Write("olt.state", foreign);
+    EXPECT_EQ(WriteError(kOne), "olt.state: is no state file; expected one or a new name");
+    EXPECT_EQ(ReadFile(File()), foreign);
+    EXPECT_EQ(Names(), (std::set<std::string>{"olt.state"}));
+  }
+  // Nothing is lost with an empty one.
+  _directory.Write("olt.state", "");
+  WriteStateFile(File(), kOne);
+  EXPECT_EQ(ReadFile(File()), kOne);
+}
+
+TEST_F(StateFileWriting, TakesThePlaceOfNothingForeignBesideTheFile) {
+  const std::string reason = ": it is no state file; expected one of olt_host, or nothing";
+  const std::string backup = "olt.state: cannot keep a backup as ";
+  for (const auto& [name, message] :
+       {std::pair<std::string, std::string>("olt.state.bak", backup + "olt.state.bak" + reason),
+        {"olt.state.bak.new", backup + "olt.state.bak.new" + reason},
+        {"olt.state.new", "olt.state: cannot replace olt.state.new" + reason}}) {
+    _directory.Write("olt.state", kOne);
+    _directory.Write(name, "my notes");
+    EXPECT_EQ(WriteError(kTwo), message);
+    EXPECT_EQ(ReadFile(File()), kOne);
+    EXPECT_EQ(ReadFile(_directory.Path(name)), "my notes");
+    EXPECT_EQ(Names(), (std::set<std::string>{"olt.state", name}));
+    // What an interrupted writing leaves may be cut anywhere.
+    for (const char* own : {"", "OLTS", kThree}) {
+      _directory.Write("olt.state", kOne);
+      _directory.Write(name, own);
+      WriteStateFile(File(), kTwo);
+      EXPECT_EQ(ReadFile(File()), kTwo);
+      EXPECT_EQ(ReadFile(File() + ".bak"), kOne);
+      std::filesystem::remove(File() + ".bak");
+      EXPECT_EQ(Names(), (std::set<std::string>{"olt.state"}));
+    }
+  }
+}
+
 TEST_F(StateFileWriting, KeepsAwayFromAFileThatAnotherProcessIsWriting) {
-  _directory.Write("olt.state", "one");
-  _directory.Write("olt.state.new", "half");
+  _directory.Write("olt.state", kOne);
+  _directory.Write("olt.state.new", kHalf);
   const olt_host::FileDescriptor other(open((File() + ".new").c_str(), O_RDONLY | O_CLOEXEC));
   ASSERT_EQ(flock(other.get(), LOCK_EX), 0);
-  EXPECT_EQ(WriteError("two"), "olt.state: another process is writing olt.state.new");
-  EXPECT_EQ(ReadFile(File()), "one");
-  EXPECT_EQ(ReadFile(File() + ".new"), "half");
+  EXPECT_EQ(WriteError(kTwo), "olt.state: another process is writing olt.state.new");
+  EXPECT_EQ(ReadFile(File()), kOne);
+  EXPECT_EQ(ReadFile(File() + ".new"), kHalf);
 }
 
 TEST_F(StateFileWriting, SaysWhereNothingCanBeWritten) {
-  EXPECT_EQ(ErrorOf([&] { WriteStateFile(_directory.Path("none/olt.state"), "one"); }, _directory),
+  EXPECT_EQ(ErrorOf([&] { WriteStateFile(_directory.Path("none/olt.state"), kOne); }, _directory),
             "none/olt.state: cannot create none/olt.state.new: No such file or directory");
   std::filesystem::create_directory(File());
-  EXPECT_EQ(WriteError("one"), "olt.state: is no file; expected a file or a new name");
+  EXPECT_EQ(WriteError(kOne), "olt.state: is no file; expected a file or a new name");
   EXPECT_EQ(Names(), (std::set<std::string>{"olt.state"}));
 }
 
 // A limit on the size of files fails a write in its middle, as a full disk does.
 TEST_F(StateFileWriting, WithoutRoomLeavesTheOldFileAndNothingElse) {
-  const std::string old(2000, 'a');
+  const std::string old = Long(2000, 'a');
   WriteStateFile(File(), old);
   const int ended = InChild([this] {
     std::signal(SIGXFSZ, SIG_IGN);
     const rlimit limit = {8192, 8192};
     if (setrlimit(RLIMIT_FSIZE, &limit) != 0) return kNotAllowed;
-    const std::string message = WriteError(std::string(20000, 'b'));
+    const std::string message = WriteError(Long(20000, 'b'));
     return message == "olt.state: cannot write olt.state.new: File too large" ? kDone : 1;
   });
   EXPECT_EQ(ended, kDone);
@@ -176,15 +228,15 @@ TEST_F(StateFileWriting, OnAFullDiskLeavesTheOldFileAndNothingElse) {
         mount("tmpfs", _directory.Path("").c_str(), "tmpfs", 0, "size=64k") != 0) {
       return kNotAllowed;
     }
-    const std::string old(20000, 'a');
+    const std::string old = Long(20000, 'a');
     WriteStateFile(File(), old);
-    if (WriteError(std::string(60000, 'b')) !=
+    if (WriteError(Long(60000, 'b')) !=
         "olt.state: cannot write olt.state.new: No space left on device") {
       return 1;
     }
     if (ReadFile(File()) != old || Names() != std::set<std::string>{"olt.state"}) return 2;
     // With room again, the same content is taken.
-    const std::string small(30000, 'c');
+    const std::string small = Long(30000, 'c');
     WriteStateFile(File(), small);
     return ReadFile(File()) == small && ReadFile(File() + ".bak") == old ? kDone : 3;
   });
@@ -209,8 +261,8 @@ TEST_F(StateFileWriting, OnAFullDiskLeavesTheOldFileAndNothingElse) {
 }
 
 TEST_F(StateFileWriting, KilledAnywhereLeavesTheOldOrTheNewFileWhole) {
-  const std::string one(30000, '1');
-  const std::string two(50000, '2');
+  const std::string one = Long(30000, '1');
+  const std::string two = Long(50000, '2');
   const auto is_whole = [&](const std::string& content) {
     return content == one || content == two;
   };
@@ -236,8 +288,8 @@ TEST_F(StateFileWriting, KilledAnywhereLeavesTheOldOrTheNewFileWhole) {
   // The kills met the writing, not only the pauses.
   EXPECT_GT(leftovers, 10U);
   std::cout << "200 kills, " << leftovers << " left something aside\n";
-  WriteStateFile(File(), "last");
-  EXPECT_EQ(ReadFile(File()), "last");
+  WriteStateFile(File(), kLast);
+  EXPECT_EQ(ReadFile(File()), kLast);
   EXPECT_EQ(Names(), (std::set<std::string>{"olt.state", "olt.state.bak"}));
 }
 
