@@ -95,15 +95,19 @@ int RegisterAttribute(cmd_element* /*element*/, struct vty* vty, int /*argc*/, c
                        "no number");
   }
   const std::map<unsigned short, std::string> attributes = RegisteredAttributes();
-  if (const auto taken = attributes.find(id); taken != attributes.end()) {
+  const auto taken = attributes.find(id);
+  if (taken != attributes.end() && taken->second != name) {
     return vty->Refuse("Attribute " + std::to_string(id) + " is already " + taken->second);
   }
   for (const auto& [other, other_name] : attributes) {
-    if (other_name == name) {
+    if (other_name == name && other != id) {
       return vty->Refuse(name + " is already the name of attribute " + std::to_string(other));
     }
   }
-  OnuAbilityAttrInfo::GetInstance()->Add(static_cast<ONU_ABILITY_ENUM_ABILITY_ATTR_ID>(id), name);
+  // Saying again what is so already is no mistake: lines of "show running-config" do.
+  if (taken == attributes.end()) {
+    OnuAbilityAttrInfo::GetInstance()->Add(static_cast<ONU_ABILITY_ENUM_ABILITY_ATTR_ID>(id), name);
+  }
   WriteLines(*vty, "Attribute " + std::to_string(id) + " is " + name + "\n");
   return 0;
 }

@@ -36,7 +36,7 @@ std::string CodeText(std::uint16_t code) {
 std::string ExpectationText(const Expectation& expect) {
   std::string text =
       expect.real_type ? "real type " + std::to_string(*expect.real_type) : "not recognised";
-  if (expect.how) {
+  if (expect.how && expect.real_type) {
     text += std::string(", by ") + ToText(*expect.how);
   }
   if (expect.report_type) {

@@ -10,12 +10,16 @@
 #include "confirmation/json_writer.h"
 #include "confirmation/summary_writer.h"
 #include "confirmation/table_writer.h"
+#include "vty/place.h"
+#include "vty/wrapping.h"
 
 namespace olt_host {
 
 namespace {
 
 using Json = nlohmann::ordered_json;
+
+constexpr std::size_t kFailureIndent = 4;
 
 // What is known of an ONU before it is confirmed.
 ConfirmationResult UnconfirmedResult(const OnuReport& report) {
@@ -114,7 +118,13 @@ void WriteOnuSummary(struct vty& terminal, const OnuReports& onus) {
     text << "  " << unconfirmed << " of " << onus.size() << " ONUs not confirmed yet\n\n";
   }
   writer.End(SummaryOf(onus));
-  WriteLines(terminal, text.str());
+  std::istringstream lines(text.str());
+  for (std::string line; std::getline(lines, line);) {
+    const std::string shown = DisplayWidth(line) < kScreenColumns
+                                  ? line + "\r\n"
+                                  : Wrap("  ", line.substr(2), kFailureIndent);
+    terminal.Write(shown.data(), shown.size());
+  }
 }
 
 Json OnuSummaryJson(const OnuReports& onus) {

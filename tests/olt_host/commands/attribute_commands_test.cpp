@@ -45,6 +45,11 @@ TEST_F(AttributeCommands, RegisteredAttributeCanBeGivenToACode) {
   EXPECT_EQ(attributes[4]["codes"], 1);
 }
 
+TEST_F(AttributeCommands, RegisteringAnAttributeAgainUnderItsNameIsNoMistake) {
+  EXPECT_EQ(session_.Type("register attribute 3 LAMP"), "Attribute 3 is LAMP\r\n");
+  EXPECT_EQ(session_.TypeJson("show attribute json")["attributes"].size(), 4U);
+}
+
 TEST_F(AttributeCommands, TakenIdsAndNamesAreRefusedWithWhoHasThem) {
   EXPECT_EQ(session_.Refusal("register attribute 5 COLOUR"), "Attribute 5 is already VALUE_TYPE");
   EXPECT_EQ(session_.Refusal("register attribute 65 LAMP"),
