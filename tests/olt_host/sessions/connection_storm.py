@@ -27,8 +27,8 @@ from host_process import HostError, environment, is_asleep
 from operator_line import DO, IAC, SB, SE, TERMINAL_TYPE, WILL, WINDOW_SIZE, TelnetStream
 
 PROMPT = b"olt> "
-CLIENT_LIMIT = 60      # seconds that a client of the storm waits for anything
-SETTLE_LIMIT = 120     # seconds until the last session of the storm has to be gone
+CLIENT_LIMIT = 300     # seconds that a client of the storm waits for anything
+SETTLE_LIMIT = 300     # seconds until the last session of the storm has to be gone
 LONG_LISTING = b"show onucapa_table real 2 flag 1\r\n"
 NOISE = bytes(range(256))
 TERMINAL_TYPES = [b"XTERM", b"xterm-256color", b"VT100", b"linux", b"screen", b"no-such-type",
