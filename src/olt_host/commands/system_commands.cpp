@@ -101,13 +101,21 @@ int ShowVersion(cmd_element* /*element*/, struct vty* vty, int argc, char** argv
   return 0;
 }
 
-const char* AccessText(Access access) { return access == Access::kFull ? "full" : "read-only"; }
+// Empty before the login.
+std::string AccessText(const SessionInfo& session) {
+  if (!session.logged_in) return "";
+  return session.access == Access::kFull ? "full" : "read-only";
+}
+
+std::string OrDash(const std::string& text) { return text.empty() ? "-" : text; }
+
+Json OrNull(const std::string& text) { return text.empty() ? Json(nullptr) : Json(text); }
 
 Json SessionJson(const SessionInfo& session) {
   return {{"session", session.number},
-          {"user", session.user.empty() ? Json(nullptr) : Json(session.user)},
+          {"user", OrNull(session.user)},
           {"from", session.origin},
-          {"access", AccessText(session.access)},
+          {"access", OrNull(AccessText(session))},
           {"since", UtcTimeText(session.since)},
           {"idle_seconds", session.idle.count()}};
 }
@@ -133,8 +141,8 @@ int ShowSessions(cmd_element* /*element*/, struct vty* vty, int argc, char** arg
                    {"Since", Align::kLeft},
                    {"Idle", Align::kRight}});
   for (const SessionInfo& session : sessions) {
-    table.Add({std::to_string(session.number), session.user.empty() ? "-" : session.user,
-               session.origin, AccessText(session.access), LocalTimeText(session.since),
+    table.Add({std::to_string(session.number), OrDash(session.user), session.origin,
+               OrDash(AccessText(session)), LocalTimeText(session.since),
                DurationText(session.idle)});
   }
   table.Write(*vty);

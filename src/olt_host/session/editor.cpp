@@ -19,8 +19,6 @@ namespace {
 
 constexpr std::size_t kLinesRemembered = 500;
 constexpr std::size_t kMostUnsent = 32U << 10U;
-// A sequence of a terminal arrives at once; an ESC that somebody types does not.
-constexpr std::chrono::milliseconds kSequenceArrives{200};
 
 std::size_t Utf8Size(wchar_t character) {
   if (character < 0x80) return 1;
@@ -196,7 +194,7 @@ bool Editor::NextKey(char32_t& key) {
       _pending.push_back(kSearchStep);
     }
     if (key == KeyReader::kEscape) {
-      if (!ReadSequence()) return false;
+      if (!TakeSequence()) return false;
     } else if (!_search.active && !Swallows(key)) {
       return true;
     }
@@ -217,29 +215,16 @@ bool Editor::ReadKey(char32_t& key) {
 }
 
 // Behind ESC: makes pending what was meant. False at the end of the input.
-bool Editor::ReadSequence() {
-  EscapeSequence sequence;
+bool Editor::TakeSequence() {
+  std::u32string keys;
   _full = false;
   if (!SendOutput()) return false;
-  while (true) {
-    char32_t key = 0;
-    const KeyReader::Result result = _keys.Read(key, Channel::Clock::now() + kSequenceArrives);
-    if (result == KeyReader::Result::kClosed) {
-      _outcome = Outcome::kEnd;
-      return false;
-    }
-    if (result == KeyReader::Result::kTimedOut) return true;
-    if (key == KeyReader::kEscape) {
-      sequence = EscapeSequence();
-    } else if (key < 0x20) {
-      _pending.push_back(key);
-      return true;
-    } else if (sequence.Add(key)) {
-      const std::u32string keys = sequence.keys();
-      _pending.insert(_pending.end(), keys.begin(), keys.end());
-      return true;
-    }
+  if (!ReadSequence(_keys, keys)) {
+    _outcome = Outcome::kEnd;
+    return false;
   }
+  _pending.insert(_pending.end(), keys.begin(), keys.end());
+  return true;
 }
 
 // Whether there is no room for a character that would stand in the line.
@@ -285,11 +270,12 @@ unsigned char Editor::Complete() {
 unsigned char Editor::Help() {
   const LineInfo* const info = el_line(_library->line);
   const std::string text(info->buffer, info->cursor);
+  const std::string line(info->buffer, info->lastchar);
   if (TakesAnyText(text)) return el_insertstr(_library->line, "?") == 0 ? CC_REFRESH : CC_ERROR;
   std::string help;
   {
     const EditorTurn::Pause pause;
-    help = _helpers.help(text);
+    help = _helpers.help(text, line);
   }
   return help.empty() ? static_cast<unsigned char>(CC_ERROR) : ShowUnderLine(help);
 }

@@ -30,9 +30,9 @@ class Editor {
 
   // What the editor asks while a line is being typed. They may wait and throw.
   struct Helpers {
-    // `text` is the line up to the cursor.
+    // `text` is the line up to the cursor, `line` all of it.
     std::function<Completion(const std::string& text)> complete;
-    std::function<std::string(const std::string& text)> help;
+    std::function<std::string(const std::string& text, const std::string& line)> help;
     // Puts lines on the screen; anything but kLine ends the line with that outcome.
     std::function<Outcome(const std::string& lines)> show;
   };
@@ -68,7 +68,7 @@ class Editor {
 
   bool NextKey(char32_t& key);
   bool ReadKey(char32_t& key);
-  bool ReadSequence();
+  bool TakeSequence();
   bool Swallows(char32_t key);
   bool SendOutput();
   unsigned char Complete();

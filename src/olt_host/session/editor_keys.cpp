@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cwctype>
 
 namespace olt_host {
@@ -11,6 +12,8 @@ constexpr char32_t kFirstCode = 0x80;
 constexpr char32_t kFirstBeyond = 0x100;
 // No sequence that means something is longer; the rest of a longer one is dropped.
 constexpr std::size_t kLongest = 8;
+// A sequence of a terminal arrives at once; an ESC that somebody types does not.
+constexpr std::chrono::milliseconds kSequenceArrives{200};
 
 constexpr char32_t Control(char letter) { return static_cast<char32_t>(letter) & 0x1FU; }
 
@@ -26,7 +29,7 @@ constexpr std::array<KeyBinding, 29> kBindings = {{
     {Control('K'), "ed-kill-line"},
     {Control('L'), "ed-clear-screen"},
     {Control('M'), "ed-newline"},
-    {Control('N'), "ed-next-history"},
+    {kNextLine, "ed-next-history"},
     {Control('P'), "ed-prev-history"},
     {Control('R'), "host-search"},
     {Control('T'), "ed-transpose-chars"},
@@ -54,8 +57,8 @@ struct Meaning {
 constexpr std::array<Meaning, 39> kMeanings = {{
     {"[A", Control('P')},
     {"OA", Control('P')},
-    {"[B", Control('N')},
-    {"OB", Control('N')},
+    {"[B", kNextLine},
+    {"OB", kNextLine},
     {"[C", Control('F')},
     {"OC", Control('F')},
     {"[D", Control('B')},
@@ -120,6 +123,25 @@ std::u32string EscapeSequence::keys() const {
       std::find_if(kMeanings.begin(), kMeanings.end(),
                    [this](const Meaning& meaning) { return _text == meaning.sequence; });
   return found == kMeanings.end() ? std::u32string() : std::u32string(1, found->key);
+}
+
+bool ReadSequence(KeyReader& reader, std::u32string& keys) {
+  EscapeSequence sequence;
+  while (true) {
+    char32_t key = 0;
+    const KeyReader::Result result = reader.Read(key, Channel::Clock::now() + kSequenceArrives);
+    if (result == KeyReader::Result::kClosed) return false;
+    if (result == KeyReader::Result::kTimedOut) return true;
+    if (key == KeyReader::kEscape) {
+      sequence = EscapeSequence();
+    } else if (key < 0x20) {
+      keys += key;
+      return true;
+    } else if (sequence.Add(key)) {
+      keys += sequence.keys();
+      return true;
+    }
+  }
 }
 
 }  // namespace olt_host

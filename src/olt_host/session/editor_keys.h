@@ -9,8 +9,11 @@
 #include <string>
 #include <vector>
 
+#include "session/key_reader.h"
+
 namespace olt_host {
 
+constexpr char32_t kNextLine = 0x0E;  // ^N, and the arrow down
 constexpr char32_t kDeleteNext = 0x80;
 constexpr char32_t kNextWord = 0x81;
 constexpr char32_t kPreviousWord = 0x82;
@@ -43,6 +46,11 @@ class EscapeSequence {
  private:
   std::string _text;
 };
+
+// Reads what came behind ESC and adds to `keys` what it means: nothing when it means
+// nothing here or is only a part. A control character ends it and is a key of its own.
+// False when the client is gone.
+bool ReadSequence(KeyReader& reader, std::u32string& keys);
 
 }  // namespace olt_host
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "session/editor_keys.h"
 #include "vty/place.h"
 
 namespace olt_host {
@@ -54,10 +55,16 @@ Pager::Outcome Pager::Ask(std::size_t page, std::size_t& rows) {
   char32_t key = 0;
   if (!Write(kPrompt)) return Outcome::kClosed;
   const KeyReader::Result result = _keys.Read(key);
+  // All of an escape sequence is one key.
+  if (result == KeyReader::Result::kKey && key == KeyReader::kEscape) {
+    std::u32string meant;
+    if (!ReadSequence(_keys, meant)) return Outcome::kClosed;
+    if (!meant.empty()) key = meant.front();
+  }
   if (result == KeyReader::Result::kClosed || !Write(kPromptErased)) return Outcome::kClosed;
   if (result == KeyReader::Result::kTimedOut) return Outcome::kTimedOut;
   if (key == U'q' || key == U'Q' || key == KeyReader::kInterrupt) return Outcome::kStopped;
-  rows = key == KeyReader::kEnter ? 1 : page;
+  rows = key == KeyReader::kEnter || key == kNextLine ? 1 : page;
   return Outcome::kShown;
 }
 

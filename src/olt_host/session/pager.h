@@ -1,7 +1,7 @@
 // Puts the output of commands on the operator's screen, a page at a time where
 // the screen does not hold it.
 //
-//   space   the next page        Enter   the next line
+//   space   the next page        Enter, down   the next line
 //   q, ^C   no more              any other key: as space
 //
 // Used by the session's thread.

@@ -10,6 +10,8 @@
 #include "vty/completion.h"
 #include "vty/execute.h"
 #include "vty/line_help.h"
+#include "vty/place.h"
+#include "vty/wrapping.h"
 
 namespace olt_host {
 namespace {
@@ -32,6 +34,7 @@ Session::Session(const SessionSetting& setting, unsigned int number, Channel& ch
   _info.number = number;
   _info.user = origin.must_log_in ? "" : origin.user;
   _info.origin = origin.origin;
+  _info.logged_in = !origin.must_log_in;
   _info.since = std::chrono::system_clock::now();
 }
 
@@ -64,6 +67,7 @@ bool Session::PassLogin() {
   const std::optional<Login> login = LogIn(_channel, _keys, *_setting.users, info().origin, limits);
   const std::lock_guard<std::mutex> lock(_mutex);
   if (!login) return false;
+  _info.logged_in = true;
   _info.user = login->user;
   _info.access = login->access;
   return true;
@@ -76,14 +80,8 @@ void Session::ReadAndRunLines() {
     _setting.commands.Run([&] { completion = Complete(_setting.node, text); });
     return completion;
   };
-  helpers.help = [this](const std::string& text) {
-    std::string help;
-    _setting.commands.Run([&] {
-      std::string error;
-      const std::vector<HelpLine> lines = HelpFor(_setting.node, text, &error);
-      help = lines.empty() && !error.empty() ? "% " + error + "\r\n" : RenderHelp(lines, Columns());
-    });
-    return help;
+  helpers.help = [this](const std::string& text, const std::string& line) {
+    return Help(text, line);
   };
   helpers.show = [this](const std::string& lines) { return ShowPaged(lines); };
   Editor editor(_channel, _keys, _setting.limits.line_bytes, std::move(helpers));
@@ -109,6 +107,20 @@ void Session::ReadAndRunLines() {
       return;
     }
   }
+}
+
+// What is wrong with the line looks as when it is run.
+std::string Session::Help(const std::string& text, const std::string& line) {
+  std::vector<HelpLine> lines;
+  std::string error;
+  std::size_t place = 0;
+  _setting.commands.Run([&] { lines = HelpFor(_setting.node, text, &error, &place); });
+  if (error.empty()) return RenderHelp(lines, Columns());
+  // A line that wrapped has no row under which a caret could stand.
+  const bool caret_fits = DisplayWidth(_prompt) + DisplayWidth(line) < Columns();
+  const std::string caret =
+      caret_fits ? CaretUnder(_prompt, text, place) : LineWithCaret("  ", text, place);
+  return caret + Wrap("", "% " + Printable(error), 2, Columns());
 }
 
 Editor::Outcome Session::RunLine(const std::string& line) {

@@ -45,6 +45,8 @@ class Session {
   void ReadAndRunLines();
   // Runs one line and shows the answer; kLine to go on.
   Editor::Outcome RunLine(const std::string& line);
+  // The answer to '?' behind `text`, of a line that is `line`.
+  std::string Help(const std::string& text, const std::string& line);
   Editor::Outcome ShowPaged(const std::string& text);
   void Remember(const std::string& line);
   bool Capture(const char* bytes, std::size_t length);

@@ -63,8 +63,8 @@ struct SessionServer::Impl {
 
   // Joins the threads that have left. On the lock, which they no longer need.
   void Reap() {
-    const auto left = std::partition(places.begin(), places.end(),
-                                     [](const auto& place) { return !place->left; });
+    const auto left = std::stable_partition(places.begin(), places.end(),
+                                            [](const auto& place) { return !place->left; });
     for (auto place = left; place != places.end(); ++place) (*place)->thread.join();
     places.erase(left, places.end());
   }
@@ -73,17 +73,31 @@ struct SessionServer::Impl {
     return std::all_of(places.begin(), places.end(), [](const auto& place) { return place->left; });
   }
 
+  // Why there is no place for one more session, empty when there is. On the lock.
+  // Nobody who has yet to log in may keep out those who need no login.
+  std::string NoPlace(bool must_log_in) const {
+    std::size_t running = 0;
+    std::size_t at_login = 0;
+    for (const auto& place : places) {
+      if (place->over) continue;
+      ++running;
+      if (!place->session.info().logged_in) ++at_login;
+    }
+    const std::size_t limit = setting.limits.sessions;
+    if (running >= limit) return "% Too many sessions (limit " + std::to_string(limit) + ")\r\n";
+    const std::size_t login_limit = std::max<std::size_t>(1, limit / 2);
+    if (!must_log_in || at_login < login_limit) return "";
+    return "% Too many sessions at the login (limit " + std::to_string(login_limit) + ")\r\n";
+  }
+
   // Adds a session; why there can be none, empty when there is.
   std::string Add(std::shared_ptr<Channel> channel, const SessionOrigin& origin,
                   std::function<void()> ended) {
     const std::lock_guard<std::mutex> lock(mutex);
     Reap();
     if (stopping) return "% The host is stopping\r\n";
-    const auto running =
-        std::count_if(places.begin(), places.end(), [](const auto& place) { return !place->over; });
-    if (static_cast<std::size_t>(running) >= setting.limits.sessions) {
-      return "% Too many sessions (limit " + std::to_string(setting.limits.sessions) + ")\r\n";
-    }
+    const std::string refusal = NoPlace(origin.must_log_in);
+    if (!refusal.empty()) return refusal;
     auto place = std::make_unique<Place>(setting, last_number + 1, std::move(channel), origin);
     place->ended = std::move(ended);
     Place* const running_place = place.get();

@@ -18,7 +18,7 @@
 namespace olt_host {
 
 struct SessionLimits {
-  std::size_t sessions = 16;
+  std::size_t sessions = 16;              // half of them, and one at least, at the login
   std::size_t line_bytes = 4096;          // a longer line is refused whole
   std::size_t output_bytes = 64U << 20U;  // kept of a command; more is cut off
   std::chrono::seconds exec_timeout = std::chrono::minutes(10);
@@ -36,7 +36,8 @@ struct SessionOrigin {
 // A line of `who`.
 struct SessionInfo {
   unsigned int number = 0;
-  std::string user;  // "" before the login
+  bool logged_in = true;  // false while there is neither a user nor an access yet
+  std::string user;
   std::string origin;
   Access access = Access::kFull;
   std::chrono::system_clock::time_point since;
@@ -57,9 +58,9 @@ class SessionServer {
   SessionServer(const SessionServer&) = delete;
   SessionServer& operator=(const SessionServer&) = delete;
 
-  // Starts a session, which ends with its channel. When all places are taken or the
-  // server is stopping, the client is told so and the channel is finished; false
-  // then, and `ended` is not called. `ended` (may be empty) runs on the session's
+  // Starts a session, which ends with its channel. When all places are taken, those for
+  // sessions at the login are, or the server is stopping, the client is told so and the channel is
+  // finished; false then, and `ended` is not called. `ended` (may be empty) runs on the session's
   // thread as its last act, when everything has been sent or the client is given up.
   // From any thread; never waits for a client.
   bool Start(std::shared_ptr<Channel> channel, const SessionOrigin& origin,

@@ -51,7 +51,8 @@ void AddValues(const Entry& entry, std::vector<HelpLine>& lines) {
 
 }  // namespace
 
-std::vector<HelpLine> HelpFor(unsigned int node, const std::string& text, std::string* error) {
+std::vector<HelpLine> HelpFor(unsigned int node, const std::string& text, std::string* error,
+                              std::size_t* error_column) {
   const LinePosition position = FindPosition(node, text);
   std::vector<Entry> entries;
   for (const Token& token : position.tokens) {
@@ -71,7 +72,9 @@ std::vector<HelpLine> HelpFor(unsigned int node, const std::string& text, std::s
     AddValues(entry, lines);
   }
   if (position.may_end && !position.typed) lines.push_back({"<cr>", ""});
-  if (error != nullptr) *error = lines.empty() ? ParseLine(node, text).error : "";
+  const ParsedLine parsed = lines.empty() ? ParseLine(node, text) : ParsedLine();
+  if (error != nullptr) *error = parsed.error;
+  if (error_column != nullptr) *error_column = parsed.error_column;
   return lines;
 }
 

@@ -4,6 +4,7 @@
 #ifndef OLT_HOST_VTY_LINE_HELP_H
 #define OLT_HOST_VTY_LINE_HELP_H
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -20,8 +21,10 @@ struct HelpLine {
 // the host knows, indented. "<cr>" last, where the line may end before the cursor.
 //
 // Empty when the text fits no command; `error` (may be null) then gets the message
-// of ExecuteLine, without "% ". In a remark both are empty.
-std::vector<HelpLine> HelpFor(unsigned int node, const std::string& text, std::string* error);
+// of ExecuteLine, without "% ", and `error_column` (may be null) its place, in bytes
+// from 0. In a remark all are empty.
+std::vector<HelpLine> HelpFor(unsigned int node, const std::string& text, std::string* error,
+                              std::size_t* error_column = nullptr);
 
 // The lines for a screen, wrapped at `columns`, each ending in "\r\n".
 std::string RenderHelp(const std::vector<HelpLine>& lines, std::size_t columns = 80);

@@ -13,6 +13,7 @@
 #include "platform/log_sink.h"
 #include "session/command_thread.h"
 #include "session/session_server.h"
+#include "session/users.h"
 
 namespace olt_host_test {
 namespace {
@@ -92,6 +93,23 @@ TEST_F(SystemCommands, WhoListsTheSessions) {
   EXPECT_EQ(json[0]["from"], "unix");
   EXPECT_EQ(json[0]["access"], "full");
   EXPECT_EQ(version["sessions"], 1);
+}
+
+TEST_F(SystemCommands, WhoShowsNeitherUserNorAccessBeforeTheLogin) {
+  olt_host::CommandThread commands;
+  const olt_host::Users users;
+  olt_host::SessionServer server(olt_host::kCommandNode, commands, &users,
+                                 olt_host::SessionLimits());
+  ASSERT_TRUE(server.Start(std::make_shared<olt_host::Channel>(), {"", "127.0.0.1:9", true}));
+  olt_host::Host().sessions = &server;
+  const std::string text = session_.Type("who");
+  const auto json = session_.TypeJson("who json")["sessions"];
+  olt_host::Host().sessions = nullptr;
+  commands.Stop();
+  EXPECT_NE(text.find("\r\n      1  -     127.0.0.1:9  -       20"), std::string::npos) << text;
+  ASSERT_EQ(json.size(), 1U);
+  EXPECT_EQ(json[0]["user"], nullptr);
+  EXPECT_EQ(json[0]["access"], nullptr);
 }
 
 TEST_F(SystemCommands, TechSupportHasEveryPartUnderAHeading) {

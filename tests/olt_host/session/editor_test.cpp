@@ -207,8 +207,21 @@ TEST_F(TypedLines, AQuestionMarkShowsTheHelpOfThePlace) {
 
 TEST_F(TypedLines, AQuestionMarkShowsTheErrorWhereNothingFits) {
   client.Type("nonsense ?");
-  EXPECT_TRUE(client.Sees("\r\n% Unknown command"));
+  EXPECT_TRUE(client.Sees("\r\n     ^\r\n% Unknown command\r\n"));
   EXPECT_TRUE(client.Shows("olt> nonsense "));
+}
+
+TEST_F(TypedLines, AnErrorUnderAQuestionMarkHasItsCaretUnderThePlaceAndFitsTheScreen) {
+  const std::string help = "\r\n          ^\r\n% Unknown command: expected rows,\r\n  wide, part";
+  client.channel()->SetWindow({36, 24});
+  client.Type("\rshow x ?");
+  EXPECT_TRUE(client.Sees(help));
+  EXPECT_TRUE(client.Shows("olt> show x "));
+}
+
+TEST_F(TypedLines, AnErrorUnderAQuestionMarkInALineThatWrappedShowsThePlaceAgain) {
+  client.Type("show x " + std::string(80, 'w') + "\x01" + std::string(4, '\x06') + "\x06\x06\x06?");
+  EXPECT_TRUE(client.Sees("\r\n  show x \r\n       ^\r\n% Unknown command: expected"));
 }
 
 TEST_F(TypedLines, AQuestionMarkIsTextInQuotesAndRemarks) {

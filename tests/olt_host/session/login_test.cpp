@@ -40,10 +40,12 @@ class LoggingIn : public Sessions {
 TEST_F(LoggingIn, WithTheRightPasswordOpensASession) {
   Open();
   EXPECT_EQ("", server().Sessions().at(0).user);
+  EXPECT_FALSE(server().Sessions().at(0).logged_in);
   client.Type("anna\r\nsecret\r\n");
   EXPECT_TRUE(client.Sees("anna\r\nPassword: \r\nONU ability console"));
   EXPECT_TRUE(client.Sees("olt> "));
   EXPECT_EQ("anna", server().Sessions().at(0).user);
+  EXPECT_TRUE(server().Sessions().at(0).logged_in);
   EXPECT_EQ(Access::kFull, server().Sessions().at(0).access);
   client.Type("say hello\r");
   EXPECT_TRUE(client.Sees("\r\nhello\r\n"));
@@ -162,6 +164,48 @@ TEST_F(LoggingIn, AWrongLoginIsLoggedWithWhereItCameFromAndWithoutWhatWasTyped) 
   const std::string log = testing::internal::GetCapturedStderr();
   EXPECT_NE(std::string::npos, log.find("a wrong login from 127.0.0.1:1")) << log;
   EXPECT_EQ(std::string::npos, log.find("secret")) << log;
+}
+
+TEST_F(LoggingIn, TakesHalfOfThePlacesAtMost) {
+  limits_.sessions = 5;
+  const SessionOrigin remote{"", "127.0.0.1:1", true};
+  Client at_login[2];
+  for (Client& waiting : at_login) ASSERT_TRUE(waiting.Start(server(), remote));
+  Client refused;
+  EXPECT_FALSE(refused.Start(server(), remote));
+  EXPECT_TRUE(refused.Sees("% Too many sessions at the login (limit 2)\r\n"));
+  EXPECT_TRUE(refused.channel()->drained_to_end());
+  Client local[3];
+  for (Client& console : local) {
+    ASSERT_TRUE(console.Start(server())) << "who needs no login finds a place";
+    EXPECT_TRUE(console.Sees("olt> "));
+  }
+  Client beyond;
+  EXPECT_FALSE(beyond.Start(server(), remote));
+  EXPECT_TRUE(beyond.Sees("% Too many sessions (limit 5)\r\n"));
+  at_login[0].Type("anna\rsecret\r");
+  EXPECT_TRUE(at_login[0].Sees("olt> ")) << "all places are taken, and one of them is its own";
+}
+
+TEST_F(LoggingIn, AnOperatorWhoLoggedInMakesRoomAtTheLogin) {
+  limits_.sessions = 3;
+  const SessionOrigin remote{"", "127.0.0.1:1", true};
+  ASSERT_TRUE(client.Start(server(), remote));
+  Client refused;
+  EXPECT_FALSE(refused.Start(server(), remote));
+  EXPECT_TRUE(refused.Sees("% Too many sessions at the login (limit 1)\r\n"));
+  client.Type("anna\rsecret\r");
+  ASSERT_TRUE(client.Sees("olt> "));
+  Client next;
+  EXPECT_TRUE(next.Start(server(), remote));
+  EXPECT_TRUE(next.Sees("Username: "));
+}
+
+TEST_F(LoggingIn, IsPossibleWhereThereIsOnePlace) {
+  limits_.sessions = 1;
+  Open();
+  client.Type("anna\rsecret\r");
+  EXPECT_TRUE(client.Sees("olt> "));
 }
 
 TEST_F(LoggingIn, WithoutUsersNobodyMay) {

@@ -33,6 +33,28 @@ TEST_F(PagedOutput, StopsWhenTheScreenIsFullAndGoesOnByPagesAndLines) {
   EXPECT_EQ(std::string::npos, client.screen().Text().find("--More--")) << "the prompt is erased";
 }
 
+TEST_F(PagedOutput, AnEscapeSequenceIsOneKey) {
+  client.Type("show rows 60\r");
+  EXPECT_TRUE(Stops("row 9"));
+  client.Type("\x1b[B");
+  EXPECT_TRUE(Stops("row 10"));
+  client.Type("\x1bOB");
+  EXPECT_TRUE(Stops("row 11"));
+  client.Type("\x1bOM");
+  EXPECT_TRUE(Stops("row 12"));
+  client.Type("\x1b[6~");
+  EXPECT_TRUE(Stops("row 21"));
+  client.Type("\x1b[A");
+  EXPECT_TRUE(Stops("row 30"));
+  client.Type("\x1bq");
+  EXPECT_TRUE(Stops("row 39")) << "Alt-q is not q";
+  client.Type("\x1b");
+  EXPECT_TRUE(Stops("row 48")) << "ESC alone";
+  client.Type("\x1b\x03");
+  EXPECT_TRUE(client.Sees("\r         \rolt> "));
+  EXPECT_EQ(std::string::npos, client.bytes().find("row 49"));
+}
+
 TEST_F(PagedOutput, EndsAtQAndAtCtrlC) {
   for (const char* key : {"q", "Q", "\x03"}) {
     client.Type("show rows 30\r");

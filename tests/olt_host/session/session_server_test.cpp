@@ -1,6 +1,8 @@
 // Several sessions at once, and clients that come, go, and do not read.
 #include <dirent.h>
 
+#include <algorithm>
+
 #include "session/session_fixture.h"
 
 namespace olt_host {
@@ -52,6 +54,26 @@ TEST_F(SessionServers, HaveSoManyPlacesAndNoMore) {
   Client four;
   EXPECT_TRUE(four.Start(server())) << "the place of the one that left";
   EXPECT_TRUE(four.Sees("olt> "));
+}
+
+TEST_F(SessionServers, ListTheSessionsInTheOrderOfTheirNumbers) {
+  Client one;
+  Client two;
+  Client three;
+  for (Client* client : {&one, &two, &three}) ASSERT_TRUE(client->Start(server()));
+  one.Type("exit\r");
+  ASSERT_TRUE(one.AwaitEnd());
+  // Each that comes takes those that left off the list, as soon as their threads are done.
+  std::vector<std::unique_ptr<Client>> others;
+  for (int i = 0; i < 5; ++i) {
+    others.push_back(std::make_unique<Client>());
+    ASSERT_TRUE(others.back()->Start(server()));
+    const std::vector<SessionInfo> sessions = server().Sessions();
+    EXPECT_TRUE(std::is_sorted(
+        sessions.begin(), sessions.end(),
+        [](const SessionInfo& a, const SessionInfo& b) { return a.number < b.number; }));
+    ASSERT_TRUE(others.back()->Sees("olt> "));
+  }
 }
 
 TEST_F(SessionServers, ExitEndsASessionWithItsOutputSent) {

@@ -113,6 +113,17 @@ TEST_F(VtyLineHelp, SaysWhatIsWrongWithTheLine) {
   Expect("set name \"x", "Missing closing quote");
 }
 
+TEST_F(VtyLineHelp, SaysWhereTheLineIsWrong) {
+  std::string error;
+  std::size_t column = 0;
+  EXPECT_TRUE(HelpFor(kNode, "  show port 41", &error, &column).empty());
+  EXPECT_EQ(12U, column);
+  EXPECT_TRUE(HelpFor(kNode, "show version | frob ", &error, &column).empty());
+  EXPECT_EQ(15U, column);
+  EXPECT_FALSE(HelpFor(kNode, "show ", &error, &column).empty());
+  EXPECT_EQ(0U, column);
+}
+
 TEST_F(VtyLineHelp, HasNothingToSayInARemark) {
   Expect("!", "");
   Expect("  ! show ", "");
