@@ -7,6 +7,7 @@
 #include <cstring>
 #include <filesystem>
 #include <memory>
+#include <utility>
 
 #include "state/file_descriptor.h"
 #include "state/state_file.h"
@@ -18,7 +19,7 @@ namespace {
 constexpr mode_t kMode = 0640;
 
 struct HeldFile {
-  std::string lock;
+  std::string file;  // as it was named
   std::unique_ptr<FileDescriptor> descriptor;
 };
 
@@ -40,25 +41,27 @@ bool IsThere(const std::string& path) {
          std::filesystem::file_type::not_found;
 }
 
+[[noreturn]] void Fail(const std::string& file, const std::string& lock, int reason) {
+  throw StateError(file + ": cannot be kept by " + lock + ": " + std::strerror(reason));
+}
+
 }  // namespace
 
 void HoldStateFile(const std::string& file) {
+  if (Held().file == file) return;
   const std::string lock = LockOf(file);
-  if (Held().lock == lock) return;
   auto descriptor = std::make_unique<FileDescriptor>(
       open(lock.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, kMode));
   if (!descriptor->is_open()) {
     const int reason = errno;
     if (!IsThere(lock)) return;
-    throw StateError(file + ": cannot be kept by " + lock + ": " + std::strerror(reason));
+    Fail(file, lock, reason);
   }
   while (flock(descriptor->get(), LOCK_EX | LOCK_NB) != 0) {
     if (errno == EWOULDBLOCK) throw StateError(file + " is kept by another olt_host");
-    if (errno != EINTR) {
-      throw StateError(file + ": cannot be kept by " + lock + ": " + std::strerror(errno));
-    }
+    if (errno != EINTR) Fail(file, lock, errno);
   }
-  Held() = {lock, std::move(descriptor)};
+  Held() = {file, std::move(descriptor)};
 }
 
 }  // namespace olt_host

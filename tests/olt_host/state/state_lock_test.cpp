@@ -37,6 +37,16 @@ TEST_F(StateLock, KeepsOthersAwayUntilAnotherFileIsHeld) {
   EXPECT_FALSE(IsFree(_directory.Path("other.lock")));
 }
 
+TEST_F(StateLock, StaysWhenTheFileComesToBe) {
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path(_directory.Path(""));
+  HoldStateFile("olt.state");
+  _directory.Write("olt.state", "");
+  HoldStateFile("olt.state");
+  std::filesystem::current_path(before);
+  EXPECT_FALSE(IsFree(File() + ".lock"));
+}
+
 TEST_F(StateLock, IsRefusedWhenAnotherHoldsIt) {
   const FileDescriptor other(open((File() + ".lock").c_str(), O_RDONLY | O_CREAT, 0600));
   ASSERT_EQ(flock(other.get(), LOCK_EX), 0);
