@@ -9,7 +9,9 @@
 
 #include "commands/host_context.h"
 #include "platform/log_sink.h"
+#include "state/catalogue_wholeness.h"
 #include "state/state_file.h"
+#include "state/state_lock.h"
 #include "vty/execute.h"
 
 namespace olt_host {
@@ -38,14 +40,26 @@ std::string& KeptContent() {
   return content;
 }
 
+// Whether the command that runs told of a state file that cannot be written.
+bool& IsTold() {
+  static bool is_told = false;
+  return is_told;
+}
+
+void Write(std::string content) {
+  HoldStateFile(Host().state_file);
+  WriteStateFile(Host().state_file, content);
+  KeptContent() = std::move(content);
+}
+
 // The change itself stays when it cannot be written; the next one tries again.
 void KeepChange(struct vty& terminal) {
-  if (Host().state_file.empty()) return;
+  if (Host().state_file.empty() || IsTold()) return;
   try {
     std::string content = EncodeNow();
     if (content == KeptContent()) return;
-    WriteStateFile(Host().state_file, content);
-    KeptContent() = std::move(content);
+    RequireWholeCatalogue(Host().catalogue);
+    Write(std::move(content));
   } catch (const StateError& error) {
     const std::string message = std::string("The change is not saved: ") + error.what();
     LogHostLine(0, message);
@@ -59,7 +73,17 @@ void Restore(const std::string& file) {
   InstallLibrary(ReadStateFile(file, Host().catalogue.catalogue, CaptureLibrary(), &remarks));
   const std::string before = file + ": ";
   for (const std::string& remark : remarks) LogHostLine(0, before + remark);
-  NoteStateWritten(EncodeNow());
+  KeptContent() = EncodeNow();
+}
+
+// Throws StateError unless the state may be restored from the file, and saved to it.
+void TakeStateFile(const std::string& file) {
+  HoldStateFile(file);
+  try {
+    RequireWholeCatalogue(Host().catalogue);
+  } catch (const StateError& error) {
+    throw StateError(file + ": " + error.what());
+  }
 }
 
 }  // namespace
@@ -67,6 +91,7 @@ void Restore(const std::string& file) {
 void RestoreAtStart() {
   const std::string& file = Host().state_file;
   if (file.empty()) return;
+  TakeStateFile(file);
   const std::string backup = BackupOf(file);
   std::error_code ignored;
   const bool has_backup = std::filesystem::exists(backup, ignored);
@@ -84,13 +109,26 @@ void RestoreAtStart() {
 }
 
 void KeepOperatorChanges() {
-  if (!Host().state_file.empty()) NoteStateWritten(EncodeNow());
-  ObserveCommands({LendPendingProfile, [](struct vty& terminal, bool may_change) {
+  if (!Host().state_file.empty()) KeptContent() = EncodeNow();
+  ObserveCommands({[](struct vty& terminal) {
+                     IsTold() = false;
+                     LendPendingProfile(terminal);
+                   },
+                   [](struct vty& terminal, bool may_change) {
                      TakePendingProfile(terminal);
                      if (may_change) KeepChange(terminal);
                    }});
 }
 
-void NoteStateWritten(std::string content) { KeptContent() = std::move(content); }
+std::string EncodeOperatorChanges() {
+  RequireWholeCatalogue(Host().catalogue);
+  return EncodeNow();
+}
+
+void KeepNow(std::string content) {
+  IsTold() = true;
+  Write(std::move(content));
+  IsTold() = false;
+}
 
 }  // namespace olt_host

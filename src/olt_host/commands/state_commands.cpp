@@ -57,23 +57,27 @@ int Save(cmd_element* /*element*/, struct vty* vty, int argc, char** argv) {
   if (file.empty()) {
     return vty->Refuse("Cannot save: name a file, or start the host with --state FILE");
   }
-  const LibraryState state = CaptureLibrary();
-  std::string content;
+  std::size_t bytes = 0;
   try {
-    content = EncodeState(state, Host().catalogue.catalogue);
-    WriteStateFile(file, content);
+    std::string content = EncodeOperatorChanges();
+    bytes = content.size();
+    if (file == Host().state_file) {
+      KeepNow(std::move(content));
+    } else {
+      WriteStateFile(file, content);
+    }
   } catch (const StateError& error) {
     return vty->Refuse(std::string("Cannot save: ") + error.what());
   }
-  WriteText(*vty, "Saved " + ProfilesText(state) + " to " + file + ", " +
-                      std::to_string(content.size()) + " bytes");
+  WriteText(*vty, "Saved " + ProfilesText(CaptureLibrary()) + " to " + file + ", " +
+                      std::to_string(bytes) + " bytes");
   WarnOfChangedCatalogue(*vty);
-  if (file == Host().state_file) NoteStateWritten(std::move(content));
   return 0;
 }
 
 int Restore(cmd_element* /*element*/, struct vty* vty, int /*argc*/, char** argv) {
   const std::string file = argv[0];
+  if (file.empty()) return vty->Refuse("Nothing is restored: expected the name of a file");
   std::vector<std::string> remarks;
   try {
     const LibraryState state =

@@ -134,6 +134,27 @@ TEST_F(OperatorChanges, ThatCannotBeWrittenStayAndAreTriedAgain) {
   EXPECT_TRUE(std::filesystem::exists(_directory.Path("folder/olt.state")));
 }
 
+TEST_F(OperatorChanges, ThatSaveCannotWriteAreToldOfOnce) {
+  Start(_directory.Path("folder/olt.state"));
+  _session.Type("set onu_common_type sfu 9");
+  const std::string answer = _session.Type("save");
+  EXPECT_NE(answer.find("% Cannot save: "), std::string::npos) << answer;
+  EXPECT_EQ(answer.find("The change is not saved"), std::string::npos) << answer;
+  // Another command tells again.
+  EXPECT_NE(_session.Type("set onu_common_type sfu 9").find("% The change is not saved: "),
+            std::string::npos);
+}
+
+TEST_F(OperatorChanges, AreNotKeptOverACatalogueThatWasNotTakenWhole) {
+  const std::string problem =
+      "the catalogue was taken without some of its files; expected a catalogue that is taken whole";
+  Start(File());
+  olt_host::Host().catalogue.refused_files = {"x.yaml: cannot be read"};
+  EXPECT_EQ(_session.Refusal("set onu_common_type sfu 9"), "The change is not saved: " + problem);
+  EXPECT_EQ(ErrorOf([&] { Restart(); }, _directory), "olt.state: " + problem);
+  EXPECT_FALSE(std::filesystem::exists(File()));
+}
+
 TEST_F(OperatorChanges, InADamagedFileStopTheStartWithAHintAtTheBackup) {
   Start(File());
   _session.Type("set onu_common_type sfu 9");

@@ -100,6 +100,27 @@ TEST_F(StateCommands, RestoreRefusesAFileThatIsNotWholeAndChangesNothing) {
             "Nothing is restored: none: cannot be read: No such file or directory");
 }
 
+TEST_F(StateCommands, SaveLeavesAFileThatIsNoStateFileAlone) {
+  _directory.Write("notes", "my notes");
+  EXPECT_EQ(Short(_session.Refusal("save " + _directory.Path("notes"))),
+            "Cannot save: notes: is no state file; expected one or a new name");
+  EXPECT_EQ(ReadFile(_directory.Path("notes")), "my notes");
+}
+
+TEST_F(StateCommands, SaveNeedsACatalogueThatIsTakenWhole) {
+  olt_host::Host().catalogue.refused_files = {"x.yaml: cannot be read"};
+  EXPECT_EQ(_session.Refusal("save " + File()),
+            "Cannot save: the catalogue was taken without some of its files; expected a catalogue "
+            "that is taken whole");
+  EXPECT_FALSE(std::filesystem::exists(File()));
+}
+
+TEST_F(StateCommands, NeedTheNameOfAFile) {
+  EXPECT_EQ(_session.Refusal("restore \"\""), "Nothing is restored: expected the name of a file");
+  EXPECT_EQ(_session.Refusal("save \"\""),
+            "Cannot save: name a file, or start the host with --state FILE");
+}
+
 TEST_F(StateCommands, RestoreIsAChangeThatIsKept) {
   AddProfiles();
   _session.Type("save " + _directory.Path("other"));
