@@ -5,6 +5,8 @@
 
 #include "commands/rebuilt_table.h"
 #include "commands/running_config_text.h"
+#include "platform/log_levels.h"
+#include "platform/log_sink.h"
 #include "vty/number.h"
 
 namespace olt_host {
@@ -40,6 +42,7 @@ class Writer {
     WriteTable(ONU_ABILITY_PROFILE_TYPE_REAL, _state.real_profiles);
     WriteTable(ONU_ABILITY_PROFILE_TYPE_MATCH, _state.match_profiles);
     UseKeyAbilityCode(_state.key_ability_code);
+    WriteLogMask();
     return std::move(_lines);
   }
 
@@ -102,6 +105,11 @@ class Writer {
   void WriteSettings() {
     _lines.push_back("set onu_common_type sfu " + std::to_string(_state.sfu_common_type));
     _lines.push_back("set onu_common_type hgu " + std::to_string(_state.hgu_common_type));
+  }
+
+  void WriteLogMask() {
+    const unsigned int mask = CurrentLogSettings().ring_mask;
+    if (mask != kDefaultLogMask) _lines.push_back("log mask " + LogLevelsText(mask));
   }
 
   // A profile is stored under the key ability code of the moment it was begun.

@@ -10,7 +10,8 @@
 namespace olt_host {
 
 // Attributes, codes, common types, the profiles of source 1 of both tables in their order,
-// the key ability code. What no command can express is a remark ("! text") at its place.
+// the key ability code, the log mask where it is not the default. What no command can express is a
+// remark ("! text") at its place.
 //
 // REQUIRES: the registries hold what `state` says, because the profiles are built beside
 // the library as the commands would build them.

@@ -8,6 +8,7 @@
 
 #include "commands/command_session.h"
 #include "commands/host_commands.h"
+#include "platform/log_sink.h"
 #include "state/library_state.h"
 #include "state/random_operator.h"
 
@@ -264,6 +265,18 @@ TEST_F(RunningConfigTest, SaysWhichAttributesALineHasNoRoomFor) {
   const LibraryState built = Typed(lines);
   EXPECT_EQ(built.codes.front().ability_attr.at(static_cast<ONU_ABILITY_ENUM_ABILITY_ATTR_ID>(8)),
             3);
+}
+
+TEST_F(RunningConfigTest, EndsWithALogMaskThatAnOperatorSet) {
+  const std::vector<std::string> before = RunningConfig(CaptureLibrary());
+  EXPECT_NE(before.back().rfind("log mask", 0), 0U);
+  olt_host::SetLogMask(olt_host::kDefaultLogMask | 2U);
+  const std::vector<std::string> after = RunningConfig(CaptureLibrary());
+  // What it does to the library meanwhile is undone.
+  EXPECT_EQ(onu_ability_get_log_level_mask(), olt_host::kDefaultLogMask | 2U);
+  olt_host::SetLogMask(olt_host::kDefaultLogMask);
+  EXPECT_EQ(after.size(), before.size() + 1);
+  EXPECT_EQ(after.back(), "log mask 0,1,13");
 }
 
 TEST_F(RunningConfigTest, IsShownAsTextAndAsJson) {
