@@ -87,7 +87,7 @@ CatalogueDifference ChangedInMemory() {
 }
 
 void WriteFiles(struct vty& vty, const std::vector<CatalogueFile>& files) {
-  TextTable table({{"File", Align::kLeft},
+  TextTable table({{"File", Align::kPath},
                    {"Version", Align::kLeft},
                    {"SHA-256", Align::kLeft},
                    {"Attr", Align::kRight},

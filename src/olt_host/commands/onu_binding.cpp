@@ -61,7 +61,7 @@ int ChangeBindCount(struct vty& terminal, char** argv, bool raise) {
   }
   const std::string profile = "real profile with key " + std::to_string(*key);
   if (!raise && *before == 0) {
-    return terminal.Refuse("No ONU is bound to the " + profile);
+    return terminal.Refuse("The " + profile + " is not bound");
   }
   OnuAbilityTableManager* manager = OnuAbilityTableManager::GetInstance();
   const unsigned int status = raise ? manager->AddBindCount(ONU_ABILITY_PROFILE_TYPE_REAL, *key)
@@ -70,8 +70,9 @@ int ChangeBindCount(struct vty& terminal, char** argv, bool raise) {
   if (status != ONU_ABILITY_RET_OK || !after) {
     return terminal.Refuse("The " + profile + " was not found for counting");
   }
-  vty_out(&terminal, "%s %s the %s, which now counts %u\r\n", Name(*report).c_str(),
-          raise ? "bound to" : "unbound from", profile.c_str(), *after);
+  // Only a number is kept: not by which ONUs.
+  vty_out(&terminal, "The %s is bound %u %s\r\n", profile.c_str(), *after,
+          *after == 1 ? "time" : "times");
   return 0;
 }
 

@@ -1,5 +1,6 @@
-// The commands that count the ONUs bound to an operator's real profile, which the
-// library does not delete while its count is not 0. Shipped profiles have no count.
+// The commands that raise and lower the bind count of an operator's real profile, which
+// the library does not delete while it is not 0. By which ONUs it was raised is not kept.
+// Shipped profiles have no count.
 #ifndef OLT_HOST_COMMANDS_ONU_BINDING_H
 #define OLT_HOST_COMMANDS_ONU_BINDING_H
 

@@ -31,10 +31,12 @@ std::string Fitted(const std::string& text, std::size_t width, Align align) {
   const std::size_t columns = DisplayWidth(text);
   if (columns > width) {
     const std::string dots(std::min<std::size_t>(width, 3), '.');
-    return text.substr(0, BytesOf(text, width - dots.size())) + dots;
+    const std::size_t kept = width - dots.size();
+    if (align == Align::kPath) return dots + text.substr(BytesOf(text, columns - kept));
+    return text.substr(0, BytesOf(text, kept)) + dots;
   }
   const std::string blanks(width - columns, ' ');
-  return align == Align::kLeft ? text + blanks : blanks + text;
+  return align == Align::kRight ? blanks + text : text + blanks;
 }
 
 void WriteLine(struct vty& terminal, std::string line) {

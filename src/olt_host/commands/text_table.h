@@ -12,7 +12,8 @@
 
 namespace olt_host {
 
-enum class Align { kLeft, kRight };
+// kPath: left, and cut at its front, because paths differ at their ends.
+enum class Align { kLeft, kRight, kPath };
 
 class TextTable {
  public:

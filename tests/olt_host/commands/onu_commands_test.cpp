@@ -307,17 +307,15 @@ TEST_F(OnuCommands, WithoutReportsThereAreNoOnus) {
 TEST_F(OnuCommandsOnMoreOnus, BindRaisesAndUnbindLowersTheCountOfAnOperatorsProfile) {
   AddOperatorsType(6666);
   ConfirmAll();
-  EXPECT_EQ(session_.Type("bind onu 4 200"),
-            "ONU 4/200 bound to the real profile with key 6666, which now counts 1\r\n");
-  EXPECT_EQ(session_.Type("bind onu 4 200"),
-            "ONU 4/200 bound to the real profile with key 6666, which now counts 2\r\n");
+  EXPECT_EQ(session_.Type("bind onu 4 200"), "The real profile with key 6666 is bound 1 time\r\n");
+  EXPECT_EQ(session_.Type("bind onu 4 200"), "The real profile with key 6666 is bound 2 times\r\n");
   EXPECT_EQ(BindCount(6666), 2U);
   EXPECT_EQ(session_.Type("unbind onu 4 200"),
-            "ONU 4/200 unbound from the real profile with key 6666, which now counts 1\r\n");
-  session_.Type("unbind onu 4 200");
+            "The real profile with key 6666 is bound 1 time\r\n");
+  EXPECT_EQ(session_.Type("unbind onu 4 200"),
+            "The real profile with key 6666 is bound 0 times\r\n");
   EXPECT_EQ(BindCount(6666), 0U);
-  EXPECT_EQ(session_.Refusal("unbind onu 4 200"),
-            "No ONU is bound to the real profile with key 6666");
+  EXPECT_EQ(session_.Refusal("unbind onu 4 200"), "The real profile with key 6666 is not bound");
   EXPECT_EQ(BindCount(6666), 0U);
 }
 
@@ -331,8 +329,7 @@ TEST_F(OnuCommandsOnMoreOnus, BindCountsTheConfirmedProfileWhateverKeyAbilityCod
       ONU_ABILITY_RET_OK);
   session_.Type("set key_ability_code 1002");
   ConfirmAll();
-  EXPECT_EQ(session_.Type("bind onu 4 200"),
-            "ONU 4/200 bound to the real profile with key 6666, which now counts 1\r\n");
+  EXPECT_EQ(session_.Type("bind onu 4 200"), "The real profile with key 6666 is bound 1 time\r\n");
   EXPECT_EQ(BindCount(6667), 0U);
 }
 

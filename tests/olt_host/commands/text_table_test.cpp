@@ -45,6 +45,17 @@ TEST(TextTableTest, WidestColumnsGiveWayOnANarrowScreen) {
       << text;
 }
 
+TEST(TextTableTest, PathsAreCutAtTheirFront) {
+  TextTable table({{"File", Align::kPath}, {"No", Align::kRight}});
+  table.Add({"/srv/" + std::string(100, 'x') + "\xC3\xA4.yaml", "1"});
+  table.Add({"short.yaml", "2"});
+  const std::string text = Written(table);
+  EXPECT_NE(text.find("\r\n..." + std::string(66, 'x') + "\xC3\xA4.yaml   1\r\n"),
+            std::string::npos)
+      << text;
+  EXPECT_NE(text.find("\r\nshort.yaml  "), std::string::npos) << text;
+}
+
 TEST(TextTableTest, CharactersCountNotBytes) {
   TextTable table({{"Name", Align::kLeft}, {"X", Align::kLeft}});
   table.Add({"\xC3\xA4\xC3\xB6\xC3\xBC", "1"});
