@@ -96,7 +96,7 @@ struct SessionServer::Impl {
     const std::lock_guard<std::mutex> lock(mutex);
     Reap();
     if (stopping) return "% The host is stopping\r\n";
-    const std::string refusal = NoPlace(origin.must_log_in);
+    std::string refusal = NoPlace(origin.must_log_in);
     if (!refusal.empty()) return refusal;
     auto place = std::make_unique<Place>(setting, last_number + 1, std::move(channel), origin);
     place->ended = std::move(ended);

@@ -38,7 +38,7 @@ class VirtualScreen {
   // The line of the cursor up to its last character, blanks before the cursor kept.
   std::string CursorLine() const {
     std::string line;
-    for (std::size_t i = 0; i < rows_[row_].size(); ++i) line += rows_[row_][i];
+    for (const std::string& cell : rows_[row_]) line += cell;
     while (!line.empty() && line.back() == ' ' && line.size() > column_) line.pop_back();
     return line;
   }
