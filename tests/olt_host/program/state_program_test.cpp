@@ -77,11 +77,13 @@ class StateProgram : public testing::Test {
   }
 
   void MakeState() const {
-    const ProgramResult made = RunProgram(
-        {"run", _catalogue, "--state", _state, "-c", "set ability_code 2000 name FANS", "-c",
-         "add onu_ability_profile key 5 profile_type 1 reporttype 5 realtype 5 vendorid ABCD "
-         "onu_type_name FIVE",
-         "-c", "apply onu_ability_profile key 5"});
+    const std::string lines = _directory.Write(
+        "lines",
+        "set ability_code 2000 name FANS\n"
+        "add onu_ability_profile key 5 profile_type 1 reporttype 5 realtype 5 vendorid ABCD "
+        "onu_type_name FIVE\n"
+        "apply onu_ability_profile key 5\n");
+    const ProgramResult made = RunProgram({"run", _catalogue, "--state", _state, "-f", lines});
     ASSERT_EQ(made.status, 0) << made.out << made.err;
   }
 
