@@ -61,6 +61,15 @@ void AddStateOption(CLI::App& command, CommandLine& result) {
       ->type_name("FILE");
 }
 
+// Of every job for operators.
+void AddLoadingOptions(CLI::App& command, CommandLine& result) {
+  AddCatalogue(command, result, false);
+  AddReports(command, result, false);
+  AddCatalogueOptions(command, result);
+  AddStateOption(command, result);
+  AddLogOptions(command, result);
+}
+
 // A listing alone refuses every profile of another source with a line of level 0:
 // unasked for, such lines would drown what the operator's command printed.
 void LogOnlyWhenAsked(CLI::App& command, CommandLine& result) {
@@ -127,12 +136,8 @@ CLI::App* AddConfirm(CLI::App& app, CommandLine& result) {
 
 CLI::App* AddConsole(CLI::App& app, CommandLine& result) {
   CLI::App* console = app.add_subcommand("console", "Open the operator's command line");
-  AddCatalogue(*console, result, false);
-  AddReports(*console, result, false);
-  AddCatalogueOptions(*console, result);
-  AddStateOption(*console, result);
+  AddLoadingOptions(*console, result);
   AddServingOptions(*console, result);
-  AddLogOptions(*console, result);
   LogOnlyWhenAsked(*console, result);
   console->footer(
       "Commands come from standard input: with line editing, history, help and\n"
@@ -147,20 +152,15 @@ CLI::App* AddConsole(CLI::App& app, CommandLine& result) {
 
 CLI::App* AddServe(CLI::App& app, CommandLine& result) {
   CLI::App* serve = app.add_subcommand("serve", "Let operators in by socket and telnet only");
-  AddCatalogue(*serve, result, false);
-  AddReports(*serve, result, false);
-  AddCatalogueOptions(*serve, result);
-  AddStateOption(*serve, result);
+  AddLoadingOptions(*serve, result);
   AddServingOptions(*serve, result);
-  AddLogOptions(*serve, result);
   serve->footer("Runs until it is told to stop: SIGINT, SIGTERM or SIGHUP.");
   return serve;
 }
 
 CLI::App* AddRun(CLI::App& app, CommandLine& result) {
   CLI::App* run = app.add_subcommand("run", "Run operator commands and end");
-  AddCatalogue(*run, result, false);
-  AddReports(*run, result, false);
+  AddLoadingOptions(*run, result);
   CLI::Option* commands = run->add_option("-c", result.commands, "A command; repeatable")
                               ->type_name("COMMAND")
                               ->allow_extra_args(false);
@@ -171,9 +171,6 @@ CLI::App* AddRun(CLI::App& app, CommandLine& result) {
   commands->excludes(files);
   files->excludes(commands);
   run->add_flag("--check", result.check_only, "Only say which lines are wrong; run nothing");
-  AddCatalogueOptions(*run, result);
-  AddStateOption(*run, result);
-  AddLogOptions(*run, result);
   LogOnlyWhenAsked(*run, result);
   run->footer(
       "Errors stand behind \"line N:\". The lines after a wrong one are run all the same.\n"
