@@ -110,6 +110,7 @@ void CatalogueAssembler::ReadEntries(const std::vector<YamlView>& items,
     } catch (const InputError& error) {
       Refuse(error);
       if (refused_names != nullptr) {
+        _has_unread_definitions = true;
         RememberUnread(*refused_names, item);
       }
     }

@@ -35,6 +35,10 @@ class CatalogueAssembler {
   const Refusals& Refused() const { return _refusals; }
   // The messages among them that are about a whole file.
   const std::vector<std::string>& RefusedFiles() const { return _refused_files; }
+  // Whether an attribute or a code is among what was left out.
+  bool HasRefusedDefinitions() const {
+    return _has_unread_definitions || !_refused_attributes.empty() || !_refused_codes.empty();
+  }
 
  private:
   using Check = void (*)(const Catalogue&, const RuleBreach&);
@@ -56,6 +60,7 @@ class CatalogueAssembler {
   Catalogue _merged = MergeDefinitions({});
   Refusals _refusals;
   std::vector<std::string> _refused_files;
+  bool _has_unread_definitions = false;
   RefusedNames _refused_attributes;
   RefusedNames _refused_codes;
 };

@@ -9,8 +9,6 @@
 namespace olt_host {
 
 // Throws StateError when a file of the catalogue, an attribute or a code was left out.
-// Reads the files again where entries were left out, to tell what they are; once for
-// each catalogue that was read.
 void RequireWholeCatalogue(const LoadedCatalogue& loaded);
 
 }  // namespace olt_host

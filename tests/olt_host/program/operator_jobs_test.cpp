@@ -82,11 +82,11 @@ TEST_F(OperatorJobs, ARunWithoutCommandsSaysWhatWasExpected) {
 }
 
 TEST_F(OperatorJobs, WhatAnOperatorAddsIsThereAfterARestart) {
-  const ProgramResult first = RunProgram(
-      {"run", _catalogue, "--state", _state, "-c",
-       "add onu_ability_profile key 4000 profile_type 1 reporttype 4000 realtype 4000 vendorid "
-       "ABCD onu_type_name LAB-1",
-       "-c", "apply onu_ability_profile key 4000"});
+  const std::string add =
+      "add onu_ability_profile key 4000 profile_type 1 reporttype 4000 realtype 4000 "
+      "vendorid ABCD onu_type_name LAB-1";
+  const ProgramResult first = RunProgram({"run", _catalogue, "--state", _state, "-c", add, "-c",
+                                          "apply onu_ability_profile key 4000"});
   EXPECT_EQ(first.status, 0) << first.out << first.err;
   const ProgramResult second =
       RunProgram({"run", _catalogue, "--state", _state, "-c", "show onucapa_table real 1 flag 0"});

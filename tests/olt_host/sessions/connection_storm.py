@@ -159,7 +159,7 @@ async def behave(client):
 # How often each happens, out of a hundred.
 DEEDS = [(drop_at_once, 22), (drop_in_a_telnet_sequence, 18), (drop_in_a_line, 18),
          (drop_in_the_pager, 8), (drop_while_output_waits, 8), (send_noise, 13),
-         (send_a_line_of_a_megabyte, 2), (ask_and_never_read, 3), (behave, 8)]
+         (send_a_line_of_a_megabyte, 0.5), (ask_and_never_read, 3), (behave, 8)]
 
 
 async def misbehave(addresses, chance, counts):
