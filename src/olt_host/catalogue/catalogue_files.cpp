@@ -108,7 +108,7 @@ LoadedCatalogue ReadCatalogueFiles(const CatalogueRequest& request) {
   loaded.refused = assembler.Refused().Messages();
   loaded.refused_entries = assembler.Refused().Count();
   loaded.refused_files = assembler.RefusedFiles();
-  loaded.lacks_definitions = !loaded.refused_files.empty() || assembler.HasRefusedDefinitions();
+  loaded.refused_definitions = assembler.HasRefusedDefinitions();
   return loaded;
 }
 

@@ -48,8 +48,8 @@ struct LoadedCatalogue {
   std::size_t refused_entries = 0;
   // Those of files and folders that were left out whole, which `refused` has too.
   std::vector<std::string> refused_files;
-  // Whether attributes or codes are missing: entries that were left out, or whole files.
-  bool lacks_definitions = false;
+  // Whether an attribute or a code is among the entries left out.
+  bool refused_definitions = false;
   std::chrono::system_clock::time_point read_at;
 };
 
