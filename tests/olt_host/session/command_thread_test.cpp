@@ -41,8 +41,10 @@ TEST(TheCommandThread, NeverRunsTwoTasksAtOnce) {
   int inside = 0;
   int most = 0;
   int runs = 0;
+  constexpr int kCallers = 8;
   std::vector<std::thread> callers;
-  for (int caller = 0; caller < 8; ++caller) {
+  callers.reserve(kCallers);
+  for (int caller = 0; caller < kCallers; ++caller) {
     callers.emplace_back([&] {
       for (int i = 0; i < 200; ++i) {
         (*commands).Run([&] {

@@ -235,6 +235,7 @@ TEST_F(SessionServers, RunManySessionsAtOnce) {
   constexpr int kClients = 12;
   SessionServer* const running = &server();
   std::vector<std::thread> threads;
+  threads.reserve(kClients);
   for (int number = 0; number < kClients; ++number) {
     threads.emplace_back([running, number] {
       const std::string word = "word" + std::to_string(number);

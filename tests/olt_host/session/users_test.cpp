@@ -62,7 +62,7 @@ TEST_F(PasswordFile, HashesAreSaltedAndNeverThePassword) {
 
 TEST_F(PasswordFile, IsRefusedWhenOthersMayReadOrWriteIt) {
   const std::string line = PasswordLine("anna", "secret", Access::kFull);
-  for (const mode_t mode : {0640, 0604, 0620, 0602, 0644}) {
+  for (const mode_t mode : {0640U, 0604U, 0620U, 0602U, 0644U}) {
     Write(line, mode);
     EXPECT_EQ(file + ": is open to group or others; expected mode 0600", Problem()) << mode;
   }

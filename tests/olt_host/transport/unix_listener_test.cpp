@@ -62,7 +62,7 @@ class UnixSocketFile : public ::testing::Test {
 };
 
 TEST_F(UnixSocketFile, IsForOwnerAndGroupWhateverTheUmask) {
-  for (const mode_t mask : {0000, 0022, 0077, 0777}) {
+  for (const mode_t mask : {0000U, 0022U, 0077U, 0777U}) {
     const mode_t before = umask(mask);
     const auto listener = Listen();
     umask(before);
