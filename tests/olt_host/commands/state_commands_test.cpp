@@ -122,11 +122,11 @@ TEST_F(StateCommands, NeedTheNameOfAFile) {
 }
 
 TEST_F(StateCommands, RestoreIsAChangeThatIsKept) {
+  olt_host::KeepOperatorChanges();
   AddProfiles();
   _session.Type("save " + _directory.Path("other"));
   _session.Type("del onu_ability_profile key 5 profile_type 1 profile_source 1");
   olt_host::Host().state_file = File();
-  olt_host::KeepOperatorChanges();
   _session.Type("restore " + _directory.Path("other"));
   olt_host::ObserveCommands({});
   EXPECT_EQ(ReadFile(File()), ReadFile(_directory.Path("other")));

@@ -31,7 +31,9 @@ TEST_F(SystemCommands, VersionTellsWhatRunsAndOnWhat) {
   EXPECT_TRUE(std::regex_match(text.substr(0, text.find("  Library")),
                                std::regex("  Program     olt_host \\d+\\.\\d+\\.\\d+\r\n")))
       << text;
-  EXPECT_NE(text.find("libonu_ability_common.so"), std::string::npos) << text;
+  // The library's path may be of any length, and is broken where it does not fit.
+  const std::string unbroken = std::regex_replace(text, std::regex("\r\n +"), "");
+  EXPECT_NE(unbroken.find("libonu_ability_common.so"), std::string::npos) << text;
   EXPECT_NE(text.find("  Process     " + std::to_string(getpid()) + "\r\n"), std::string::npos);
   EXPECT_NE(text.find("  Catalogue   Small test models, version 1\r\n"), std::string::npos);
   EXPECT_NE(text.find("  State file  /var/lib/olt_host/state\r\n"), std::string::npos);
