@@ -161,12 +161,12 @@ TEST_F(StateFileWriting, TakesThePlaceOfNoFileThatIsNoStateFile) {
 }
 
 TEST_F(StateFileWriting, TakesThePlaceOfNothingForeignBesideTheFile) {
-  const std::string reason = ": it is no state file; expected one of olt_host, or nothing";
-  const std::string backup = "olt.state: cannot keep a backup as ";
-  for (const auto& [name, message] :
-       {std::pair<std::string, std::string>("olt.state.bak", backup + "olt.state.bak" + reason),
-        {"olt.state.bak.new", backup + "olt.state.bak.new" + reason},
-        {"olt.state.new", "olt.state: cannot replace olt.state.new" + reason}}) {
+  for (const auto& [name, hindrance] :
+       {std::pair<std::string, std::string>("olt.state.bak", "keep a backup as olt.state.bak"),
+        {"olt.state.bak.new", "keep a backup as olt.state.bak.new"},
+        {"olt.state.new", "replace olt.state.new"}}) {
+    std::string message = "olt.state: cannot " + hindrance;
+    message += ": it is no state file; expected one of olt_host, or nothing";
     _directory.Write("olt.state", kOne);
     _directory.Write(name, "my notes");
     EXPECT_EQ(WriteError(kTwo), message);

@@ -50,8 +50,10 @@ TEST_F(HostileClients, AMegabyteWithoutALineBreakIsOneLineTooLong) {
 }
 
 TEST_F(HostileClients, SeveralMegabytesDoNotDisturbOthers) {
+  constexpr size_t kClients = 4;
   std::vector<TestClient> clients;
-  for (int i = 0; i < 4; ++i) {
+  clients.reserve(kClients);
+  for (size_t i = 0; i < kClients; ++i) {
     clients.push_back(TestClient::Tcp(port));
   }
   for (TestClient& client : clients) {
