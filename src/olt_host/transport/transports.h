@@ -44,7 +44,8 @@ class Transports {
   unsigned short ListenTcp(const TcpAddress& address, bool must_log_in);
 
   // A session on the terminal of this process (standard input and output), which
-  // is in raw mode until `ended` is called, on whatever thread.
+  // is in raw mode until `ended` is called, on whatever thread; after a stop signal
+  // too, and at the latest by the destructor.
   void OpenTerminal(const std::string& user, std::function<void()> ended);
 
   // Calls `stop` once, on some thread, when SIGINT, SIGTERM or SIGHUP arrives.

@@ -31,7 +31,8 @@ namespace olt_host_test {
 
 // The process waits for Go, so that the test may start threads once it is there.
 // Its status is what `job` returns, 70 with the message on standard output when
-// that throws.
+// that throws. Standard error stays the test's: on a terminal that the test does not
+// read, a long report (of a sanitizer) would be lost, and hold the process up.
 class ChildProcess {
  public:
   enum class On { kTerminal, kPipes };
@@ -130,7 +131,10 @@ class ChildProcess {
  private:
   void StartOnTerminal() {
     const winsize size{24, 80, 0, 0};
+    const int errors = dup(STDERR_FILENO);
     _process = forkpty(&_out, nullptr, nullptr, &size);
+    if (_process == 0) dup2(errors, STDERR_FILENO);
+    close(errors);
     if (_process < 0) throw std::runtime_error(std::string("no terminal: ") + strerror(errno));
     if (_process == 0) return;
     _in = _out;
