@@ -4,8 +4,11 @@ HOST := $(BUILD)/src/olt_host/olt_host
 CATALOGUE := data/catalogue.yaml
 REPORTS := data/reports.yaml
 CMAKE_FLAGS :=
+BENCH_BUILD := $(BUILD)-bench
+BENCH_PLOT := $(BENCH_BUILD)/performance.svg
+BENCH_FLAGS :=
 
-.PHONY: run test build configure check install clean help
+.PHONY: run test build configure check bench install clean help
 
 run: configure
 	@echo "==> Building olt_host in $(BUILD)/"
@@ -28,6 +31,20 @@ configure:
 check:
 	@for gate in scripts/check_*.sh; do echo "==> $$gate"; $$gate || exit 1; done
 
+# The plot of the docs: make bench BENCH_PLOT=docs/performance.svg
+bench:
+	@scripts/install_packages.sh build
+	@scripts/install_packages.sh bench
+	@cmake -S . -B $(BENCH_BUILD) -G Ninja -DONU_ABILITY_BUILD_BENCH=ON \
+	  -DONU_ABILITY_BUILD_HOST=OFF -DONU_ABILITY_BUILD_TESTS=OFF $(CMAKE_FLAGS) \
+	  >$(BENCH_BUILD).log 2>&1 || { cat $(BENCH_BUILD).log; exit 1; }
+	@echo "==> Building the benchmark in $(BENCH_BUILD)/"
+	@cmake --build $(BENCH_BUILD) --target onu_ability_bench
+	@echo "==> Measuring, some minutes; $(BENCH_BUILD)/bench.log tells how far it is"
+	@$(BENCH_BUILD)/bench/onu_ability_bench --out=$(BENCH_BUILD)/results.json $(BENCH_FLAGS) \
+	  2>$(BENCH_BUILD)/bench.log || { tail $(BENCH_BUILD)/bench.log; exit 1; }
+	@bench/report.py $(BENCH_BUILD)/results.json --plot $(BENCH_PLOT)
+
 install: build
 	cmake --install $(BUILD)
 
@@ -38,5 +55,6 @@ help:
 	@echo "make run      build, confirm the shipped ONU population, open the console"
 	@echo "make test     build and run the tests"
 	@echo "make check    run every other gate: scripts/check_*.sh"
+	@echo "make bench    measure: a table, $(BENCH_BUILD)/results.json and a plot"
 	@echo "make install  install the library, its headers and olt_host"
 	@echo "make clean    remove what was built"

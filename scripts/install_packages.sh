@@ -3,6 +3,7 @@
 #
 #   scripts/install_packages.sh build   the library, olt_host and their tests
 #   scripts/install_packages.sh check   the other gates (clang, lint, format)
+#   scripts/install_packages.sh bench   the benchmark, its references and its plot
 #
 # docs/dependencies.md says what each package is for.
 set -eu
@@ -11,11 +12,13 @@ build_packages="g++ cmake ninja-build pkg-config libgtest-dev libyaml-cpp-dev li
   libcli11-dev nlohmann-json3-dev libedit-dev libasio-dev libtelnet-dev libcrypt-dev libmd-dev
   python3 python3-pyte python3-jsonschema python3-yaml"
 check_packages="clang clang-format clang-tidy"
+bench_packages="libbenchmark-dev libsqlite3-dev liblmdb-dev python3-matplotlib"
 
 case "${1:-}" in
   build) packages=$build_packages ;;
   check) packages=$check_packages ;;
-  *) echo "usage: $0 build|check" >&2; exit 2 ;;
+  bench) packages=$bench_packages ;;
+  *) echo "usage: $0 build|check|bench" >&2; exit 2 ;;
 esac
 
 missing=""
