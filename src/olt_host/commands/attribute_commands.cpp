@@ -6,7 +6,7 @@
 
 #include "commands/host_commands.h"
 #include "commands/host_context.h"
-#include "commands/registered_attributes.h"
+#include "commands/registries.h"
 #include "commands/text_table.h"
 #include "onu_ability_common_table.h"
 #include "vty/json_output.h"
@@ -37,7 +37,7 @@ const char* FixedMeaning(unsigned short id) {
 // The codes whose value of the attribute is not 0.
 std::size_t CountCodes(unsigned short id) {
   std::size_t codes = 0;
-  for (const ONU_ABILITY_CODE_ATTR_INFO& record : OnuAbilityCodeInfo::GetInstance()->Get()) {
+  for (const ONU_ABILITY_CODE_ATTR_INFO& record : RegisteredCodes()) {
     const auto value = record.ability_attr.find(static_cast<ONU_ABILITY_ENUM_ABILITY_ATTR_ID>(id));
     codes += value != record.ability_attr.end() && value->second != 0 ? 1 : 0;
   }

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "commands/host_context.h"
-#include "commands/registered_attributes.h"
+#include "commands/registries.h"
 #include "commands/text_table.h"
 #include "commands/time_text.h"
 #include "onu_ability_common_table.h"

@@ -7,7 +7,7 @@
 
 #include "commands/host_commands.h"
 #include "commands/host_context.h"
-#include "commands/registered_attributes.h"
+#include "commands/registries.h"
 #include "onu_ability_common_table.h"
 #include "vty/value_hints.h"
 
@@ -28,7 +28,7 @@ Hints ToHints(const std::map<unsigned int, std::string>& values) {
 
 Hints Codes() {
   std::map<unsigned int, std::string> codes;
-  for (const ONU_ABILITY_CODE_ATTR_INFO& record : OnuAbilityCodeInfo::GetInstance()->Get()) {
+  for (const ONU_ABILITY_CODE_ATTR_INFO& record : RegisteredCodes()) {
     codes.emplace(record.ability_code, record.ability_name);
   }
   return ToHints(codes);

@@ -9,19 +9,6 @@ namespace olt_host {
 
 namespace {
 
-// Reaches the profiles of a table as one derived from it does. The table's own Add
-// refuses a second profile with the same key, which operators can make all the same by
-// updating the key ability of a stored one.
-class TableContent : public OnuAbilityTableBase {
- public:
-  static void Swap(OnuAbilityTableBase& table, std::vector<OnuAbilityProfile>& profiles) {
-    CMutexLock& mutex = table.*(&TableContent::_mutex);
-    mutex.Lock(-1, nullptr, 0);
-    (table.*(&TableContent::_vec_profile)).swap(profiles);
-    mutex.Unlock(nullptr, 0);
-  }
-};
-
 bool SameValue(const ONU_ABILITY_COMMON_ABILITY_VALUE& a,
                const ONU_ABILITY_COMMON_ABILITY_VALUE& b) {
   return a.ability_value_type == b.ability_value_type &&
@@ -82,13 +69,13 @@ void InstallAttributes(const std::map<unsigned short, std::string>& wanted) {
 }
 
 void InstallRegistries(const LibraryState& wanted, const LibraryState& held) {
-  std::vector<ONU_ABILITY_CODE_ATTR_INFO>& codes = OnuAbilityCodeInfo::GetInstance()->Get();
+  OnuAbilityCodeInfo* codes = OnuAbilityCodeInfo::GetInstance();
   if (wanted.attributes != held.attributes) {
-    codes.clear();
+    codes->Restore({});
     InstallAttributes(wanted.attributes);
-    codes = wanted.codes;
+    codes->Restore(wanted.codes);
   } else if (!SameCodes(wanted.codes, held.codes)) {
-    codes = wanted.codes;
+    codes->Restore(wanted.codes);
   }
 }
 
@@ -100,8 +87,7 @@ void InstallTable(ONU_ABILITY_ENUM_PROFILE_TYPE type, const std::vector<OnuAbili
   if (table == tables.end() || table->second == nullptr) {
     throw std::runtime_error("There is no table for profiles of type " + std::to_string(type));
   }
-  std::vector<OnuAbilityProfile> profiles = wanted;
-  TableContent::Swap(*table->second, profiles);
+  table->second->Restore(wanted);
 }
 
 void Install(const LibraryState& wanted, const LibraryState& held) {
@@ -129,7 +115,7 @@ std::string Missing(const LibraryState& wanted) {
 LibraryState CaptureLibrary() {
   LibraryState state;
   state.attributes = CaptureAttributes();
-  state.codes = OnuAbilityCodeInfo::GetInstance()->Get();
+  onu_ability_get_all_ability_attr_info(state.codes);
   state.key_ability_code = OnuAbilityCodeInfo::GetInstance()->GetKeyAbilityCode();
   const OnuAbilityGlobalVar* settings = OnuAbilityGlobalVar::GetInstance();
   state.sfu_common_type = settings->_sfu_common_type;

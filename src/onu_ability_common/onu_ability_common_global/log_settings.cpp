@@ -7,10 +7,8 @@ namespace {
 
 constexpr unsigned int kEveryLevel = 0xFFFFFFFFU;
 
-std::atomic<bool> walks_only{false};
-
 void RefreshWalkedLevels() {
-  onu_ability_walked_levels.store(walks_only ? kEveryLevel : onu_ability_get_log_level_mask(),
+  onu_ability_walked_levels.store(WalksOnly() ? kEveryLevel : onu_ability_get_log_level_mask(),
                                   std::memory_order_relaxed);
 }
 
@@ -18,6 +16,7 @@ void RefreshWalkedLevels() {
 
 std::atomic<unsigned int> onu_ability_log_level_mask{kEveryLevel};
 std::atomic<unsigned int> onu_ability_walked_levels{kEveryLevel};
+std::atomic<bool> onu_ability_walks_only{false};
 
 void onu_ability_set_log_level_mask(unsigned int mask) {
   onu_ability_log_level_mask.store(mask, std::memory_order_relaxed);
@@ -28,9 +27,7 @@ unsigned int onu_ability_get_log_level_mask() {
   return onu_ability_log_level_mask.load(std::memory_order_relaxed);
 }
 
-void SetWalksOnly(bool only) {
-  walks_only = only;
+void SetWalksOnly(bool walks_only) {
+  onu_ability_walks_only.store(walks_only, std::memory_order_relaxed);
   RefreshWalkedLevels();
 }
-
-bool WalksOnly() { return walks_only; }

@@ -11,6 +11,7 @@
 
 // The log mask, or every bit while all operations must walk: one word to test.
 extern std::atomic<unsigned int> onu_ability_walked_levels;
+extern std::atomic<bool> onu_ability_walks_only;
 
 // A set of levels, as a mask.
 template <typename... Level>
@@ -26,6 +27,6 @@ inline bool NobodyListensTo(unsigned int levels) {
 // Closes every short way, or opens them again: the tests hold short ways and walks
 // against each other, the benchmarks measure both. Results never depend on it.
 void SetWalksOnly(bool walks_only);
-bool WalksOnly();
+inline bool WalksOnly() { return onu_ability_walks_only.load(std::memory_order_relaxed); }
 
 #endif  // ONU_ABILITY_COMMON_GLOBAL_SHORT_WAYS_H

@@ -6,10 +6,20 @@
 
 #include "onu_ability_common_table/onu_ability_code_info.h"
 
-// Asked from the code registry, whose own log lines so come before the line
-// that prints the name; "NULL" for an unknown code.
-inline std::string AbilityName(unsigned short code) {
-  return OnuAbilityCodeInfo::GetInstance()->Get(code);
-}
+// Asked from the code registry, whose own log lines so come before the line that
+// prints the name; "NULL" for an unknown code. For the line at hand only: a known
+// code's name may be the record's own text, uncopied.
+class AbilityName {
+ public:
+  explicit AbilityName(unsigned short code);
+  AbilityName(const AbilityName&) = delete;
+  AbilityName& operator=(const AbilityName&) = delete;
+
+  const char* c_str() const { return _text; }
+
+ private:
+  std::string _copy;
+  const char* _text;
+};
 
 #endif  // ONU_ABILITY_COMMON_TABLE_ABILITY_NAME_H

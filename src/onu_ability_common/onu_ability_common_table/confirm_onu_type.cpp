@@ -94,14 +94,14 @@ void ConfirmOnuType::Init() {
 }
 
 void ConfirmOnuType::GatherAbilities() {
-  auto& records = OnuAbilityCodeInfo::GetInstance()->Get();
+  OnuAbilityCodeInfo& codes = *OnuAbilityCodeInfo::GetInstance();
   // By index: a hook may define or delete codes meanwhile.
   // NOLINTNEXTLINE(modernize-loop-convert)
-  for (std::size_t i = 0; i < records.size(); ++i) {
-    auto& record = records[i];
+  for (std::size_t i = 0; i < codes._vec_ability_attr.size(); ++i) {
+    auto& record = codes._vec_ability_attr[i];
     // Reading an absent attribute adds it to the record with the value 0.
-    const unsigned short confirm_type = record.ability_attr[ONU_ABILITY_ATTR_CONFIRM_TYPE];
-    const unsigned short value_type = record.ability_attr[ONU_ABILITY_ATTR_VALUE_TYPE];
+    const unsigned short confirm_type = codes.Acquire(record, ONU_ABILITY_ATTR_CONFIRM_TYPE);
+    const unsigned short value_type = codes.Acquire(record, ONU_ABILITY_ATTR_VALUE_TYPE);
     ONU_ABILITY_LOG_FOR("Init", 4, "confirm_type_attr_value:%d, ability_value_type_attr_value:%d",
                         confirm_type, value_type);
     if (value_type == ONU_ABILITY_VALUE_TYPE_USHORT && (confirm_type & kAskedFromOnu) != 0) {

@@ -45,6 +45,7 @@ class ONU_ABILITY_API OnuAbilityAttrInfo {
  private:
   // A new code record gets an entry for every registered id.
   friend struct ONU_ABILITY_CODE_ATTR_INFO;
+  friend class AbilityCodeReader;
 
   OnuAbilityAttrInfo() = default;
 

@@ -1,8 +1,11 @@
 #include "onu_ability_common_table/onu_ability_code_info.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "onu_ability_common_global/log.h"
+#include "onu_ability_common_global/short_ways.h"
+#include "onu_ability_common_table/ability_code_index.h"
 #include "onu_ability_common_table/onu_ability_attr_info.h"
 
 OnuAbilityCodeInfo* OnuAbilityCodeInfo::GetInstance() {
@@ -10,17 +13,60 @@ OnuAbilityCodeInfo* OnuAbilityCodeInfo::GetInstance() {
   return &instance;
 }
 
+OnuAbilityCodeInfo::OnuAbilityCodeInfo() : _index(std::make_unique<AbilityCodeIndex>()) {}
+
 OnuAbilityCodeInfo::~OnuAbilityCodeInfo() = default;
 
 void OnuAbilityCodeInfo::SetKeyAbilityCode(unsigned short code) { _key_ability_code = code; }
 
 unsigned short OnuAbilityCodeInfo::GetKeyAbilityCode() const { return _key_ability_code; }
 
-std::vector<ONU_ABILITY_CODE_ATTR_INFO>& OnuAbilityCodeInfo::Get() { return _vec_ability_attr; }
+std::vector<ONU_ABILITY_CODE_ATTR_INFO>& OnuAbilityCodeInfo::Get() {
+  // The index stays: another thread may be reading it.
+  _handed_out.store(true, std::memory_order_relaxed);
+  return _vec_ability_attr;
+}
+
+void OnuAbilityCodeInfo::Restore(std::vector<ONU_ABILITY_CODE_ATTR_INFO> records) {
+  _vec_ability_attr = std::move(records);
+  NoteRemoval();
+}
+
+const AbilityCodeIndex* OnuAbilityCodeInfo::TrustedIndex() const {
+  return _handed_out.load(std::memory_order_relaxed) || WalksOnly() ? nullptr : _index.get();
+}
 
 std::vector<ONU_ABILITY_CODE_ATTR_INFO>::iterator OnuAbilityCodeInfo::Find(unsigned short code) {
+  if (const AbilityCodeIndex* index = TrustedIndex()) {
+    const AbilityCodeIndex::Entry entry = index->Find(code);
+    return entry.traits != 0 ? _vec_ability_attr.begin() + entry.position : _vec_ability_attr.end();
+  }
   return std::find_if(_vec_ability_attr.begin(), _vec_ability_attr.end(),
                       [code](const auto& record) { return record.ability_code == code; });
+}
+
+unsigned short OnuAbilityCodeInfo::Acquire(ONU_ABILITY_CODE_ATTR_INFO& record,
+                                           ONU_ABILITY_ENUM_ABILITY_ATTR_ID id) {
+  const auto [entry, added] = record.ability_attr.try_emplace(id, static_cast<unsigned short>(0));
+  if (added) {
+    NoteChange(record);
+  }
+  return entry->second;
+}
+
+void OnuAbilityCodeInfo::NoteChange(const ONU_ABILITY_CODE_ATTR_INFO& record) {
+  ++_generation;
+  const AbilityCodeIndex::Entry entry = _index->Find(record.ability_code);
+  const auto position = static_cast<unsigned int>(&record - _vec_ability_attr.data());
+  // Of several records with one code the first counts.
+  if (entry.traits == 0 || position <= entry.position) {
+    _index->Set(record.ability_code, {position, TraitsOf(record)});
+  }
+}
+
+void OnuAbilityCodeInfo::NoteRemoval() {
+  ++_generation;
+  _index->Rebuild(_vec_ability_attr);
 }
 
 int OnuAbilityCodeInfo::IsValid(const ONU_ABILITY_CODE_ATTR_INFO& info) {
@@ -58,9 +104,11 @@ void OnuAbilityCodeInfo::Update(ONU_ABILITY_CODE_ATTR_INFO& info) {
     ONU_ABILITY_LOG(9, "ability code is equal!ability_code:%d", info.ability_code);
     record->ability_name = info.ability_name;
     record->ability_attr = info.ability_attr;
+    NoteChange(*record);
   } else {
     ONU_ABILITY_LOG(1, "find ability code null!ability_code:%d", info.ability_code);
     _vec_ability_attr.push_back(info);
+    NoteChange(_vec_ability_attr.back());
   }
   ONU_ABILITY_LOG(10, "function end!");
 }
@@ -132,7 +180,7 @@ unsigned short OnuAbilityCodeInfo::Get(unsigned short code, ONU_ABILITY_ENUM_ABI
   if (record != _vec_ability_attr.end()) {
     // Reading an absent attribute adds it with the value 0, as meant: a code
     // older than an attribute acquires it this way.
-    value = record->ability_attr[id];
+    value = Acquire(*record, id);
     ONU_ABILITY_LOG(9,
                     "ability_code is equal!ability_code:%d, ability_name:%s, ability_attr_id:%d, "
                     "ability_attr_name:%s, ability_attr_value:%d",
@@ -146,5 +194,5 @@ unsigned short OnuAbilityCodeInfo::Get(unsigned short code, ONU_ABILITY_ENUM_ABI
 }
 
 void onu_ability_get_all_ability_attr_info(std::vector<ONU_ABILITY_CODE_ATTR_INFO>& out) {
-  out = OnuAbilityCodeInfo::GetInstance()->Get();
+  out = OnuAbilityCodeInfo::GetInstance()->_vec_ability_attr;
 }

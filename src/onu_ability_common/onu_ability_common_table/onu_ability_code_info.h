@@ -7,10 +7,14 @@
 #ifndef ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_CODE_INFO_H
 #define ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_CODE_INFO_H
 
+#include <atomic>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "onu_ability_common_global.h"
+
+class AbilityCodeIndex;
 
 class ONU_ABILITY_API OnuAbilityCodeInfo {
  public:
@@ -26,8 +30,13 @@ class ONU_ABILITY_API OnuAbilityCodeInfo {
   void SetKeyAbilityCode(unsigned short code);
   unsigned short GetKeyAbilityCode() const;
 
-  // The records themselves, in insertion order, for direct change.
+  // The records themselves, in insertion order, for direct change. To read them,
+  // rather copy them (onu_ability_get_all_ability_attr_info), and to put back what
+  // was kept, use Restore: once the records have been handed out, the library has
+  // to expect a change at any moment and searches them for every code from then on.
   std::vector<ONU_ABILITY_CODE_ATTR_INFO>& Get();
+  // Replaces all records, unchecked and in this order. Logs nothing.
+  void Restore(std::vector<ONU_ABILITY_CODE_ATTR_INFO> records);
 
   // 1 when no other code has the record's name and every attribute id of the
   // record is registered, else 0.
@@ -61,12 +70,31 @@ class ONU_ABILITY_API OnuAbilityCodeInfo {
   void Show(void* vty, std::string text);
 
  private:
-  OnuAbilityCodeInfo() = default;
+  // The library's own readers and fillers, which are no holders of the records.
+  friend class AbilityCodeReader;
+  friend class ConfirmOnuType;
+  friend class OnuAbilityProfile;
+  friend void onu_ability_get_all_ability_attr_info(std::vector<ONU_ABILITY_CODE_ATTR_INFO>& out);
 
+  ONU_ABILITY_LOCAL OnuAbilityCodeInfo();
+
+  // The first record with the code, or the end.
   ONU_ABILITY_LOCAL std::vector<ONU_ABILITY_CODE_ATTR_INFO>::iterator Find(unsigned short code);
+  // The value of an attribute of a record of the registry, which acquires it with
+  // the value 0 when it lacks it.
+  ONU_ABILITY_LOCAL unsigned short Acquire(ONU_ABILITY_CODE_ATTR_INFO& record,
+                                           ONU_ABILITY_ENUM_ABILITY_ATTR_ID id);
+  // Null when it may be out of date.
+  ONU_ABILITY_LOCAL const AbilityCodeIndex* TrustedIndex() const;
+  // To be called after every change.
+  ONU_ABILITY_LOCAL void NoteChange(const ONU_ABILITY_CODE_ATTR_INFO& record);
+  ONU_ABILITY_LOCAL void NoteRemoval();
 
   std::vector<ONU_ABILITY_CODE_ATTR_INFO> _vec_ability_attr;
   unsigned short _key_ability_code = ONU_ABILITY_CODE_DEFAULT_KEY;
+  std::unique_ptr<AbilityCodeIndex> _index;
+  std::atomic<bool> _handed_out{false};
+  unsigned int _generation = 1;  // counts changes
 };
 
 // Replaces `out` with a copy of every record of the registry.

@@ -27,6 +27,7 @@ unsigned int OnuAbilityCodeInfo::Del(unsigned short code) {
     ONU_ABILITY_LOG(9, "ability_code is equal!ability_code:%d", code);
     ONU_ABILITY_LOG(9, "find ability_code ok!ability_code:%d", code);
     _vec_ability_attr.erase(record);
+    NoteRemoval();
   } else {
     ONU_ABILITY_LOG(1, "find ability_code null!ability_code:%d", code);
   }
@@ -51,6 +52,7 @@ unsigned int OnuAbilityCodeInfo::Del(std::string name) {
       ++record;
     }
   }
+  NoteRemoval();
   ONU_ABILITY_LOG(10, "function end!");
   return ONU_ABILITY_RET_OK;
 }

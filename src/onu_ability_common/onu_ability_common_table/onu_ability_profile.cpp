@@ -2,6 +2,7 @@
 #include "onu_ability_common_table/onu_ability_profile.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "onu_ability_common_global/log.h"
 #include "onu_ability_common_table/ability_name.h"
@@ -14,9 +15,23 @@ OnuAbilityProfile::OnuAbilityProfile()
 OnuAbilityProfile::~OnuAbilityProfile() { ONU_ABILITY_LOG(10, "release OnuAbilityProfile!"); }
 
 OnuAbilityProfile& OnuAbilityProfile::operator=(const OnuAbilityProfile& other) {
-  if (this == &other) {
-    return *this;
+  if (this != &other) {
+    CopyHeader(other);
+    _common_ability = other._common_ability;
   }
+  return *this;
+}
+
+OnuAbilityProfile& OnuAbilityProfile::operator=(OnuAbilityProfile&& other) noexcept {
+  if (this != &other) {
+    CopyHeader(other);
+    _common_ability = std::move(other._common_ability);
+    other._common_ability.clear();
+  }
+  return *this;
+}
+
+void OnuAbilityProfile::CopyHeader(const OnuAbilityProfile& other) {
   _id = other._id;
   _bind_count = other._bind_count;
   _flag_match_type = other._flag_match_type;
@@ -24,11 +39,9 @@ OnuAbilityProfile& OnuAbilityProfile::operator=(const OnuAbilityProfile& other) 
   _profile_source = other._profile_source;
   _ability_default_value = other._ability_default_value;
   _common_ability_num = other._common_ability_num;
-  _common_ability = other._common_ability;
   _age_count = other._age_count;
   std::copy(std::begin(other._reserved), std::end(other._reserved), std::begin(_reserved));
   // _key_ability_code is left alone, as meant: the target keeps its own.
-  return *this;
 }
 
 void OnuAbilityProfile::Init(ONU_ABILITY_ENUM_PROFILE_TYPE profile_type,

@@ -23,6 +23,9 @@ class ONU_ABILITY_API OnuAbilityProfile {
   OnuAbilityProfile(const OnuAbilityProfile&) = default;
   // Copies every member but `_key_ability_code`: the target keeps its own.
   OnuAbilityProfile& operator=(const OnuAbilityProfile& other);
+  // The same, but take the abilities over; `other` is left without any.
+  OnuAbilityProfile(OnuAbilityProfile&& other) noexcept = default;
+  OnuAbilityProfile& operator=(OnuAbilityProfile&& other) noexcept;
   virtual ~OnuAbilityProfile();
 
   // Empties the profile and gives it a type, a source and a match type. Type 2
@@ -141,6 +144,8 @@ class ONU_ABILITY_API OnuAbilityProfile {
   unsigned int _age_count = 0;
 
  private:
+  ONU_ABILITY_LOCAL void CopyHeader(const OnuAbilityProfile& other);
+  ONU_ABILITY_LOCAL bool UpdateSilently();
   ONU_ABILITY_LOCAL void StoreNumber(unsigned short code, unsigned int value);
   ONU_ABILITY_LOCAL void StoreString(unsigned short code, const std::string& value);
   ONU_ABILITY_LOCAL bool MatchPattern(const OnuAbilityProfile& input, unsigned short key_code);

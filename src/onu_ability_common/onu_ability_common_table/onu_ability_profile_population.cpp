@@ -1,4 +1,4 @@
-// Filling, updating and emptying a profile, and the two derived counts.
+// Filling, updating and emptying a profile.
 //
 // Which paths examine a tag, derive again or refresh the count differs from
 // operation to operation; the differences are meant.
@@ -10,13 +10,7 @@
 
 namespace {
 
-constexpr unsigned short kLanPort = 3;
-// Port type 7 is a data UNI, too: 3 with this bit set.
-constexpr unsigned int kDataUniBit = 0x4;
 constexpr unsigned short kFillsMatchProfiles = 0x2;
-
-// 0 and the wildcard say nothing about a number of ports.
-bool IsCount(unsigned int number) { return number != 0 && number != ONU_ABILITY_WILDCARD; }
 
 }  // namespace
 
@@ -148,18 +142,18 @@ void OnuAbilityProfile::Add(unsigned int value) {
 void OnuAbilityProfile::Add(ONU_ABILITY_ENUM_PROFILE_TYPE type, unsigned int value) {
   ONU_ABILITY_LOG(10, "function start!");
   // Neither the default rule nor the count applies here, as meant.
-  for (auto& record : OnuAbilityCodeInfo::GetInstance()->Get()) {
+  OnuAbilityCodeInfo& codes = *OnuAbilityCodeInfo::GetInstance();
+  for (auto& record : codes._vec_ability_attr) {
     const unsigned short code = record.ability_code;
     if (IsExist(code)) {
       continue;
     }
     // Reading an absent confirm type adds it to the record with the value 0.
     if (type == ONU_ABILITY_PROFILE_TYPE_MATCH &&
-        (record.ability_attr[ONU_ABILITY_ATTR_CONFIRM_TYPE] & kFillsMatchProfiles) == 0) {
+        (codes.Acquire(record, ONU_ABILITY_ATTR_CONFIRM_TYPE) & kFillsMatchProfiles) == 0) {
       continue;
     }
-    const unsigned int value_type =
-        OnuAbilityCodeInfo::GetInstance()->Get(code, ONU_ABILITY_ATTR_VALUE_TYPE);
+    const unsigned int value_type = codes.Get(code, ONU_ABILITY_ATTR_VALUE_TYPE);
     ONU_ABILITY_COMMON_ABILITY_VALUE& held = _common_ability[code];
     held.ability_value_type = value_type;
     if (value_type == ONU_ABILITY_VALUE_TYPE_USHORT) {
@@ -220,60 +214,6 @@ void OnuAbilityProfile::UpdateInit(unsigned short code, unsigned int value) {
 void OnuAbilityProfile::UpdateInit(unsigned short code, const std::string& value) {
   ONU_ABILITY_LOG(10, "function start!");
   StoreString(code, value);
-  ONU_ABILITY_LOG(10, "function end!");
-}
-
-void OnuAbilityProfile::Update() {
-  UpdateLan();
-  UpdateDataUni();
-}
-
-void OnuAbilityProfile::UpdateLan() {
-  ONU_ABILITY_LOG(10, "function start!");
-  unsigned int sum = 0;
-  bool found = false;
-  for (const auto& [code, value] : _common_ability) {
-    // Whatever the tag of the value, as meant.
-    const unsigned short port_type =
-        OnuAbilityCodeInfo::GetInstance()->Get(code, ONU_ABILITY_ATTR_PORT_TYPE);
-    if (port_type == kLanPort && IsCount(value.ability_ushort_value)) {
-      sum += value.ability_ushort_value;
-      found = true;
-    }
-  }
-  if (found) {
-    StoreNumber(ONU_ABILITY_CODE_ALL_LAN, sum);
-    _common_ability_num = static_cast<unsigned int>(_common_ability.size());
-  }
-  ONU_ABILITY_LOG(6, "all_lan_num:%d", sum);
-  ONU_ABILITY_LOG(10, "function end!");
-}
-
-void OnuAbilityProfile::UpdateDataUni() {
-  ONU_ABILITY_LOG(10, "function start!");
-  unsigned int sum = 0;
-  bool found = false;
-  for (const auto& [code, value] : _common_ability) {
-    const unsigned short value_type =
-        OnuAbilityCodeInfo::GetInstance()->Get(code, ONU_ABILITY_ATTR_VALUE_TYPE);
-    ONU_ABILITY_LOG(6, "ability_code:%d, ability_attr_value:%d", code, value_type);
-    if (value_type != ONU_ABILITY_VALUE_TYPE_USHORT) {
-      continue;
-    }
-    const unsigned short port_type =
-        OnuAbilityCodeInfo::GetInstance()->Get(code, ONU_ABILITY_ATTR_PORT_TYPE);
-    ONU_ABILITY_LOG(6, "ability_code:%d, ability_value:%u, ability_attr_value:%d", code,
-                    value.ability_ushort_value, port_type);
-    if ((port_type & ~kDataUniBit) == kLanPort && IsCount(value.ability_ushort_value)) {
-      sum += value.ability_ushort_value;
-      found = true;
-    }
-  }
-  if (found) {
-    StoreNumber(ONU_ABILITY_CODE_DATA_UNI, sum);
-    _common_ability_num = static_cast<unsigned int>(_common_ability.size());
-  }
-  ONU_ABILITY_LOG(6, "data_uni_total_num:%d", sum);
   ONU_ABILITY_LOG(10, "function end!");
 }
 

@@ -3,9 +3,13 @@
 #include "onu_ability_common_table/onu_ability_table_base.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 #include "onu_ability_common_global/log.h"
+#include "onu_ability_common_global/short_ways.h"
 #include "onu_ability_common_table/ability_name.h"
+#include "onu_ability_common_table/profile_index.h"
 #include "onu_ability_common_table/table_lock.h"
 
 namespace {
@@ -18,6 +22,10 @@ constexpr unsigned short kLastNewId = 65533;
 OnuAbilityTableBase::OnuAbilityTableBase()
     : _key_ability_code(OnuAbilityCodeInfo::GetInstance()->GetKeyAbilityCode()) {
   ONU_ABILITY_LOG(10, "OnuAbilityTableBase start!");
+}
+
+void OnuAbilityTableBase::KeepIndex() {
+  _index = std::make_unique<ProfileIndex>(_key_ability_code);
 }
 
 OnuAbilityTableBase::~OnuAbilityTableBase() { ONU_ABILITY_LOG(10, "release OnuAbilityTableBase!"); }
@@ -61,18 +69,31 @@ unsigned int OnuAbilityTableBase::MinusBindCount(unsigned int /*key_ability_valu
   return ONU_ABILITY_RET_OK;
 }
 
+template <typename Value>
+bool OnuAbilityTableBase::AddToOldest(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                                      unsigned int key_ability_value, unsigned short ability_code,
+                                      const Value& value) {
+  OnuAbilityProfile* profile = FindOldestByKey(source, key_ability_value);
+  if (profile == nullptr) {
+    return false;
+  }
+  // A value that the profile refuses still counts as success, as meant.
+  profile->Add(ability_code, value);
+  if (_index != nullptr) {
+    _index->NoteValue(_vec_profile, static_cast<unsigned int>(profile - _vec_profile.data()),
+                      ability_code);
+  }
+  return true;
+}
+
 unsigned int OnuAbilityTableBase::Add(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
                                       unsigned int key_ability_value, unsigned short ability_code,
                                       unsigned int value) {
   ONU_ABILITY_LOG(10, "Add-1 profile start!");
   const TableLock lock(_mutex);
-  for (auto& profile : _vec_profile) {
-    if (profile._profile_source == source && profile == key_ability_value) {
-      // A value that the profile refuses still counts as success, as meant.
-      profile.Add(ability_code, value);
-      ONU_ABILITY_LOG(10, "Add-1 profile end!");
-      return ONU_ABILITY_RET_OK;
-    }
+  if (AddToOldest(source, key_ability_value, ability_code, value)) {
+    ONU_ABILITY_LOG(10, "Add-1 profile end!");
+    return ONU_ABILITY_RET_OK;
   }
   ONU_ABILITY_LOG(1,
                   "Add-1 failed!profile_source:%d, key_ability_value:%d, ability_code:%d, "
@@ -87,12 +108,9 @@ unsigned int OnuAbilityTableBase::Add(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
                                       const std::string& value) {
   ONU_ABILITY_LOG(10, "Add-string profile start!");
   const TableLock lock(_mutex);
-  for (auto& profile : _vec_profile) {
-    if (profile._profile_source == source && profile == key_ability_value) {
-      profile.Add(ability_code, value);
-      ONU_ABILITY_LOG(10, "Add-string profile end!");
-      return ONU_ABILITY_RET_OK;
-    }
+  if (AddToOldest(source, key_ability_value, ability_code, value)) {
+    ONU_ABILITY_LOG(10, "Add-string profile end!");
+    return ONU_ABILITY_RET_OK;
   }
   ONU_ABILITY_LOG(1,
                   "Add-string failed!profile_source:%d, key_ability_value:%d, ability_code:%d, "
@@ -106,12 +124,13 @@ unsigned int OnuAbilityTableBase::DelAll(ONU_ABILITY_ENUM_PROFILE_SOURCE source)
   ONU_ABILITY_LOG(10, "OnuAbilityTableBase::Del All profile start!");
   {
     const TableLock lock(_mutex);
-    for (auto profile = _vec_profile.begin(); profile != _vec_profile.end();) {
-      if (profile->_profile_source == source) {
-        profile = _vec_profile.erase(profile);
-      } else {
-        ++profile;
-      }
+    // What moves up keeps the place's own key ability code, as with each erased alone.
+    const auto removed =
+        std::remove_if(_vec_profile.begin(), _vec_profile.end(),
+                       [source](const auto& profile) { return profile._profile_source == source; });
+    _vec_profile.erase(removed, _vec_profile.end());
+    if (_index != nullptr) {
+      _index->Rebuild(_vec_profile);
     }
   }
   ONU_ABILITY_LOG(10, "OnuAbilityTableBase::Del All profile end!");
@@ -134,4 +153,26 @@ unsigned int OnuAbilityTableBase::Get(ONU_ABILITY_ENUM_PROFILE_SOURCE source, un
   ONU_ABILITY_LOG(4, "index:%d", id);
   ONU_ABILITY_LOG(10, "function end!");
   return ONU_ABILITY_RET_OK;
+}
+
+void OnuAbilityTableBase::Append(const OnuAbilityProfile& profile) {
+  _vec_profile.push_back(profile);
+  if (_index != nullptr) {
+    _index->Append(_vec_profile.back());
+  }
+}
+
+void OnuAbilityTableBase::Erase(std::vector<OnuAbilityProfile>::reverse_iterator profile) {
+  _vec_profile.erase(std::next(profile).base());
+  if (_index != nullptr) {
+    _index->Rebuild(_vec_profile);
+  }
+}
+
+void OnuAbilityTableBase::Restore(std::vector<OnuAbilityProfile> profiles) {
+  const TableLock lock(_mutex);
+  _vec_profile.swap(profiles);
+  if (_index != nullptr) {
+    _index->Rebuild(_vec_profile);
+  }
 }

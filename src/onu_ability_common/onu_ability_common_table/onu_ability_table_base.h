@@ -9,11 +9,15 @@
 #ifndef ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_TABLE_BASE_H
 #define ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_TABLE_BASE_H
 
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "mutex_lock.h"
 #include "onu_ability_common_table/onu_ability_profile.h"
+
+class ProfileIndex;
+class ValueIndex;
 
 class ONU_ABILITY_API OnuAbilityTableBase {
  public:
@@ -92,6 +96,15 @@ class ONU_ABILITY_API OnuAbilityTableBase {
   // Replaces `profiles` with copies of the profiles of the source (2 is all) in
   // table order. Logs nothing.
   void GetAll(ONU_ABILITY_ENUM_PROFILE_SOURCE source, std::vector<OnuAbilityProfile>& profiles);
+  // Replaces all profiles by these, unchecked and in this order: a host puts back
+  // what it kept. Logs nothing but the release of what the table held.
+  void Restore(std::vector<OnuAbilityProfile> profiles);
+
+  // From now on lookups may take short ways. For the table's owner alone, and for a
+  // table whose profiles nobody but itself can change: not one of a derived class of
+  // the host's, which reaches them.
+  // REQUIRES: the table is new and empty.
+  ONU_ABILITY_LOCAL void KeepIndex();
 
  protected:
   CMutexLock _mutex;
@@ -105,7 +118,31 @@ class ONU_ABILITY_API OnuAbilityTableBase {
                                                   unsigned short code, unsigned int value);
   ONU_ABILITY_LOCAL OnuAbilityProfile* FindByRealType(unsigned short onu_real_type);
 
+  // How a table adds and removes, so that the index stays right.
+  // REQUIRES: the lock is held.
+  ONU_ABILITY_LOCAL void Append(const OnuAbilityProfile& profile);
+  ONU_ABILITY_LOCAL void Erase(std::vector<OnuAbilityProfile>::reverse_iterator profile);
+
+  // The index by the values of a code where a walk over them may be left out, else
+  // null. The second one also says that there is no irregular profile in the table.
+  ONU_ABILITY_LOCAL const ValueIndex* ShortWayBy(unsigned short code) const;
+  ONU_ABILITY_LOCAL const ValueIndex* RegularShortWayBy(unsigned short code) const;
+  // Whether a profile of the source (2 is all) holds the number.
+  ONU_ABILITY_LOCAL bool HasNumber(ONU_ABILITY_ENUM_PROFILE_SOURCE source, const ValueIndex& index,
+                                   unsigned int number) const;
+  // The oldest of exactly this source that holds it, or null.
+  ONU_ABILITY_LOCAL OnuAbilityProfile* FindOldest(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                                                  const ValueIndex& index, unsigned int number);
+
+  std::unique_ptr<ProfileIndex> _index;  // guarded by _mutex; null in a table that walks
+
  private:
+  template <typename Value>
+  ONU_ABILITY_LOCAL bool AddToOldest(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                                     unsigned int key_ability_value, unsigned short ability_code,
+                                     const Value& value);
+  ONU_ABILITY_LOCAL OnuAbilityProfile* FindOldestByKey(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                                                       unsigned int key_ability_value);
   ONU_ABILITY_LOCAL unsigned int CollectByCode(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
                                                unsigned short code, unsigned int value,
                                                std::vector<OnuAbilityProfile>& profiles);

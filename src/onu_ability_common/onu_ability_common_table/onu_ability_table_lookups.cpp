@@ -1,9 +1,12 @@
 // The lookups of a table. Unless a comment says otherwise they walk from the
 // newest profile to the oldest, so of two profiles that qualify the one added
 // later wins.
+#include <algorithm>
+
 #include "onu_ability_common_global/log.h"
 #include "onu_ability_common_table/ability_name.h"
 #include "onu_ability_common_table/onu_ability_table_base.h"
+#include "onu_ability_common_table/profile_index.h"
 #include "onu_ability_common_table/table_lock.h"
 
 // From the oldest, and without the lock, as meant.
@@ -42,11 +45,16 @@ unsigned int OnuAbilityTableBase::IsExist(ONU_ABILITY_ENUM_PROFILE_SOURCE source
 unsigned int OnuAbilityTableBase::IsEqual(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
                                           unsigned short ability_code, unsigned int value) {
   ONU_ABILITY_LOG(10, "function start!");
-  for (const auto& profile : _vec_profile) {
-    if (profile.IsEqual(source, ability_code, value) != 0) {
-      ONU_ABILITY_LOG(10, "function end!");
-      return 1;
-    }
+  const ValueIndex* index = RegularShortWayBy(ability_code);
+  const bool found =
+      index != nullptr
+          ? HasNumber(source, *index, value)
+          : std::any_of(_vec_profile.begin(), _vec_profile.end(), [&](const auto& profile) {
+              return profile.IsEqual(source, ability_code, value) != 0;
+            });
+  if (found) {
+    ONU_ABILITY_LOG(10, "function end!");
+    return 1;
   }
   ONU_ABILITY_LOG(1,
                   "ability value is not equal!profile_source:%d, ability_code:%d, ability_name:%s, "
@@ -85,9 +93,19 @@ unsigned int OnuAbilityTableBase::CollectByCode(ONU_ABILITY_ENUM_PROFILE_SOURCE 
                                                 std::vector<OnuAbilityProfile>& profiles) {
   profiles.clear();
   const TableLock lock(_mutex);
-  for (auto profile = _vec_profile.rbegin(); profile != _vec_profile.rend(); ++profile) {
-    if (profile->IsEqual(source, code, value) != 0) {
-      profiles.push_back(*profile);
+  if (const ValueIndex* index = RegularShortWayBy(code)) {
+    for (unsigned int position = index->Newest(value); position != kNoPosition;
+         position = index->Older(position)) {
+      if (source == ONU_ABILITY_PROFILE_SOURCE_ALL ||
+          source == _vec_profile[position]._profile_source) {
+        profiles.push_back(_vec_profile[position]);
+      }
+    }
+  } else {
+    for (auto profile = _vec_profile.rbegin(); profile != _vec_profile.rend(); ++profile) {
+      if (profile->IsEqual(source, code, value) != 0) {
+        profiles.push_back(*profile);
+      }
     }
   }
   if (profiles.empty()) {
@@ -143,32 +161,4 @@ void OnuAbilityTableBase::GetAll(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
       profiles.push_back(profile);
     }
   }
-}
-
-OnuAbilityProfile* OnuAbilityTableBase::FindByCode(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
-                                                   unsigned short code, unsigned int value) {
-  for (auto profile = _vec_profile.rbegin(); profile != _vec_profile.rend(); ++profile) {
-    if (profile->IsEqual(source, code, value) != 0) {
-      return &*profile;
-    }
-  }
-  return nullptr;
-}
-
-OnuAbilityProfile* OnuAbilityTableBase::FindByCode(unsigned short code, unsigned int value) {
-  for (auto profile = _vec_profile.rbegin(); profile != _vec_profile.rend(); ++profile) {
-    if (profile->IsEqual(code, value) != 0) {
-      return &*profile;
-    }
-  }
-  return nullptr;
-}
-
-OnuAbilityProfile* OnuAbilityTableBase::FindByRealType(unsigned short onu_real_type) {
-  for (auto profile = _vec_profile.rbegin(); profile != _vec_profile.rend(); ++profile) {
-    if (*profile == onu_real_type) {
-      return &*profile;
-    }
-  }
-  return nullptr;
 }

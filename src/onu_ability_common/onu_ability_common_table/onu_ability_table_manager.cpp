@@ -45,6 +45,7 @@ void OnuAbilityTableManager::AddOnuAbilityTable(ONU_ABILITY_ENUM_PROFILE_TYPE ty
     ONU_ABILITY_LOG(0, "table_type is out of range!");
     return;
   }
+  table->KeepIndex();
   // Where there is a table already, the new one is never released, as meant.
   OnuAbilityTableBase*& entry = _map_table[type];
   if (entry == nullptr) {

@@ -27,6 +27,12 @@ class ONU_ABILITY_API OnuMatchAbilityTable : public OnuAbilityTableBase {
   // Finds the newest pattern that a reported profile fits. 1 with the argument
   // overwritten by it, or 0; its match type becomes 1 in any case.
   unsigned int operator==(OnuAbilityProfile& profile) override;
+
+ private:
+  // REQUIRES: the lock is held.
+  ONU_ABILITY_LOCAL OnuAbilityProfile* FindFitting(const OnuAbilityProfile& report);
+  ONU_ABILITY_LOCAL bool FindByIndex(const OnuAbilityProfile& report, OnuAbilityProfile*& fitting);
+  ONU_ABILITY_LOCAL void NoteComparisons();
 };
 
 #endif  // ONU_ABILITY_COMMON_TABLE_ONU_MATCH_ABILITY_TABLE_H

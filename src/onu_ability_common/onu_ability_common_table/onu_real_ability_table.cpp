@@ -1,9 +1,10 @@
 #include "onu_ability_common_table/onu_real_ability_table.h"
 
 #include <algorithm>
-#include <iterator>
 
 #include "onu_ability_common_global/log.h"
+#include "onu_ability_common_global/short_ways.h"
+#include "onu_ability_common_table/profile_index.h"
 #include "onu_ability_common_table/table_lock.h"
 
 OnuRealAbilityTable::OnuRealAbilityTable() { ONU_ABILITY_LOG(10, "OnuRealAbilityTable start!"); }
@@ -17,7 +18,7 @@ unsigned int OnuRealAbilityTable::Add(OnuAbilityProfile& profile) {
     const TableLock lock(_mutex);
     profile._flag_match_type = ONU_ABILITY_MATCH_TYPE_EXACT;
     if (profile._profile_source == ONU_ABILITY_PROFILE_SOURCE_DEFAULT || !IsDuplicate(profile)) {
-      _vec_profile.push_back(profile);
+      Append(profile);
     } else {
       ONU_ABILITY_LOG(10, "Add profile of OnuRealAbilityTable failed!");
       ret = ONU_ABILITY_RET_OPERATE_FAILED;
@@ -29,13 +30,7 @@ unsigned int OnuRealAbilityTable::Add(OnuAbilityProfile& profile) {
 
 bool OnuRealAbilityTable::IsDuplicate(const OnuAbilityProfile& profile) const {
   const auto source = profile._profile_source;
-  ONU_ABILITY_COMMON_ABILITY_VALUE key_value;
-  profile.Get(_key_ability_code, key_value);
-  const bool same_real_type =
-      std::any_of(_vec_profile.begin(), _vec_profile.end(), [&](const auto& stored) {
-        return stored._profile_source == source &&
-               stored.IsEqual(_key_ability_code, key_value) != 0;
-      });
+  const bool same_real_type = HasKeyOf(profile);
   bool same_id = false;
   if (profile.HasId()) {
     ONU_ABILITY_LOG_FOR("Add", 4, "id:%hu", profile._id);
@@ -56,6 +51,21 @@ bool OnuRealAbilityTable::IsDuplicate(const OnuAbilityProfile& profile) const {
   return false;
 }
 
+bool OnuRealAbilityTable::HasKeyOf(const OnuAbilityProfile& profile) const {
+  const auto source = profile._profile_source;
+  ONU_ABILITY_COMMON_ABILITY_VALUE key_value;
+  profile.Get(_key_ability_code, key_value);
+  const ValueIndex* index = RegularShortWayBy(_key_ability_code);
+  // A source of 2, which no filter means here, is left to the walk.
+  if (index != nullptr && key_value.ability_value_type == ONU_ABILITY_VALUE_TYPE_USHORT &&
+      source != ONU_ABILITY_PROFILE_SOURCE_ALL) {
+    return HasNumber(source, *index, key_value.ability_ushort_value);
+  }
+  return std::any_of(_vec_profile.begin(), _vec_profile.end(), [&](const auto& stored) {
+    return stored._profile_source == source && stored.IsEqual(_key_ability_code, key_value) != 0;
+  });
+}
+
 unsigned int OnuRealAbilityTable::Del(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
                                       unsigned int key_ability_value) {
   ONU_ABILITY_LOG(10, "OnuRealAbilityTable::DelRealTableItem start!");
@@ -69,7 +79,7 @@ unsigned int OnuRealAbilityTable::Del(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
         });
     if (found != _vec_profile.rend()) {
       ONU_ABILITY_LOG(9, "find ok in SearchOnuAbilityTableForDel of OnuRealAbilityTable!");
-      _vec_profile.erase(std::next(found).base());
+      Erase(found);
       ret = ONU_ABILITY_RET_OK;
     } else {
       ONU_ABILITY_LOG(1, "DeleteItem of OnuRealAbilityTable failed!");
@@ -99,7 +109,7 @@ unsigned int OnuRealAbilityTable::Del(const OnuAbilityProfile& profile) {
         });
     if (found != _vec_profile.rend()) {
       ONU_ABILITY_LOG(9, "find(2) ok in SearchOnuAbilityTableForDel of OnuRealAbilityTable!");
-      _vec_profile.erase(std::next(found).base());
+      Erase(found);
       ret = ONU_ABILITY_RET_OK;
     } else {
       ONU_ABILITY_LOG(1, "DeleteItem of OnuRealAbilityTable failed!");
@@ -109,10 +119,17 @@ unsigned int OnuRealAbilityTable::Del(const OnuAbilityProfile& profile) {
   return ret;
 }
 
+unsigned int OnuRealAbilityTable::LampTotal(const OnuAbilityProfile& profile) {
+  if (_index != nullptr && NobodyListensTo(LogLevels(6, 9, 10))) {
+    return _index->LampTotal(profile, static_cast<unsigned int>(&profile - _vec_profile.data()));
+  }
+  return profile.GetTotalNum(ONU_ABILITY_ATTR_LAMP);
+}
+
 unsigned int OnuRealAbilityTable::GetLampTotalNum(unsigned int key_ability_value) {
   const TableLock lock(_mutex);
   const OnuAbilityProfile* profile = FindByCode(_key_ability_code, key_ability_value);
-  const unsigned int total = profile != nullptr ? profile->GetTotalNum(ONU_ABILITY_ATTR_LAMP) : 0;
+  const unsigned int total = profile != nullptr ? LampTotal(*profile) : 0;
   ONU_ABILITY_LOG(4, "key_ability_value:%d, totalnum:%d", key_ability_value, total);
   return total;
 }
@@ -120,13 +137,16 @@ unsigned int OnuRealAbilityTable::GetLampTotalNum(unsigned int key_ability_value
 unsigned int OnuRealAbilityTable::GetLampTotalNum(unsigned short onu_type) {
   const TableLock lock(_mutex);
   const OnuAbilityProfile* profile = FindByCode(ONU_ABILITY_CODE_REAL_TYPE, onu_type);
-  const unsigned int total = profile != nullptr ? profile->GetTotalNum(ONU_ABILITY_ATTR_LAMP) : 0;
+  const unsigned int total = profile != nullptr ? LampTotal(*profile) : 0;
   ONU_ABILITY_LOG(4, "onu_type:%d, totalnum:%d", onu_type, total);
   return total;
 }
 
 // Default profiles are never bound; of several external ones the oldest is.
 OnuAbilityProfile* OnuRealAbilityTable::FindBindable(unsigned int key_ability_value) {
+  if (const ValueIndex* index = RegularShortWayBy(_key_ability_code)) {
+    return FindOldest(ONU_ABILITY_PROFILE_SOURCE_EXTERNAL, *index, key_ability_value);
+  }
   for (auto& profile : _vec_profile) {
     unsigned int held = 0;
     profile.Get(_key_ability_code, held);

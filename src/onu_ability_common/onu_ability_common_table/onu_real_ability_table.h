@@ -41,6 +41,8 @@ class ONU_ABILITY_API OnuRealAbilityTable : public OnuAbilityTableBase {
  private:
   // REQUIRES: the lock is held.
   ONU_ABILITY_LOCAL bool IsDuplicate(const OnuAbilityProfile& profile) const;
+  ONU_ABILITY_LOCAL bool HasKeyOf(const OnuAbilityProfile& profile) const;
+  ONU_ABILITY_LOCAL unsigned int LampTotal(const OnuAbilityProfile& profile);
   ONU_ABILITY_LOCAL OnuAbilityProfile* FindBindable(unsigned int key_ability_value);
 };
 

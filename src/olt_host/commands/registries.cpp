@@ -1,4 +1,4 @@
-#include "commands/registered_attributes.h"
+#include "commands/registries.h"
 
 #include "onu_ability_common_table.h"
 
@@ -15,6 +15,12 @@ std::map<unsigned short, std::string> RegisteredAttributes() {
     }
   }
   return attributes;
+}
+
+std::vector<ONU_ABILITY_CODE_ATTR_INFO> RegisteredCodes() {
+  std::vector<ONU_ABILITY_CODE_ATTR_INFO> codes;
+  onu_ability_get_all_ability_attr_info(codes);
+  return codes;
 }
 
 }  // namespace olt_host

@@ -1,0 +1,85 @@
+// The short way to the code registry: where each code's record stands, and in one
+// word what profiles ask about the code. Not for hosts.
+//
+// The index follows the registry's own operations. It is worth something only as
+// long as nobody else can change the records: once OnuAbilityCodeInfo::Get() has
+// handed them out, their holder may change any of them at any moment, so from then
+// on every code is searched among the records.
+//
+// Takes no lock, as the registry.
+#ifndef ONU_ABILITY_COMMON_TABLE_ABILITY_CODE_INDEX_H
+#define ONU_ABILITY_COMMON_TABLE_ABILITY_CODE_INDEX_H
+
+#include <array>
+#include <memory>
+#include <vector>
+
+#include "onu_ability_common_table/onu_ability_attr_info.h"
+#include "onu_ability_common_table/onu_ability_code_info.h"
+
+// What an attribute entry of a code's record comes to. A record without an entry
+// reads as 0, but reading adds the entry: the kHolds bits say where it does not.
+using AbilityTraits = unsigned int;
+constexpr AbilityTraits kKnownCode = 0x1;
+constexpr AbilityTraits kComparedWithPatterns = 0x2;
+constexpr AbilityTraits kCountsLamps = 0x4;
+constexpr AbilityTraits kLanPort = 0x8;
+constexpr AbilityTraits kDataUni = 0x10;
+constexpr AbilityTraits kNumber = 0x20;
+constexpr AbilityTraits kHoldsConfirmType = 0x40;
+constexpr AbilityTraits kHoldsLamp = 0x80;
+constexpr AbilityTraits kHoldsPortType = 0x100;
+constexpr AbilityTraits kHoldsValueType = 0x200;
+
+AbilityTraits TraitsOf(const ONU_ABILITY_CODE_ATTR_INFO& record);
+
+// Pages of 256 codes, made when a code of theirs is first registered.
+class AbilityCodeIndex {
+ public:
+  struct Entry {
+    unsigned int position = 0;  // of the first record with the code
+    AbilityTraits traits = 0;   // none for an unknown code
+  };
+
+  Entry Find(unsigned short code) const {
+    const Page* page = _pages[code >> 8U].get();
+    return page != nullptr ? (*page)[code & 0xFFU] : Entry();
+  }
+  void Set(unsigned short code, Entry entry);
+  // Anew from records that may hold a code twice.
+  void Rebuild(const std::vector<ONU_ABILITY_CODE_ATTR_INFO>& records);
+
+ private:
+  using Page = std::array<Entry, 256>;
+
+  std::array<std::unique_ptr<Page>, 256> _pages;
+};
+
+// Reads the code registry without a log line and without changing it.
+class AbilityCodeReader {
+ public:
+  AbilityCodeReader()
+      : _registry(*OnuAbilityCodeInfo::GetInstance()), _index(_registry.TrustedIndex()) {}
+
+  // None for an unknown code.
+  AbilityTraits Traits(unsigned short code) const {
+    return _index != nullptr ? _index->Find(code).traits : SearchTraits(code);
+  }
+  // Whether the attribute is registered; without, every code reads as 65535, known
+  // or not, and says so.
+  static bool IsRegistered(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id) {
+    return OnuAbilityAttrInfo::GetInstance()->_map_ability_attr.count(id) != 0;
+  }
+  // The record's own name, null for an unknown code.
+  const char* Name(unsigned short code) const;
+  // Another one after every change of a code; 0 where changes cannot be seen.
+  unsigned int Generation() const { return _index != nullptr ? _registry._generation : 0; }
+
+ private:
+  AbilityTraits SearchTraits(unsigned short code) const;
+
+  OnuAbilityCodeInfo& _registry;
+  const AbilityCodeIndex* _index;
+};
+
+#endif  // ONU_ABILITY_COMMON_TABLE_ABILITY_CODE_INDEX_H
