@@ -2,19 +2,6 @@
 
 const std::vector<int> kAttributeIds = {-1, 0, 1, 2, 3, 4, 5, 7};
 
-std::uint64_t RandomInput::Next() {
-  // splitmix64: the same sequence everywhere, unlike the standard's distributions.
-  state_ += 0x9E3779B97F4A7C15ULL;
-  std::uint64_t z = state_;
-  z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9ULL;
-  z = (z ^ (z >> 27)) * 0x94D049BB133111EBULL;
-  return z ^ (z >> 31);
-}
-
-unsigned int RandomInput::Below(unsigned int bound) {
-  return static_cast<unsigned int>(Next() % bound);
-}
-
 int RandomInput::AttributeId() {
   if (OneIn(4)) {
     return kAttributeIds[Below(static_cast<unsigned int>(kAttributeIds.size()))];

@@ -3,30 +3,18 @@
 #ifndef TESTS_MODEL_RANDOM_INPUT_H
 #define TESTS_MODEL_RANDOM_INPUT_H
 
-#include <cstdint>
-#include <initializer_list>
 #include <string>
 #include <vector>
 
 #include "registries.h"
+#include "support/random_numbers.h"
 
 // Every attribute id that a sequence may use.
 extern const std::vector<int> kAttributeIds;
 
-class RandomInput {
+class RandomInput : public RandomNumbers {
  public:
-  explicit RandomInput(std::uint64_t seed) : state_(seed) {}
-
-  std::uint64_t Next();
-  // 0 to `bound` - 1.
-  unsigned int Below(unsigned int bound);
-  // True once in `n`.
-  bool OneIn(unsigned int n) { return Below(n) == 0; }
-
-  template <typename T>
-  T Pick(std::initializer_list<T> choices) {
-    return *(choices.begin() + Below(static_cast<unsigned int>(choices.size())));
-  }
+  using RandomNumbers::RandomNumbers;
 
   int AttributeId();
   std::string AttributeName();
@@ -42,9 +30,6 @@ class RandomInput {
   int Type();
   int MatchType();
   unsigned int LogMask();
-
- private:
-  std::uint64_t state_;
 };
 
 #endif  // TESTS_MODEL_RANDOM_INPUT_H

@@ -79,6 +79,7 @@ void RecordMemoryCall(const char* name, unsigned int count, unsigned int size, c
   call.size = size;
   call.file = file == nullptr ? "" : file;
   call.line = line;
+  call.order = RecordingHost::Instance().NextOrder();
   RecordingHost::Instance().memory_calls_.push_back(std::move(call));
 }
 
@@ -104,7 +105,8 @@ bool WaitFor(MutexState& state, int wait_limit) {
 
 void RecordMutexCall(MutexCall::Kind kind, const void* mutex, int wait_limit = 0,
                      const char* file = nullptr, unsigned int line = 0) {
-  RecordingHost::Instance().mutex_calls_.push_back({kind, mutex, wait_limit, file, line});
+  RecordingHost& host = RecordingHost::Instance();
+  host.mutex_calls_.push_back({kind, mutex, wait_limit, file, line, host.NextOrder()});
 }
 
 }  // namespace
@@ -179,6 +181,7 @@ void ulogPrintf(unsigned int module_id, unsigned int level, const char* format, 
   va_end(arguments);
   SplitTail(line);
   const std::lock_guard<std::mutex> guard(RecordGuard());
+  line.order = RecordingHost::Instance().NextOrder();
   RecordingHost::Instance().log_.push_back(std::move(line));
 }
 

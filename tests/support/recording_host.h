@@ -24,6 +24,7 @@ struct LogLine {
   std::string function;   // NAME of the tail; empty when the line had no tail
   unsigned int line = 0;  // N of the tail
   unsigned int module_id = 0;
+  unsigned long order = 0;  // among all that the host recorded, of whatever kind
 };
 
 bool operator==(const LogLine& a, const LogLine& b);  // level and text only
@@ -39,6 +40,7 @@ struct MutexCall {
   int wait_limit;     // of Lock
   const char* file;   // as passed
   unsigned int line;  // as passed
+  unsigned long order;
 };
 
 // One call of a memory primitive of bep.h.
@@ -48,6 +50,7 @@ struct MemoryCall {
   unsigned int size = 0;  // element size, or dst_size
   std::string file;       // empty when null or when the call has none
   unsigned int line = 0;  // of the allocator and the release
+  unsigned long order = 0;
 };
 
 // The terminal of the tests: collects the bytes of vty_out.
@@ -102,12 +105,16 @@ class RecordingHost {
   const std::vector<InstalledElement>& elements() const { return elements_; }
   const std::vector<InstalledModule>& modules() const { return modules_; }
 
+  // The place of the next record, for records that are kept elsewhere.
+  unsigned long NextOrder() { return next_order_++; }
+
   // The host symbols of recording_host.cpp write to these; tests use the above.
   std::vector<LogLine> log_;
   std::vector<MutexCall> mutex_calls_;
   std::vector<MemoryCall> memory_calls_;
   std::vector<InstalledElement> elements_;
   std::vector<InstalledModule> modules_;
+  unsigned long next_order_ = 0;
   unsigned int locks_held_ = 0;
   unsigned int blocks_in_use_ = 0;
   unsigned int fail_append_ = 0;

@@ -3,16 +3,22 @@
 #include <gtest/gtest.h>
 
 #include "onu_ability_common_reg_extern_func.h"
+#include "recording_host.h"
 
 namespace {
 
-void Record(int id, unsigned short place, int onu, unsigned int argument = 0) {
+void Record(int id, unsigned short place, int onu, unsigned int argument = 0,
+            ConfirmOnuType* profile = nullptr) {
   HookCall call;
   call.id = id;
   call.place = place;
   call.onu = onu;
   call.argument = argument;
+  call.order = RecordingHost::Instance().NextOrder();
   Hooks().calls.push_back(call);
+  if (Hooks().meanwhile) {
+    Hooks().meanwhile(id, profile);
+  }
 }
 
 // Copies what the ONU reports, without a terminator, into a buffer of `room`
@@ -46,7 +52,7 @@ unsigned int GetPrivateCapability(unsigned short place, unsigned char onu, unsig
 
 unsigned int HandOverProfile(unsigned short place, unsigned char onu, unsigned int stage,
                              ConfirmOnuType* profile) {
-  Record(3, place, onu, stage);
+  Record(3, place, onu, stage, profile);
   Hooks().handed_over.push_back(*profile);
   return 0;
 }

@@ -2,6 +2,7 @@
 #ifndef TESTS_SUPPORT_SCRIPTED_HOOKS_H
 #define TESTS_SUPPORT_SCRIPTED_HOOKS_H
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -13,6 +14,7 @@ struct HookCall {
   unsigned short place = 0;   // A
   int onu = -1;               // B; -1 for hook 7, which gets none
   unsigned int argument = 0;  // stage, real type, report type, code, index, length, setting 3
+  unsigned long order = 0;    // among the records of the host
 };
 
 // What the ONU of a test reports.
@@ -32,6 +34,8 @@ struct ScriptedOnu {
 // The script of the running test, and the record of calls.
 struct ScriptedHooks {
   ScriptedOnu onu;
+  // What else the host does while it answers a hook; hook 3 hands its profile over.
+  std::function<void(int id, ConfirmOnuType* profile)> meanwhile;
   std::vector<HookCall> calls;
   std::vector<OnuAbilityProfile> handed_over;  // copies of hook 3's profile, by call
   std::vector<unsigned int> presets;           // value hook 6 found, by call
