@@ -45,6 +45,10 @@ class AbilityCodeIndex {
     const Page* page = _pages[code >> 8U].get();
     return page != nullptr ? (*page)[code & 0xFFU] : Entry();
   }
+  AbilityTraits Traits(unsigned short code) const {
+    const Page* page = _pages[code >> 8U].get();
+    return page != nullptr ? (*page)[code & 0xFFU].traits : 0;
+  }
   void Set(unsigned short code, Entry entry);
   // Anew from records that may hold a code twice.
   void Rebuild(const std::vector<ONU_ABILITY_CODE_ATTR_INFO>& records);
@@ -63,7 +67,7 @@ class AbilityCodeReader {
 
   // None for an unknown code.
   AbilityTraits Traits(unsigned short code) const {
-    return _index != nullptr ? _index->Find(code).traits : SearchTraits(code);
+    return _index != nullptr ? _index->Traits(code) : SearchTraits(code);
   }
   // Whether the attribute is registered; without, every code reads as 65535, known
   // or not, and says so.

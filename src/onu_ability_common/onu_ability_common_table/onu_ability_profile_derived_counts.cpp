@@ -49,10 +49,12 @@ bool OnuAbilityProfile::UpdateSilently() {
   const AbilityCodeReader codes;
   DerivedCount lan;
   DerivedCount data_uni;
+  AbilityTraits of_all = kReadSilently;
   for (const auto& [code, value] : _common_ability) {
     const AbilityTraits traits = codes.Traits(code);
-    if ((traits & kReadSilently) != kReadSilently) {
-      return false;
+    of_all &= traits;
+    if ((traits & (kLanPort | kDataUni)) == 0) {
+      continue;
     }
     if ((traits & kLanPort) != 0) {
       lan.Add(value.ability_ushort_value);
@@ -62,7 +64,8 @@ bool OnuAbilityProfile::UpdateSilently() {
     }
   }
   const AbilityTraits lan_total_traits = codes.Traits(ONU_ABILITY_CODE_ALL_LAN);
-  if (lan.found && (lan_total_traits & kReadSilently) != kReadSilently) {
+  of_all &= lan.found ? lan_total_traits : kReadSilently;
+  if (of_all != kReadSilently) {
     return false;
   }
   if (lan.found) {

@@ -1,6 +1,7 @@
 #include "onu_ability_common_table/profile_index.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "onu_ability_common_table/ability_code_index.h"
 
@@ -25,9 +26,47 @@ bool IsSilentSum(const OnuAbilityProfile& profile, const AbilityCodeReader& code
 
 }  // namespace
 
-unsigned int ValueIndex::Newest(unsigned int number) const {
-  const auto entry = _newest.find(number);
-  return entry != _newest.end() ? entry->second : kNoPosition;
+std::size_t NumberPositions::PlaceOf(unsigned int number) const {
+  // Multiplied so that neighbours, which keys and types often are, spread.
+  std::size_t place = (number * 2654435769U & 0xFFFFFFFFU) >> _shift;
+  while (_places[place].position != kNoPosition && _places[place].number != number) {
+    place = (place + 1) & (_places.size() - 1);
+  }
+  return place;
+}
+
+unsigned int NumberPositions::Find(unsigned int number) const {
+  return _places.empty() ? kNoPosition : _places[PlaceOf(number)].position;
+}
+
+unsigned int NumberPositions::Replace(unsigned int number, unsigned int position) {
+  if (2 * (_taken + 1) > _places.size()) {
+    Grow();
+  }
+  Place& place = _places[PlaceOf(number)];
+  const unsigned int before = place.position;
+  _taken += before == kNoPosition ? 1 : 0;
+  place = {number, position};
+  return before;
+}
+
+void NumberPositions::Grow() {
+  constexpr std::size_t kFewest = 16;
+  const std::vector<Place> before = std::move(_places);
+  _places.assign(std::max(kFewest, 2 * before.size()), Place());
+  for (_shift = 32; std::size_t{1} << (32 - _shift) < _places.size();) {
+    --_shift;
+  }
+  for (const Place& place : before) {
+    if (place.position != kNoPosition) {
+      _places[PlaceOf(place.number)] = place;
+    }
+  }
+}
+
+void NumberPositions::Clear() {
+  _places.clear();
+  _taken = 0;
 }
 
 void ValueIndex::Append(const OnuAbilityProfile& profile) {
@@ -39,15 +78,11 @@ void ValueIndex::Append(const OnuAbilityProfile& profile) {
     _irregular.push_back(position);
     return;
   }
-  const auto [newest, added] = _newest.emplace(ability->second.ability_ushort_value, position);
-  if (!added) {
-    _older[position] = newest->second;
-    newest->second = position;
-  }
+  _older[position] = _newest.Replace(ability->second.ability_ushort_value, position);
 }
 
 void ValueIndex::Clear() {
-  _newest.clear();
+  _newest.Clear();
   _older.clear();
   _irregular.clear();
 }

@@ -8,11 +8,34 @@
 #ifndef ONU_ABILITY_COMMON_TABLE_PROFILE_INDEX_H
 #define ONU_ABILITY_COMMON_TABLE_PROFILE_INDEX_H
 
-#include <unordered_map>
 #include <vector>
 
 #include "onu_ability_common_table/onu_ability_profile.h"
 #include "onu_ability_common_table/pattern_index.h"
+
+// The position of each number, in one block: a number is looked for at the place
+// that its bits give and at those after it. Half of the places stay free.
+class NumberPositions {
+ public:
+  // kNoPosition for a number that is not there.
+  unsigned int Find(unsigned int number) const;
+  // What was there before, or kNoPosition.
+  unsigned int Replace(unsigned int number, unsigned int position);
+  void Clear();
+
+ private:
+  struct Place {
+    unsigned int number = 0;
+    unsigned int position = kNoPosition;  // a free place
+  };
+
+  std::size_t PlaceOf(unsigned int number) const;
+  void Grow();
+
+  std::vector<Place> _places;  // none, or a power of two
+  std::size_t _taken = 0;
+  unsigned int _shift = 32;  // what is left of 32 bits is a place
+};
 
 // Where in the table the numbers of one ability code are.
 class ValueIndex {
@@ -22,7 +45,7 @@ class ValueIndex {
   unsigned short code() const { return _code; }
 
   // The newest profile that holds this number, and from each the next older one.
-  unsigned int Newest(unsigned int number) const;
+  unsigned int Newest(unsigned int number) const { return _newest.Find(number); }
   unsigned int Older(unsigned int position) const { return _older[position]; }
   // Profiles that lack the code or hold it with another tag, oldest first. A walk
   // has more to say about them than that they differ: they are asked themselves.
@@ -33,7 +56,7 @@ class ValueIndex {
 
  private:
   unsigned short _code;
-  std::unordered_map<unsigned int, unsigned int> _newest;
+  NumberPositions _newest;
   std::vector<unsigned int> _older;
   std::vector<unsigned int> _irregular;
 };
