@@ -193,14 +193,22 @@ void ShowProfile(Stage& stage, HostileInput& random) {
 
 std::vector<Operation> CommandOperations() {
   return {
-      {"command show table", 1, ShowTable, true}, {"command add profile", 4, AddProfile},
-      {"command set profile", 3, SetProfile},     {"command apply profile", 5, ApplyProfile},
-      {"command show pending", 1, ShowPending},   {"command delete profile", 3, DelProfile},
-      {"command show codes", 1, ShowCodes},       {"command set code", 3, SetCode},
-      {"command delete code", 1, DelCode},        {"command update number", 4, UpdateNumber},
-      {"command update text", 2, UpdateText},     {"command set common type", 1, SetCommonType},
-      {"command set key code", 1, SetKeyCode},    {"command show settings", 1, ShowSettings},
-      {"command number", 1, ReadNumber},          {"listing of tables", 2, ShowTables, true},
+      {"command show table", 1, ShowTable, true},
+      {"command add profile", 4, AddProfile},
+      {"command set profile", 3, SetProfile},
+      {"command apply profile", 5, ApplyProfile},
+      {"command show pending", 1, ShowPending},
+      {"command delete profile", 3, DelProfile},
+      {"command show codes", 1, ShowCodes},
+      {"command set code", 3, SetCode, false, true},
+      {"command delete code", 1, DelCode, false, true},
+      {"command update number", 4, UpdateNumber},
+      {"command update text", 2, UpdateText},
+      {"command set common type", 1, SetCommonType},
+      {"command set key code", 1, SetKeyCode, false, true},
+      {"command show settings", 1, ShowSettings},
+      {"command number", 1, ReadNumber},
+      {"listing of tables", 2, ShowTables, true},
       {"listing of a profile", 2, ShowProfile},
   };
 }

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "onu_ability_common_reg_extern_func.h"
-#include "stage.h"
+#include "operation_choice.h"
 #include "support/scripted_hooks.h"
 #include "texts.h"
 
@@ -43,14 +43,11 @@ void ScriptReport(HostileInput& random) {
 }
 
 // Changes that a host may make while it answers.
-const std::vector<Operation>& Disturbances(const Stage& stage) {
-  static const auto collect = [](std::vector<Operation> all, const std::vector<Operation>& more) {
-    all.insert(all.end(), more.begin(), more.end());
-    return all;
-  };
-  static const std::vector<Operation> plain =
-      collect(RegistryOperations(), collect(TableOperations(), LookupOperations()));
-  static const std::vector<Operation> all = collect(plain, RecordOperations());
+const Operations& Disturbances(const Stage& stage) {
+  static const Operations plain =
+      Collect({RegistryOperations(), TableOperations(), StoredProfileOperations(),
+               MatchOperations(), LookupOperations()});
+  static const Operations all = Collect({plain, RecordOperations()});
   return stage.HandsRecordsOut() ? all : plain;
 }
 
@@ -70,9 +67,8 @@ void ScriptDisturbances(Stage& stage, HostileInput& random) {
       profile->_common_ability[input.Code()] = input.Value();
     }
     if (call == first || call == second) {
-      const std::vector<Operation>& changes = Disturbances(stage);
       stage.Say(Words("  while hook ", id, " answers:"));
-      changes[input.Below(static_cast<unsigned int>(changes.size()))].run(stage, input);
+      PickOperation(Disturbances(stage), input).run(stage, input);
     }
   };
 }

@@ -57,7 +57,8 @@ unsigned short HostileInput::Code() {
 }
 
 unsigned short HostileInput::KeyCode() {
-  return Pick<unsigned short>({1085, 1085, 1085, 1081, 1082, 1010, 1080, 1083, 7});
+  return Pick<unsigned short>(
+      {1085, 1085, 1085, 1085, 1081, 1081, 1082, 1010, 1001, 65533, 1080, 1083, 7});
 }
 
 std::string HostileInput::CodeName() {

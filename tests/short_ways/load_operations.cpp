@@ -9,9 +9,9 @@ OnuAbilityTableManager& Manager() { return *OnuAbilityTableManager::GetInstance(
 // Few prototypes, which the profiles of a load vary: filling each would take a
 // sequence's time.
 struct Prototypes {
-  explicit Prototypes(HostileInput& random, ONU_ABILITY_ENUM_PROFILE_TYPE type) {
+  Prototypes(HostileInput& random, ONU_ABILITY_ENUM_PROFILE_TYPE type, bool irregular) {
     for (OnuAbilityProfile& profile : profiles) {
-      if (random.OneIn(5)) {
+      if (irregular && random.OneIn(2)) {
         FillIrregularProfile(profile, random);
       } else {
         FillProfile(profile, random);
@@ -27,9 +27,7 @@ void Vary(OnuAbilityProfile& profile, HostileInput& random, unsigned int distinc
   const unsigned int key = 1 + random.Below(distinct);
   const unsigned int real_type = 1 + random.Below(distinct);
   profile.UpdateInit(profile._key_ability_code, key);
-  if (!random.OneIn(16)) {
-    profile.UpdateInit(ONU_ABILITY_CODE_REAL_TYPE, real_type);
-  }
+  profile.UpdateInit(ONU_ABILITY_CODE_REAL_TYPE, real_type);
   const unsigned short codes[] = {1002, 1010, 1011, 1012, 1020};
   for (const unsigned short code : codes) {
     const unsigned int number = random.Pick<unsigned int>({1, 2, 2, 3, 0xFFFFFFFFU});
@@ -39,21 +37,21 @@ void Vary(OnuAbilityProfile& profile, HostileInput& random, unsigned int distinc
 }
 
 void Load(Stage& stage, HostileInput& random, unsigned int count, unsigned int distinct) {
-  const auto type = static_cast<ONU_ABILITY_ENUM_PROFILE_TYPE>(random.Pick({1, 2, 2}));
-  stage.Say(Words(count, " profiles of type ", type, ", ", distinct, " different keys"));
-  Prototypes prototypes(random, type);
+  const auto type = static_cast<ONU_ABILITY_ENUM_PROFILE_TYPE>(random.Pick({1, 2}));
+  const bool irregular = random.OneIn(4);
+  stage.Say(Words(count, irregular ? " profiles, some irregular," : " profiles", " of type ", type,
+                  ", ", distinct, " different keys"));
+  Prototypes prototypes(random, type, irregular);
   unsigned int refused = 0;
   for (unsigned int i = 0; i < count; ++i) {
     OnuAbilityProfile& profile = prototypes.profiles[random.Below(6)];
-    Vary(profile, random, distinct);
+    const bool as_it_is = irregular && random.OneIn(4);
+    if (!as_it_is) {
+      Vary(profile, random, distinct);
+    }
     refused += Manager().Add(profile) == 0 ? 0 : 1;
   }
   stage.Note("refused", refused);
-}
-
-void LoadSome(Stage& stage, HostileInput& random) {
-  const unsigned int count = 2 + random.Below(7);
-  Load(stage, random, count, random.Pick({2U, 3U, 6U}));
 }
 
 // --- Tables of the test's own
@@ -159,6 +157,11 @@ void UseBaseTable(Stage& stage, HostileInput& random) {
 
 }  // namespace
 
+void Load(Stage& stage, HostileInput& random) {
+  const unsigned int count = 2 + random.Below(7);
+  Load(stage, random, count, random.Pick({2U, 3U, 6U}));
+}
+
 void LoadMedium(Stage& stage, HostileInput& random) {
   const unsigned int count = 60 + random.Below(140);
   Load(stage, random, count, random.Pick({3U, 40U, 400U}));
@@ -171,9 +174,9 @@ void LoadLarge(Stage& stage, HostileInput& random) {
 
 std::vector<Operation> LoadOperations() {
   return {
-      {"load", 4, LoadSome},
+      {"load", 5, Load},
       {"own tables", 1, MakeOwnTables},
-      {"own table for the manager", 1, PutOwnTable},
+      {"own table for the manager", 1, PutOwnTable, false, true},
       {"own table changed", 2, ChangeOwnTable},
       {"own tables used", 2, UseOwnTables},
       {"base table", 1, UseBaseTable},

@@ -178,13 +178,13 @@ void Serialise(Stage& stage, HostileInput& random) {
 
 std::vector<Operation> ProfileOperations() {
   return {
-      {"profile init", 2, Init},
-      {"profile clear", 1, Clear},
+      {"profile init", 1, Init, false, true},
+      {"profile clear", 1, Clear, false, true},
       {"profile fill", 6, Fill},
-      {"profile irregular fill", 4, FillIrregular},
+      {"profile irregular fill", 4, FillIrregular, false, true},
       {"profile assignment", 2, Assign},
       {"profile copy", 1, Copy},
-      {"profile member", 3, SetMember},
+      {"profile member", 2, SetMember},
       {"profile reading", 3, Read},
       {"profile serialisation", 2, Serialise},
       {"matching with wildcards", 1, Ambiguous},

@@ -114,9 +114,9 @@ std::vector<Operation> ProfileValueOperations() {
       {"profile add value", 2, AddValue},
       {"profile add key", 3, AddKey},
       {"profile add codes", 1, AddAllCodes},
-      {"profile update", 3, Update},
+      {"profile update", 2, Update, false, true},
       {"profile derived", 1, Derive},
-      {"profile delete", 2, Del},
-      {"profile direct change", 4, ChangeDirectly},
+      {"profile delete", 2, Del, false, true},
+      {"profile direct change", 3, ChangeDirectly, false, true},
   };
 }

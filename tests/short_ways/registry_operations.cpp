@@ -74,6 +74,23 @@ void UpdateCode(Stage& stage, HostileInput& random) {
   Codes().Update(record);
 }
 
+// A code of the catalogue keeps all of its attributes, and gives one another value.
+void SetAttribute(Stage& stage, HostileInput& random) {
+  const unsigned short code = random.Code();
+  const auto id = random.AttributeId();
+  const unsigned short value = random.AttributeValue();
+  stage.Say(Words("code ", code, " gets attribute ", id, " = ", value));
+  std::vector<ONU_ABILITY_CODE_ATTR_INFO> records;
+  onu_ability_get_all_ability_attr_info(records);
+  for (auto& record : records) {
+    if (record.ability_code == code) {
+      record.ability_attr[id] = value;
+      Codes().Update(record);
+      return;
+    }
+  }
+}
+
 void SetKeyCode(Stage& stage, HostileInput& random) {
   const unsigned short code = random.KeyCode();
   stage.Say(Words("CodeInfo.SetKeyAbilityCode(", code, ")"));
@@ -117,6 +134,24 @@ void ShowCodes(Stage& stage, HostileInput& random) {
   } else {
     Codes().Show(vty, text);
   }
+}
+
+// What a host kept of the registry and puts back, changed or not.
+void RestoreCodes(Stage& stage, HostileInput& random) {
+  std::vector<ONU_ABILITY_CODE_ATTR_INFO> records;
+  onu_ability_get_all_ability_attr_info(records);
+  const ONU_ABILITY_CODE_ATTR_INFO record = random.Record();
+  const unsigned int place = random.Below(24);
+  const unsigned int kind = random.Below(4);
+  stage.Say(Words("CodeInfo.Restore, kind ", kind, ", place ", place, ", ") + Shown(record));
+  if (kind == 1) {
+    records.push_back(record);
+  } else if (kind == 2 && place < records.size()) {
+    records[place] = record;
+  } else if (kind == 3 && place < records.size()) {
+    std::swap(records[place], records.front());
+  }
+  Codes().Restore(records);
 }
 
 // --- Records handed out
@@ -194,30 +229,50 @@ void MoveRecords(Stage& stage, HostileInput& random) {
   }
 }
 
-}  // namespace
-
-void DefineCatalogue(Stage& stage, HostileInput& random) {
-  stage.Say("a catalogue of attributes and codes");
+void DefineAttributes() {
   Attributes().Add(ONU_ABILITY_ATTR_CONFIRM_TYPE, "CONFIRM");
   Attributes().Add(ONU_ABILITY_ATTR_PORT_TYPE, "PORT");
   Attributes().Add(ONU_ABILITY_ATTR_VALUE_TYPE, "VALUE");
-  const bool lamps_later = random.OneIn(6);  // the codes then acquire the attribute by reading
+}
+
+ONU_ABILITY_CODE_ATTR_INFO CatalogueRecord(unsigned short code, HostileInput& random) {
+  ONU_ABILITY_CODE_ATTR_INFO record;
+  record.ability_code = code;
+  record.ability_name = "CODE_" + std::to_string(code);
+  const bool text = code == 1082 || code == 1083 || code == 1093;
+  const bool lamp = code == 1030 || code == 1031;
+  record.ability_attr[ONU_ABILITY_ATTR_CONFIRM_TYPE] =
+      random.Pick<unsigned short>({0, 1, 2, 3, 3, 3});
+  record.ability_attr[ONU_ABILITY_ATTR_PORT_TYPE] = random.Pick<unsigned short>({0, 0, 3, 7, 4});
+  record.ability_attr[ONU_ABILITY_ATTR_VALUE_TYPE] = text || random.OneIn(12) ? 3 : 2;
+  record.ability_attr[ONU_ABILITY_ATTR_LAMP] = lamp || random.OneIn(10) ? 1 : 0;
+  return record;
+}
+
+}  // namespace
+
+void DefineWholeCatalogue(Stage& stage, HostileInput& random) {
+  stage.Say("a catalogue of attributes and codes");
+  DefineAttributes();
+  Attributes().Add(ONU_ABILITY_ATTR_LAMP, "LAMP");
+  for (const unsigned short code : kCatalogueCodes) {
+    ONU_ABILITY_CODE_ATTR_INFO record = CatalogueRecord(code, random);
+    Codes().Update(record);
+  }
+}
+
+void DefineCatalogue(Stage& stage, HostileInput& random) {
+  stage.Say("a catalogue with gaps");
+  DefineAttributes();
+  // The codes then acquire the attribute by being read.
+  const bool lamps_later = random.OneIn(2);
   if (!lamps_later) {
     Attributes().Add(ONU_ABILITY_ATTR_LAMP, "LAMP");
   }
   for (const unsigned short code : kCatalogueCodes) {
-    ONU_ABILITY_CODE_ATTR_INFO record;
-    record.ability_code = code;
-    record.ability_name = "CODE_" + std::to_string(code);
-    const bool text = code == 1082 || code == 1083 || code == 1093;
-    const bool lamp = code == 1030 || code == 1031;
-    record.ability_attr[ONU_ABILITY_ATTR_CONFIRM_TYPE] =
-        random.Pick<unsigned short>({0, 1, 2, 3, 3, 3});
-    record.ability_attr[ONU_ABILITY_ATTR_PORT_TYPE] = random.Pick<unsigned short>({0, 0, 3, 7, 4});
-    record.ability_attr[ONU_ABILITY_ATTR_VALUE_TYPE] = text || random.OneIn(12) ? 3 : 2;
-    const bool counts = lamp || random.OneIn(10);
-    if (!lamps_later) {
-      record.ability_attr[ONU_ABILITY_ATTR_LAMP] = counts ? 1 : 0;
+    ONU_ABILITY_CODE_ATTR_INFO record = CatalogueRecord(code, random);
+    if (lamps_later) {
+      record.ability_attr.erase(ONU_ABILITY_ATTR_LAMP);
     }
     if (!random.OneIn(12)) {
       Codes().Update(record);
@@ -230,11 +285,18 @@ void DefineCatalogue(Stage& stage, HostileInput& random) {
 
 std::vector<Operation> RegistryOperations() {
   return {
-      {"attribute add", 2, AddAttribute},       {"attribute update", 1, UpdateAttribute},
-      {"attribute delete", 1, DelAttribute},    {"attribute retirement", 1, RetireAttribute},
-      {"attribute questions", 1, AskAttribute}, {"attribute listing", 1, ShowAttributes},
-      {"code update", 6, UpdateCode},           {"key code", 2, SetKeyCode},
-      {"code questions", 5, AskCode},           {"code delete", 3, DelCode},
+      {"attribute add", 2, AddAttribute},
+      {"attribute update", 1, UpdateAttribute},
+      {"attribute delete", 1, DelAttribute, false, true},
+      {"attribute retirement", 1, RetireAttribute, false, true},
+      {"attribute questions", 1, AskAttribute},
+      {"attribute listing", 1, ShowAttributes},
+      {"code update", 5, UpdateCode, false, true},
+      {"code attribute", 3, SetAttribute},
+      {"code restoration", 3, RestoreCodes, false, true},
+      {"key code", 2, SetKeyCode, false, true},
+      {"code questions", 5, AskCode},
+      {"code delete", 3, DelCode, false, true},
       {"code listing", 1, ShowCodes},
   };
 }
@@ -242,7 +304,7 @@ std::vector<Operation> RegistryOperations() {
 std::vector<Operation> RecordOperations() {
   return {
       {"records handed out", 2, HandOut},
-      {"record replacement", 5, ReplaceRecord},
+      {"record replacement", 4, ReplaceRecord},
       {"record change", 8, ChangeRecord},
       {"record move", 4, MoveRecords},
   };

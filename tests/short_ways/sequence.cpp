@@ -2,20 +2,11 @@
 
 #include <vector>
 
+#include "operation_choice.h"
 #include "texts.h"
 #include "twin_runs.h"
 
 namespace {
-
-using Operations = std::vector<Operation>;
-
-Operations Collect(const std::vector<Operations>& areas) {
-  Operations all;
-  for (const Operations& area : areas) {
-    all.insert(all.end(), area.begin(), area.end());
-  }
-  return all;
-}
 
 const Operations& AllOperations(bool records_handed_out) {
   static const Operations trusted =
@@ -24,21 +15,6 @@ const Operations& AllOperations(bool records_handed_out) {
                ConfirmationOperations(), CommandOperations(), SettingOperations()});
   static const Operations all = Collect({trusted, RecordOperations()});
   return records_handed_out ? all : trusted;
-}
-
-const Operation& PickOperation(const Operations& operations, HostileInput& random) {
-  unsigned int total = 0;
-  for (const Operation& operation : operations) {
-    total += operation.weight;
-  }
-  unsigned int place = random.Below(total);
-  for (const Operation& operation : operations) {
-    if (place < operation.weight) {
-      return operation;
-    }
-    place -= operation.weight;
-  }
-  return operations.front();
 }
 
 const Operation& OperationNamed(const std::string& name) {
@@ -50,58 +26,73 @@ const Operation& OperationNamed(const std::string& name) {
   return AllOperations(true).front();
 }
 
+// How a sequence goes on.
+struct Course {
+  const Operations& operations;
+  bool settled;      // nothing unsettles it
+  bool over_tables;  // also what goes over whole tables
+};
+
+const Operation& PickOperation(const Course& course, HostileInput& random) {
+  while (true) {
+    const Operation& operation = PickOperation(course.operations, random);
+    if ((!operation.unsettles || !course.settled) &&
+        (!operation.goes_over_tables || course.over_tables)) {
+      return operation;
+    }
+  }
+}
+
 const Operation kLoud = {"loud mask", 0, ListenLoudly};
 const Operation kQuiet = {"quiet mask", 0, ListenQuietly};
 
 // Most sequences start with a catalogue, tables, hooks and profiles, some from nothing.
-void Begin(std::vector<Step>& steps, HostileInput& random) {
+void Begin(std::vector<Step>& steps, HostileInput& random, bool settled) {
   steps.push_back({kQuiet, random.Next()});
-  if (!random.OneIn(10)) {
+  if (settled) {
+    steps.push_back({{"whole catalogue", 0, DefineWholeCatalogue}, random.Next()});
+  } else if (!random.OneIn(10)) {
     steps.push_back({{"catalogue", 0, DefineCatalogue}, random.Next()});
   }
-  if (random.OneIn(6)) {
+  if (random.OneIn(8)) {
     steps.push_back({OperationNamed("key code"), random.Next()});
   }
-  if (!random.OneIn(10)) {
-    steps.push_back({OperationNamed("table creation"), random.Next()});
-    steps.push_back({OperationNamed("table creation"), random.Next()});
+  if (settled || !random.OneIn(10)) {
+    steps.push_back({{"tables", 0, InitTables}, random.Next()});
     steps.push_back({OperationNamed("hook registration"), random.Next()});
   }
   for (unsigned int i = 0; i < kSlots; ++i) {
     steps.push_back({OperationNamed("profile fill"), random.Next()});
   }
+  steps.push_back({OperationNamed("load"), random.Next()});
   if (random.OneIn(2)) {
     steps.push_back({OperationNamed("load"), random.Next()});
   }
 }
 
 // A quiet host that now and then listens to one operation.
-void BeQuiet(std::vector<Step>& steps, HostileInput& random, const Operations& operations,
-             unsigned int length, bool over_tables) {
+void BeQuiet(std::vector<Step>& steps, HostileInput& random, const Course& course,
+             unsigned int length) {
   for (unsigned int i = 0; i < length; ++i) {
-    const Operation& operation = PickOperation(operations, random);
-    const bool listens = over_tables && random.OneIn(10);
-    const std::uint64_t seeds[] = {random.Next(), random.Next(), random.Next()};
-    if (operation.goes_over_tables && !over_tables) {
-      continue;
-    }
+    const bool listens = course.over_tables && random.OneIn(10);
     if (listens) {
-      steps.push_back({kLoud, seeds[0]});
+      steps.push_back({kLoud, random.Next()});
     }
-    steps.push_back({operation, seeds[1]});
+    const Operation& operation = PickOperation(course, random);
+    steps.push_back({operation, random.Next()});
     if (listens) {
-      steps.push_back({kQuiet, seeds[2]});
+      steps.push_back({kQuiet, random.Next()});
     }
   }
 }
 
-void BeLoud(std::vector<Step>& steps, HostileInput& random, const Operations& operations) {
+void BeLoud(std::vector<Step>& steps, HostileInput& random, const Course& course) {
   const unsigned int length = 20 + random.Below(30);
   for (unsigned int i = 0; i < length; ++i) {
     if (random.OneIn(6)) {
       steps.push_back({random.OneIn(3) ? kQuiet : kLoud, random.Next()});
     }
-    const Operation& operation = PickOperation(operations, random);
+    const Operation& operation = PickOperation(course, random);
     steps.push_back({operation, random.Next()});
   }
 }
@@ -109,22 +100,22 @@ void BeLoud(std::vector<Step>& steps, HostileInput& random, const Operations& op
 // Most tables are small; now and then one has more than 64 or 2,000 profiles.
 std::vector<Step> Generate(std::uint64_t seed, bool records_handed_out) {
   HostileInput random(seed);
-  const Operations& operations = AllOperations(records_handed_out);
+  const unsigned int size = random.Below(64);
+  const Course course = {AllOperations(records_handed_out), random.OneIn(2), size >= 8};
   std::vector<Step> steps;
-  Begin(steps, random);
-  const unsigned int kind = random.Below(64);
-  if (kind == 0) {
+  Begin(steps, random, course.settled);
+  if (size == 0) {
     steps.push_back({{"large load", 0, LoadLarge}, random.Next()});
-    BeQuiet(steps, random, operations, 40, false);
-  } else if (kind < 8) {
+    BeQuiet(steps, random, course, 40);
+  } else if (size < 8) {
     steps.push_back({{"medium load", 0, LoadMedium}, random.Next()});
-    BeQuiet(steps, random, operations, 60, false);
+    BeQuiet(steps, random, course, 60);
     steps.push_back({{"medium load", 0, LoadMedium}, random.Next()});
-    BeQuiet(steps, random, operations, 20, false);
-  } else if (kind < 14) {
-    BeLoud(steps, random, operations);
+    BeQuiet(steps, random, course, 20);
+  } else if (size < 14) {
+    BeLoud(steps, random, course);
   } else {
-    BeQuiet(steps, random, operations, 40 + random.Below(80), true);
+    BeQuiet(steps, random, course, 40 + random.Below(80));
   }
   steps.push_back({OperationNamed("state"), 0});
   return steps;

@@ -117,6 +117,9 @@ unsigned int Stage::Key(HostileInput& random) const {
   const auto code = random.Pick<unsigned short>({1081, 1085, 1085});
   const unsigned int other = random.Key();
   const bool known = random.OneIn(2);
+  if (!random.OneIn(4) && favourite.has_value()) {
+    return *favourite;
+  }
   const auto held = profile._common_ability.find(code);
   return known && held != profile._common_ability.end() ? held->second.ability_ushort_value : other;
 }

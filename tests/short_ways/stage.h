@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -51,8 +52,10 @@ class Stage {
   // All since the last call.
   std::string TakeTrace();
 
-  // A key ability value or real type, often that of a profile below.
+  // A key ability value or real type: the favourite, or that of a profile below, or
+  // any.
   unsigned int Key(HostileInput& random) const;
+  std::optional<unsigned int> favourite;
 
   bool HandsRecordsOut() const { return records_handed_out_; }
   // Null unless it does.
@@ -84,7 +87,10 @@ struct Operation {
   const char* name;
   unsigned int weight;
   void (*run)(Stage& stage, HostileInput& random);
-  bool goes_over_tables = false;  // at a cost that grows with the square of their size
+  // Kinds that some sequences leave out: a cost that grows with the square of a
+  // table's size; what keeps short ways from being taken, so that others take them.
+  bool goes_over_tables = false;
+  bool unsettles = false;
 };
 
 // The operations of each area. `RecordOperations` are those that need the records.
@@ -93,16 +99,22 @@ std::vector<Operation> RecordOperations();
 std::vector<Operation> ProfileOperations();
 std::vector<Operation> ProfileValueOperations();
 std::vector<Operation> TableOperations();
+std::vector<Operation> StoredProfileOperations();
+std::vector<Operation> MatchOperations();
 std::vector<Operation> LoadOperations();
 std::vector<Operation> LookupOperations();
 std::vector<Operation> ConfirmationOperations();
 std::vector<Operation> QueryOperations();
 std::vector<Operation> CommandOperations();
 std::vector<Operation> SettingOperations();
+std::vector<Operation> RepeatedQuestions();
 
-// What starts a sequence: attributes and codes, and tables of more than 64 and more
-// than 2,000 profiles.
+// What starts a sequence: attributes and codes, all of them or with gaps, the tables,
+// and loads of more than 64 and more than 2,000 profiles.
+void DefineWholeCatalogue(Stage& stage, HostileInput& random);
 void DefineCatalogue(Stage& stage, HostileInput& random);
+void InitTables(Stage& stage, HostileInput& random);
+void Load(Stage& stage, HostileInput& random);
 void LoadMedium(Stage& stage, HostileInput& random);
 void LoadLarge(Stage& stage, HostileInput& random);
 // The log mask of a host in production, or of one that looks for something.

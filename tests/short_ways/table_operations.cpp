@@ -1,4 +1,6 @@
 // The tables: their life, what they store, matching and bind counts.
+#include <utility>
+
 #include "stage.h"
 #include "texts.h"
 
@@ -21,11 +23,32 @@ void Create(Stage& stage, HostileInput& random) {
 
 void Destroy(Stage& stage, HostileInput& random) {
   const auto type = random.Type();
-  const bool again = random.OneIn(2);
+  const bool again = !random.OneIn(4);
   stage.Say(Words("manager.DelOnuAbilityTable(", type, ")", again ? ", and a new one" : ""));
   Manager().DelOnuAbilityTable(type);
   if (again) {
     Manager().AddOnuAbilityTable(type);
+  }
+}
+
+// What a host kept of a table and puts back, in another order and with changes.
+void Restore(Stage& stage, HostileInput& random) {
+  const auto type = random.Type();
+  const unsigned int slot = random.Slot();
+  const unsigned int place = random.Below(12);
+  const unsigned int kind = random.Below(4);
+  stage.Say(Words("table ", type, ": Restore, kind ", kind, ", place ", place, ", p", slot));
+  std::vector<OnuAbilityProfile> kept;
+  Manager().GetAll(type, ONU_ABILITY_PROFILE_SOURCE_ALL, kept);
+  if (kind == 1) {
+    kept.push_back(stage.profiles[slot]);
+  } else if (kind == 2 && place < kept.size()) {
+    kept[place] = stage.profiles[slot];
+  } else if (kind == 3 && place < kept.size()) {
+    std::swap(kept[place], kept.back());
+  }
+  if (OnuAbilityTableBase* table = TableOfType(type)) {
+    table->Restore(kept);
   }
 }
 
@@ -81,8 +104,9 @@ void DelAll(Stage& stage, HostileInput& random) {
 }
 
 unsigned short ValueCode(HostileInput& random) {
-  return random.OneIn(2) ? random.Code()
-                         : random.Pick<unsigned short>({1085, 1085, 1081, 1081, 1030, 1083});
+  return random.OneIn(2)
+             ? random.Code()
+             : random.Pick<unsigned short>({1085, 1085, 1081, 1081, 1030, 1031, 1083, 1010, 1011});
 }
 
 void AddNumber(Stage& stage, HostileInput& random) {
@@ -135,7 +159,8 @@ OnuAbilityProfile Report(HostileInput& random) {
   if (random.OneIn(12)) {
     return report;
   }
-  const unsigned short codes[] = {1002, 1010, 1011, 1012, 1020, 1030, 1031, 1080, 1085};
+  const unsigned short codes[] = {1001, 1002, 1010, 1011, 1012, 1020,
+                                  1030, 1031, 1080, 1085, 65533};
   for (const unsigned short code : codes) {
     const unsigned int number = random.Pick<unsigned int>({1, 1, 2, 0, 257, 0xFFFFFFFFU});
     if (!random.OneIn(3)) {
@@ -188,19 +213,35 @@ void AskTable(Stage& stage, HostileInput& random) {
 
 }  // namespace
 
+void InitTables(Stage& stage, HostileInput& /*random*/) {
+  stage.Say("manager.Init()");
+  Manager().Init();
+}
+
 std::vector<Operation> TableOperations() {
   return {
       {"table creation", 1, Create},
-      {"table destruction", 1, Destroy},
+      {"table destruction", 1, Destroy, false, true},
+  };
+}
+
+std::vector<Operation> StoredProfileOperations() {
+  return {
       {"table add", 8, Add},
       {"table direct add", 2, AddPastManager},
       {"table delete", 4, Del},
       {"table delete by key", 5, DelByKey},
       {"table replacement", 5, Replace},
       {"table delete all", 1, DelAll},
-      {"table add number", 8, AddNumber},
+      {"table restoration", 2, Restore},
+      {"table add number", 10, AddNumber},
       {"table add text", 5, AddText},
       {"table bind count", 4, Bind},
+  };
+}
+
+std::vector<Operation> MatchOperations() {
+  return {
       {"table match", 4, Match},
       {"table match of a report", 12, MatchReport},
       {"table direct match", 2, MatchPastManager},
