@@ -4,6 +4,7 @@
 #   scripts/install_packages.sh build   the library, olt_host and their tests
 #   scripts/install_packages.sh check   the other gates (clang, lint, format)
 #   scripts/install_packages.sh bench   the benchmark, its references and its plot
+#   scripts/install_packages.sh cross   the compiler for 32-bit ARM
 #
 # docs/dependencies.md says what each package is for.
 set -eu
@@ -13,12 +14,14 @@ build_packages="g++ cmake ninja-build pkg-config libgtest-dev libyaml-cpp-dev li
   python3 python3-pyte python3-jsonschema python3-yaml"
 check_packages="clang clang-format clang-tidy"
 bench_packages="libbenchmark-dev libsqlite3-dev liblmdb-dev python3-matplotlib"
+cross_packages="g++-arm-linux-gnueabihf"
 
 case "${1:-}" in
   build) packages=$build_packages ;;
   check) packages=$check_packages ;;
   bench) packages=$bench_packages ;;
-  *) echo "usage: $0 build|check|bench" >&2; exit 2 ;;
+  cross) packages=$cross_packages ;;
+  *) echo "usage: $0 build|check|bench|cross" >&2; exit 2 ;;
 esac
 
 missing=""

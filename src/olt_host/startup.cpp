@@ -25,7 +25,6 @@ void ReadInputs(const CommandLine& command_line) {
   host.catalogue = ReadCatalogueFiles(command_line.catalogue);
   for (const std::string& refused : host.catalogue.refused) std::cerr << refused << "\n";
   host.state_file = command_line.state_file;
-  host.reports_file = command_line.reports;
   if (command_line.reports.empty()) return;
   host.population = std::make_shared<const Population>(
       ReadReports(command_line.reports, host.catalogue.catalogue));

@@ -24,7 +24,6 @@ struct HostContext {
   LoadedCatalogue catalogue;
 
   // The live ONUs and what became of them; empty without reports.
-  std::string reports_file;
   std::shared_ptr<const Population> population;
   ConfirmedOnus confirmed;
 

@@ -11,7 +11,6 @@
 #include <asio/write.hpp>
 #include <cerrno>
 #include <csignal>
-#include <cstdlib>
 #include <memory>
 #include <stdexcept>
 #include <string>

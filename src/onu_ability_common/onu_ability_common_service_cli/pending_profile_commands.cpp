@@ -11,7 +11,6 @@ namespace {
 
 constexpr unsigned int kVendorIdLength = 4;
 constexpr unsigned int kTypeNameLength = 20;
-constexpr unsigned char kNoOmciMode = 255;
 
 OnuAbilityProfile* Pending() { return OnuAbilityGlobalVar::GetInstance()->_onu_ability_profile; }
 
@@ -111,7 +110,7 @@ int cl_show_onu_ability_table_by_manual_fun(cmd_element* /*element*/, struct vty
   OnuAbilityProfile* pending = Pending();
   if (pending != nullptr) {
     ONU_ABILITY_PHYSICAL_SN no_onu;
-    pending->Show(vty, ONU_ABILITY_PROFILE_SOURCE_EXTERNAL, flag, no_onu, kNoOmciMode);
+    pending->Show(vty, ONU_ABILITY_PROFILE_SOURCE_EXTERNAL, flag, no_onu, ONU_ABILITY_NO_OMCI_MODE);
   }
   vty_out(vty, "\r\n");
   return 0;

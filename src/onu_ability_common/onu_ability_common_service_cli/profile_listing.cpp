@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr unsigned char kNoOmciMode = 255;
 constexpr unsigned int kCellsALine = 3;
 
 void ShowOnu(struct vty* terminal, const ONU_ABILITY_PHYSICAL_SN& sn, unsigned char omci_mode) {
@@ -20,7 +19,7 @@ void ShowOnu(struct vty* terminal, const ONU_ABILITY_PHYSICAL_SN& sn, unsigned c
   if (sn.onu_id != 0xFF) {
     vty_out(terminal, "onu_id:                %-30d\r\n", sn.onu_id);
   }
-  if (omci_mode != kNoOmciMode) {
+  if (omci_mode != ONU_ABILITY_NO_OMCI_MODE) {
     vty_out(terminal, "omci_mode:             %-30d\r\n", omci_mode);
   }
 }

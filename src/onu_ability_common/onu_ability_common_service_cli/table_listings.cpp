@@ -5,8 +5,6 @@
 
 namespace {
 
-constexpr unsigned char kNoOmciMode = 255;
-
 bool IsTable(int match_or_real) {
   return match_or_real == ONU_ABILITY_PROFILE_TYPE_REAL ||
          match_or_real == ONU_ABILITY_PROFILE_TYPE_MATCH;
@@ -16,7 +14,7 @@ void ShowProfiles(std::vector<OnuAbilityProfile>& profiles, int source, int flag
   ONU_ABILITY_PHYSICAL_SN no_onu;
   for (auto& profile : profiles) {
     profile.Show(vty, static_cast<ONU_ABILITY_ENUM_PROFILE_SOURCE>(source),
-                 static_cast<unsigned int>(flag), no_onu, kNoOmciMode);
+                 static_cast<unsigned int>(flag), no_onu, ONU_ABILITY_NO_OMCI_MODE);
   }
 }
 

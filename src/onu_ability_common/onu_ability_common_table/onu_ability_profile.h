@@ -15,6 +15,9 @@
 #include "variant.h"
 #include "vty.h"
 
+// The OMCI mode of a listing that shows no ONU.
+constexpr unsigned char ONU_ABILITY_NO_OMCI_MODE = 255;
+
 class ONU_ABILITY_API OnuAbilityProfile {
  public:
   // An empty profile that is neither real nor match; see Init.
@@ -126,7 +129,7 @@ class ONU_ABILITY_API OnuAbilityProfile {
   void UnSerialize(const Variant& variant);
 
   // Lists the profile on the terminal. `source` filters (2 is all); `flag` 0
-  // hides numbers equal to the default. `sn` and `omci_mode` (255: none)
+  // hides numbers equal to the default. `sn` and `omci_mode` (ONU_ABILITY_NO_OMCI_MODE: none)
   // describe one ONU.
   void Show(void* vty, ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned int flag,
             ONU_ABILITY_PHYSICAL_SN& sn, unsigned char omci_mode);

@@ -151,8 +151,11 @@ unsigned int PatternIndex::Newest(std::vector<Compared>& compared) {
     question.fitting = question.column->CountFitting(*question.value);
   }
   // The one that excludes most comes first: often little is left after a few.
-  std::sort(compared.begin(), compared.end(),
-            [](const Compared& a, const Compared& b) { return a.fitting < b.fitting; });
+  for (auto next = compared.begin(); next != compared.end(); ++next) {
+    std::iter_swap(next, std::min_element(next, compared.end(), [](const auto& a, const auto& b) {
+                     return a.fitting < b.fitting;
+                   }));
+  }
   _fitting.assign((_size + kBitsOfWord - 1) / kBitsOfWord, ~std::uint64_t{0});
   _fitting.back() >>= (kBitsOfWord - _size % kBitsOfWord) % kBitsOfWord;
   for (const Compared& question : compared) {

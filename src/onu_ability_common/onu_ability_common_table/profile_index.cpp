@@ -28,7 +28,7 @@ bool IsSilentSum(const OnuAbilityProfile& profile, const AbilityCodeReader& code
 
 std::size_t NumberPositions::PlaceOf(unsigned int number) const {
   // Multiplied so that neighbours, which keys and types often are, spread.
-  std::size_t place = (number * 2654435769U & 0xFFFFFFFFU) >> _shift;
+  std::size_t place = number * 2654435769U >> _shift;
   while (_places[place].position != kNoPosition && _places[place].number != number) {
     place = (place + 1) & (_places.size() - 1);
   }
