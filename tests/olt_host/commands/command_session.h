@@ -46,7 +46,6 @@ class CommandSession {
     host = olt_host::HostContext();
     host.catalogue_request.shipped = {catalogue};
     host.catalogue = olt_host::ReadCatalogueFiles(host.catalogue_request);
-    host.reports_file = reports;
     if (!reports.empty()) {
       host.population = std::make_shared<const olt_host::Population>(
           olt_host::ReadReports(reports, host.catalogue.catalogue));
