@@ -12,12 +12,13 @@ namespace {
 
 constexpr unsigned int kStormOnus = 8192;
 constexpr unsigned int kOnusOfPlace = 128;
+constexpr int kConfirmations = 8 * kReports;  // of a repetition
 
 // Which of the ONUs report a type that the match table knows.
 enum class Known { kNone, kAll, kEverySecond };
 
 struct Ground {
-  const std::vector<Report>* reports = nullptr;
+  std::vector<Report> reports;
   Known known = Known::kNone;
 };
 
@@ -32,7 +33,7 @@ unsigned int NumberOf(unsigned short place, unsigned char onu) {
 }
 
 const Report& ReportOf(unsigned short place, unsigned char onu) {
-  const auto& reports = *CurrentGround().reports;
+  const auto& reports = CurrentGround().reports;
   return reports[NumberOf(place, onu) % reports.size()];
 }
 
@@ -83,8 +84,7 @@ unsigned int IdentifySetting(unsigned int /*index*/, unsigned short /*place*/,
 unsigned int ReadOneByOne(unsigned short /*place*/, unsigned char /*onu*/) { return 1; }
 
 unsigned int DeviceName(unsigned short place, unsigned char onu, unsigned int length, char* name) {
-  const std::string& text = ReportOf(place, onu).device_name;
-  std::memcpy(name, text.data(), std::min<std::size_t>(length, text.size()));
+  ReportOf(place, onu).device_name.copy(name, length);
   return 0;
 }
 
@@ -109,7 +109,7 @@ void RegisterHooks() {
 void Prepare(const Setting& setting, Known known) {
   World& world = WorldOf(kUsualSize);
   world.Use();
-  CurrentGround() = {&world.Middle(), known};
+  CurrentGround() = {world.Middle(), known};
   Apply(setting);
 }
 
@@ -123,7 +123,8 @@ unsigned int Confirm(unsigned int number) {
 void RunPerform(benchmark::State& state, const Setting& setting, Known known) {
   Prepare(setting, known);
   unsigned int number = 0;
-  for (auto _ : state) {
+  for (int i = 0; i < kReports; ++i) benchmark::DoNotOptimize(Confirm(number++));
+  while (state.KeepRunning()) {
     benchmark::DoNotOptimize(Confirm(number));
     number = (number + 1) % kStormOnus;
   }
@@ -133,7 +134,7 @@ void RunStorm(benchmark::State& state, unsigned int thread_count) {
   Prepare(kLibrary, Known::kEverySecond);
   double seconds = 0;
   TakeWaitedNanoseconds();
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     const auto start = std::chrono::steady_clock::now();
     std::vector<std::thread> threads;
     for (unsigned int first = 0; first < thread_count; ++first) {
@@ -169,8 +170,13 @@ void RequireSameAnswers() {
 }
 
 void RegisterPerform(const char* work, const Setting& setting, Known known) {
-  benchmark::RegisterBenchmark(RowName(work, setting.contender, kUsualSize).c_str(),
-                               [=](benchmark::State& state) { RunPerform(state, setting, known); });
+  auto& row = AddRow(work, setting.contender, kUsualSize,
+                     [=](benchmark::State& state) { RunPerform(state, setting, known); });
+  if (IsSlow(setting)) {
+    row.Iterations(kReports)->Repetitions(kSlowRepetitions);
+  } else {
+    row.Iterations(kConfirmations);
+  }
 }
 
 }  // namespace
@@ -183,9 +189,10 @@ void RegisterConfirmation() {
     RegisterPerform("perform_by_type", setting, Known::kAll);
   }
   for (const unsigned int threads : {1U, 2U, 4U}) {
-    benchmark::RegisterBenchmark(RowName("storm", "library", threads).c_str(),
-                                 [=](benchmark::State& state) { RunStorm(state, threads); })
-        ->UseManualTime();
+    AddRow("storm", "library", threads, [=](benchmark::State& state) { RunStorm(state, threads); })
+        .UseManualTime()
+        ->Iterations(1)
+        ->Repetitions(kSlowRepetitions);
   }
 }
 

@@ -3,19 +3,9 @@
 #include <algorithm>
 
 #include "bep.h"
+#include "host_lock.h"
 
 namespace {
-
-class Locked {
- public:
-  explicit Locked(CMutexLock& mutex) : _mutex(mutex) { _mutex.Lock(-1, nullptr, 0); }
-  ~Locked() { _mutex.Unlock(nullptr, 0); }
-  Locked(const Locked&) = delete;
-  Locked& operator=(const Locked&) = delete;
-
- private:
-  CMutexLock& _mutex;
-};
 
 bool IsLampCode(unsigned short code) {
   return code >= kFirstLampCode && code < kFirstLampCode + kLampCodes;
@@ -52,14 +42,14 @@ FloorReference::FloorReference(std::size_t profiles) : _profiles(profiles) {
 }
 
 unsigned int FloorReference::Number(unsigned int key, unsigned short code) {
-  const Locked locked(_mutex);
+  const HostLock lock(_mutex);
   const auto profile = _by_key.find(key);
   return profile == _by_key.end() ? 0 : NumberIn(profile->second->abilities, code);
 }
 
 unsigned int FloorReference::Text(unsigned int key, unsigned short code, char* buffer,
                                   unsigned int size) {
-  const Locked locked(_mutex);
+  const HostLock lock(_mutex);
   const auto profile = _by_key.find(key);
   if (profile == _by_key.end()) return 1;
   const auto ability = profile->second->abilities.find(code);
@@ -75,7 +65,7 @@ unsigned int FloorReference::Text(unsigned int key, unsigned short code, char* b
 }
 
 unsigned int FloorReference::Lamps(unsigned int key, unsigned short code) {
-  const Locked locked(_mutex);
+  const HostLock lock(_mutex);
   const auto profile = _by_key.find(key);
   if (profile == _by_key.end()) return 0;
   unsigned int total = NumberIn(profile->second->abilities, code);

@@ -49,7 +49,7 @@ void RunLibrary(benchmark::State& state, const Setting& setting,
   Apply(setting);
   const auto& real = RealDescriptions();
   const auto& match = MatchDescriptions();
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     UseNewTables();
     OnuAbilityProfile request;
     request.Init(ONU_ABILITY_PROFILE_TYPE_MATCH, ONU_ABILITY_PROFILE_SOURCE_ALL,
@@ -70,7 +70,7 @@ void RunLibrary(benchmark::State& state, const Setting& setting,
 void RunBare(benchmark::State& state) {
   const auto& real = RealDescriptions();
   const auto& match = MatchDescriptions();
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     std::vector<BareProfile> tables[2];
     const double start = ThreadSeconds();
     for (std::size_t i = 0; i < kUsualSize; ++i) InsertBare(real[i], tables[0].emplace_back());
@@ -82,12 +82,10 @@ void RunBare(benchmark::State& state) {
 
 void RegisterLibraryRow(const char* work, const Setting& setting,
                         ONU_ABILITY_ENUM_PROFILE_SOURCE source) {
-  auto* row = benchmark::RegisterBenchmark(
-      RowName(work, setting.contender, kUsualSize).c_str(),
-      [=](benchmark::State& state) { RunLibrary(state, setting, source); });
-  row->UseManualTime();
-  // Seconds each.
-  if (setting.walks_only || setting.mask == kEverything) row->Iterations(1)->Repetitions(1);
+  auto& row = AddRow(work, setting.contender, kUsualSize,
+                     [=](benchmark::State& state) { RunLibrary(state, setting, source); });
+  // A load with walks takes seconds.
+  row.UseManualTime()->Iterations(1)->Repetitions(IsSlow(setting) ? 1 : 2 * kSlowRepetitions);
 }
 
 }  // namespace
@@ -97,8 +95,10 @@ void RegisterLoading() {
     RegisterLibraryRow("load_default", setting, ONU_ABILITY_PROFILE_SOURCE_DEFAULT);
   }
   RegisterLibraryRow("load_external", kLibrary, ONU_ABILITY_PROFILE_SOURCE_EXTERNAL);
-  benchmark::RegisterBenchmark(RowName("load", "bare", kUsualSize).c_str(), RunBare)
-      ->UseManualTime();
+  AddRow("load", "bare", kUsualSize, RunBare)
+      .UseManualTime()
+      ->Iterations(1)
+      ->Repetitions(2 * kSlowRepetitions);
 }
 
 void RegisterHandedOutLoading() {

@@ -26,6 +26,6 @@ void RunLine(benchmark::State& state) {
 }  // namespace
 
 void RegisterLogging() {
-  benchmark::RegisterBenchmark(RowName("log_line", "floor", 1).c_str(), RunNothing);
-  benchmark::RegisterBenchmark(RowName("log_line", "library", 1).c_str(), RunLine);
+  AddRow("log_line", "floor", 1, RunNothing);
+  AddRow("log_line", "library", 1, RunLine);
 }

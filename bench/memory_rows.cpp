@@ -54,7 +54,7 @@ void Run(benchmark::State& state, ONU_ABILITY_ENUM_PROFILE_TYPE type) {
   const auto& descriptions = is_real ? RealDescriptions() : MatchDescriptions();
   double table = 0;
   double bare = 0;
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     const double before = HeapBytes();
     UseNewTables();
     for (std::size_t i = 0; i < kUsualSize; ++i) {
@@ -79,9 +79,8 @@ void Run(benchmark::State& state, ONU_ABILITY_ENUM_PROFILE_TYPE type) {
 void RegisterMemory() {
   for (const auto type : {ONU_ABILITY_PROFILE_TYPE_REAL, ONU_ABILITY_PROFILE_TYPE_MATCH}) {
     const char* work = type == ONU_ABILITY_PROFILE_TYPE_REAL ? "memory_real" : "memory_match";
-    benchmark::RegisterBenchmark(RowName(work, "library", kUsualSize).c_str(),
-                                 [=](benchmark::State& state) { Run(state, type); })
-        ->Iterations(1)
+    AddRow(work, "library", kUsualSize, [=](benchmark::State& state) { Run(state, type); })
+        .Iterations(1)
         ->Repetitions(1);
   }
 }

@@ -6,7 +6,8 @@ namespace {
 constexpr std::size_t kSizes[] = {200, 2000, 10000};
 // Requests between two looks at the clock. Recognition overwrites its profile, so each
 // batch is restored beforehand, outside of the time that counts.
-constexpr std::size_t kBatch = 64;
+constexpr std::size_t kBatch = kReports;
+constexpr int kBatches = 16;
 
 using Reports = const std::vector<Report>& (World::*)() const;
 
@@ -38,9 +39,8 @@ void RunLibrary(benchmark::State& state, std::size_t size, const Setting& settin
   const World& world = WorldOf(size);
   world.Use();
   Apply(setting);
-  const bool is_slow = setting.walks_only || setting.mask == kEverything;
   const auto originals = ProfilesOf((world.*reports)());
-  std::vector<OnuAbilityProfile> requests(is_slow ? 1 : kBatch);
+  std::vector<OnuAbilityProfile> requests(IsSlow(setting) ? 1 : kBatch);
   std::size_t next = 0;
   OnuAbilityTableManager& manager = *OnuAbilityTableManager::GetInstance();
   while (state.KeepRunningBatch(static_cast<benchmark::IterationCount>(requests.size()))) {
@@ -58,7 +58,7 @@ void RunSqlite(benchmark::State& state, std::size_t size, Reports reports) {
   World& world = WorldOf(size);
   const auto& requests = (world.*reports)();
   std::size_t next = 0;
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     benchmark::DoNotOptimize(world.Sqlite().Recognise(requests[next]));
     if (++next == requests.size()) next = 0;
   }
@@ -66,10 +66,14 @@ void RunSqlite(benchmark::State& state, std::size_t size, Reports reports) {
 
 void RegisterLibraryRow(const char* work, const Setting& setting, std::size_t size,
                         Reports reports) {
-  benchmark::RegisterBenchmark(
-      RowName(work, setting.contender, size).c_str(),
-      [=](benchmark::State& state) { RunLibrary(state, size, setting, reports); })
-      ->UseManualTime();
+  auto& row = AddRow(work, setting.contender, size,
+                     [=](benchmark::State& state) { RunLibrary(state, size, setting, reports); });
+  row.UseManualTime();
+  if (IsSlow(setting)) {
+    row.Iterations(kReports)->Repetitions(kSlowRepetitions);
+  } else {
+    row.Iterations(kBatch * kBatches);
+  }
 }
 
 void RequireSameAnswers(const char* work, Reports reports) {
@@ -95,8 +99,9 @@ void RegisterWork(const char* work, Reports reports) {
   for (const std::size_t size : kSizes) {
     RegisterLibraryRow(work, kLibrary, size, reports);
     RegisterLibraryRow(work, kWalk, size, reports);
-    benchmark::RegisterBenchmark(RowName(work, "sqlite", size).c_str(),
-                                 [=](benchmark::State& state) { RunSqlite(state, size, reports); });
+    AddRow(work, "sqlite", size, [=](benchmark::State& state) { RunSqlite(state, size, reports); })
+        .Iterations(kReports)
+        ->Repetitions(kSlowRepetitions);
   }
   RegisterLibraryRow(work, kAllOn, kUsualSize, reports);
   RegisterLibraryRow(work, kAllOff, kUsualSize, reports);

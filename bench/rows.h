@@ -8,6 +8,7 @@
 #include <benchmark/benchmark.h>
 
 #include <cstddef>
+#include <functional>
 #include <stdexcept>
 #include <string>
 
@@ -31,16 +32,27 @@ constexpr Setting kHandedOut = {"handed_out", false, kProduction};
 // The population of most rows.
 constexpr std::size_t kUsualSize = 2000;
 
+// Rows that are held against each other do the same number of steps, so that what other
+// programs leave in the caches costs each of them the same. Slow rows (microseconds a
+// step and more) are repeated less often.
+constexpr int kSlowRepetitions = 9;
+
+// Whether the library goes through all profiles with each question.
+inline bool IsSlow(const Setting& setting) {
+  return setting.walks_only || setting.mask == kEverything;
+}
+
 // Each row sets what it needs: rows take turns in an order that nobody knows.
 inline void Apply(const Setting& setting) {
   SetWalksOnly(setting.walks_only);
   onu_ability_set_log_level_mask(setting.mask);
 }
 
-inline std::string RowName(const std::string& work, const std::string& contender,
-                           std::size_t size) {
-  return work + "/" + contender + "/" + std::to_string(size);
-}
+using RowBody = std::function<void(benchmark::State&)>;
+
+// Adds the row work/contender/size.
+benchmark::internal::Benchmark& AddRow(const std::string& work, const std::string& contender,
+                                       std::size_t size, RowBody body);
 
 // A figure for a wrong answer is worth nothing.
 inline void RequireAgreement(bool agree, const std::string& row) {

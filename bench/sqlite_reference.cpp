@@ -6,6 +6,8 @@
 #include <cstring>
 #include <stdexcept>
 
+#include "host_lock.h"
+
 namespace {
 
 void Require(bool holds, sqlite3* database) {
@@ -16,9 +18,19 @@ void BindText(sqlite3_stmt* statement, int place, const std::string& text) {
   sqlite3_bind_text(statement, place, text.data(), static_cast<int>(text.size()), SQLITE_STATIC);
 }
 
-// A code of a key, ready to step.
+// Ends the statement's own transaction when the row has been read.
+class Reset {
+ public:
+  explicit Reset(sqlite3_stmt* statement) : _statement(statement) {}
+  ~Reset() { sqlite3_reset(_statement); }
+  Reset(const Reset&) = delete;
+  Reset& operator=(const Reset&) = delete;
+
+ private:
+  sqlite3_stmt* _statement;
+};
+
 void Ask(sqlite3_stmt* statement, unsigned int key, unsigned short code) {
-  sqlite3_reset(statement);
   sqlite3_bind_int64(statement, 1, key);
   sqlite3_bind_int(statement, 2, code);
 }
@@ -41,14 +53,15 @@ SqliteReference::SqliteReference(std::size_t profiles) {
   Execute("BEGIN");
   LoadAbilities(profiles);
   LoadPatterns(profiles);
-  Execute("COMMIT; ANALYZE; BEGIN");
+  Execute("COMMIT; ANALYZE");
   _number = Prepare("SELECT number FROM ability WHERE key = ?1 AND code = ?2");
   _text = Prepare("SELECT text FROM ability WHERE key = ?1 AND code = ?2");
   std::string fits;
   for (std::size_t place = 1; place <= kComparedCodes; ++place) {
-    const std::string column = "c" + std::to_string(place);
-    fits += (fits.empty() ? "(" : " AND (") + column + " IS NULL OR " + column + " = ?" +
-            std::to_string(place) + ")";
+    const std::string number = std::to_string(place);
+    fits += fits.empty() ? "" : " AND ";
+    fits.append("(c").append(number).append(" IS NULL OR c").append(number);
+    fits.append(" = ?").append(number).append(")");
   }
   _recognise = Prepare("SELECT id FROM pattern WHERE " + fits + " ORDER BY id DESC LIMIT 1");
 }
@@ -118,6 +131,8 @@ void SqliteReference::LoadPatterns(std::size_t patterns) {
 }
 
 unsigned int SqliteReference::Number(unsigned int key, unsigned short code) {
+  const HostLock lock(_mutex);
+  const Reset reset(_number.get());
   Ask(_number.get(), key, code);
   if (sqlite3_step(_number.get()) != SQLITE_ROW) return 0;
   return static_cast<unsigned int>(sqlite3_column_int64(_number.get(), 0));
@@ -125,6 +140,8 @@ unsigned int SqliteReference::Number(unsigned int key, unsigned short code) {
 
 unsigned int SqliteReference::Text(unsigned int key, unsigned short code, char* buffer,
                                    unsigned int size) {
+  const HostLock lock(_mutex);
+  const Reset reset(_text.get());
   Ask(_text.get(), key, code);
   if (sqlite3_step(_text.get()) != SQLITE_ROW) return 1;
   const auto* text = sqlite3_column_text(_text.get(), 0);
@@ -137,8 +154,9 @@ unsigned int SqliteReference::Text(unsigned int key, unsigned short code, char* 
 }
 
 int SqliteReference::Recognise(const Report& report) {
+  const HostLock lock(_mutex);
   sqlite3_stmt* statement = _recognise.get();
-  sqlite3_reset(statement);
+  const Reset reset(statement);
   for (std::size_t place = 0; place < kComparedCodes; ++place) {
     if (place == kVendorPlace) {
       BindText(statement, static_cast<int>(place) + 1, report.vendor);

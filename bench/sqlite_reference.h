@@ -1,5 +1,6 @@
 // What an engineer would reach for first: the same values in SQLite, in memory, asked by
-// prepared statements inside one open transaction.
+// prepared statements. A database in memory has one connection, so threads that share it
+// take a mutex, the same as the library's.
 #ifndef BENCH_SQLITE_REFERENCE_H
 #define BENCH_SQLITE_REFERENCE_H
 
@@ -7,6 +8,7 @@
 #include <memory>
 #include <string>
 
+#include "mutex_lock.h"
 #include "population.h"
 
 struct sqlite3;
@@ -38,6 +40,7 @@ class SqliteReference {
   void LoadAbilities(std::size_t profiles);
   void LoadPatterns(std::size_t patterns);
 
+  CMutexLock _mutex;
   std::unique_ptr<sqlite3, Close> _database;
   Statement _number;
   Statement _text;

@@ -7,7 +7,6 @@
 namespace {
 
 constexpr std::size_t kLeastQueries = 8192;
-constexpr std::size_t kReports = 64;
 constexpr std::size_t kFewestPatterns = 200;
 
 std::vector<Query> MakeQueries(std::size_t size) {

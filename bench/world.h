@@ -17,8 +17,11 @@
 struct Query {
   unsigned int key;
   unsigned short real_type;
-  unsigned short code;  // of a number that the profile holds
+  unsigned short code;  // of any number that the profile holds
 };
+
+// Reports of each kind in a population; each is recognised equally often.
+constexpr int kReports = 64;
 
 using Tables = std::map<ONU_ABILITY_ENUM_PROFILE_TYPE, OnuAbilityTableBase*>;
 
