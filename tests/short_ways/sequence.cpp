@@ -11,8 +11,9 @@ namespace {
 const Operations& AllOperations(bool records_handed_out) {
   static const Operations trusted =
       Collect({RegistryOperations(), ProfileOperations(), ProfileValueOperations(),
-               TableOperations(), LoadOperations(), LookupOperations(), QueryOperations(),
-               ConfirmationOperations(), CommandOperations(), SettingOperations()});
+               TableOperations(), StoredProfileOperations(), MatchOperations(), LoadOperations(),
+               LookupOperations(), QueryOperations(), RepeatedQuestions(), ConfirmationOperations(),
+               CommandOperations(), SettingOperations()});
   static const Operations all = Collect({trusted, RecordOperations()});
   return records_handed_out ? all : trusted;
 }
