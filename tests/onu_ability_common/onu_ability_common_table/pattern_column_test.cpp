@@ -33,7 +33,7 @@ class PatternColumnTest : public LibraryTest {
   Positions Fitting(const ONU_ABILITY_COMMON_ABILITY_VALUE& value) {
     PositionBits bits = All();
     const bool any_left = column.Intersect(value, bits);
-    const Positions positions = PositionsIn(bits);
+    Positions positions = PositionsIn(bits);
     EXPECT_EQ(!positions.empty(), any_left);
     return positions;
   }

@@ -138,6 +138,20 @@ TEST_F(RealTableKeptLampTotalTest, AttributeUnregisteredAndRegisteredAgain) {
   ExpectTotals(5, 2);
 }
 
+// The records may hold an attribute that nobody registers any more.
+TEST_F(RealTableKeptLampTotalTest, RecordsThatHoldAnAttributeWhichIsNotRegistered) {
+  std::vector<ONU_ABILITY_CODE_ATTR_INFO> kept;
+  onu_ability_get_all_ability_attr_info(kept);
+  codes.Restore({});
+  OnuAbilityAttrInfo::GetInstance()->Del(kLamp);
+  codes.Restore(kept);
+  for (int question = 0; question < 2; ++question) {
+    host.ForgetLog();
+    EXPECT_EQ(90U, Real().GetLampTotalNum(8U));
+    EXPECT_EQ(6U, host.TakeLog().size());
+  }
+}
+
 TEST_F(RealTableKeptLampTotalTest, RegistryThatIsEmptied) {
   codes.Restore({});
   host.ForgetLog();
