@@ -91,6 +91,7 @@ TEST_F(AbilityCodeIndexTest, KnowsNoCodeAtFirst) {
 TEST_F(AbilityCodeIndexTest, KnowsTheGivenCodesAndNoNeighbour) {
   const std::vector<unsigned short> known = {0, 255, 256, 511, 512, 1085, 65279, 65280, 65535};
   std::vector<ONU_ABILITY_CODE_ATTR_INFO> records;
+  records.reserve(known.size());
   for (const unsigned short code : known) {
     records.push_back(Record(code, {{kLamp, code % 2 == 0 ? 1 : 0}}));
   }

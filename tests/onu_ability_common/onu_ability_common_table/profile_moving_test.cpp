@@ -62,6 +62,8 @@ TEST_F(ProfileMovingTest, SourceIsLeftWithoutAbilitiesAndMayBeUsedAgain) {
   OnuAbilityProfile second = MakeFilledProfile();
   OnuAbilityProfile target = MakeTarget();
   target = std::move(second);
+  // What is left behind is the question here.
+  // NOLINTNEXTLINE(bugprone-use-after-move)
   for (OnuAbilityProfile* source : {&first, &second}) {
     EXPECT_TRUE(source->_common_ability.empty());
     EXPECT_EQ(kOtherKey, source->_key_ability_code);
@@ -108,6 +110,7 @@ class ProfileVectorTest : public ProfileMovingTest {
 
   void ExpectIdsAndKeys(const std::vector<std::pair<int, int>>& expected) {
     std::vector<std::pair<int, int>> held;
+    held.reserve(profiles.size());
     for (const OnuAbilityProfile& profile : profiles) {
       held.emplace_back(profile._id, profile._key_ability_code);
       ExpectFilledAbilities(profile);

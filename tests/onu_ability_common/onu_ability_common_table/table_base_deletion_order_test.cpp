@@ -30,6 +30,7 @@ class TableBaseDeletionOrderTest : public ShortWayTest {
   static std::vector<std::pair<int, int>> IdsAndKeyCodes(
       const std::vector<OnuAbilityProfile>& profiles) {
     std::vector<std::pair<int, int>> all;
+    all.reserve(profiles.size());
     for (const OnuAbilityProfile& profile : profiles) {
       all.emplace_back(profile._id, profile._key_ability_code);
     }
