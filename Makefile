@@ -6,6 +6,7 @@ REPORTS := data/reports.yaml
 CMAKE_FLAGS :=
 BENCH_BUILD := $(BUILD)-bench
 BENCH_PLOT := $(BENCH_BUILD)/performance.svg
+BENCH_FILTER :=
 BENCH_FLAGS :=
 
 .PHONY: run test build configure check bench install clean help
@@ -41,7 +42,8 @@ bench:
 	@echo "==> Building the benchmark in $(BENCH_BUILD)/"
 	@cmake --build $(BENCH_BUILD) --target onu_ability_bench
 	@echo "==> Measuring, some minutes; $(BENCH_BUILD)/bench.log tells how far it is"
-	@$(BENCH_BUILD)/bench/onu_ability_bench --out=$(BENCH_BUILD)/results.json $(BENCH_FLAGS) \
+	@$(BENCH_BUILD)/bench/onu_ability_bench --out=$(BENCH_BUILD)/results.json \
+	  $(if $(BENCH_FILTER),'--benchmark_filter=$(BENCH_FILTER)') $(BENCH_FLAGS) \
 	  2>$(BENCH_BUILD)/bench.log || { tail $(BENCH_BUILD)/bench.log; exit 1; }
 	@bench/report.py $(BENCH_BUILD)/results.json --plot $(BENCH_PLOT)
 

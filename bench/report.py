@@ -228,7 +228,8 @@ def log_levels(table, results, before):
             # says by how much.
             met = None
             if old is not None:
-                old *= results.time("number", "floor", 10) / before.time("number", "floor", 10)
+                faster = before.time("number", "floor", 10) / results.time("number", "floor", 10)
+                old /= faster
                 met = times[2] <= old * 1.05
             table.line(name, f"{USUAL:,}", [duration(time) for time in times + [old]],
                        "before" if old else None, met)
@@ -264,6 +265,7 @@ def plot(results, path):
     import matplotlib
     matplotlib.use("Agg")
     matplotlib.rcParams["svg.hashsalt"] = "onu_ability_bench"
+    matplotlib.rcParams["svg.fonttype"] = "none"
     matplotlib.rcParams["font.size"] = 9
     from matplotlib import pyplot
     figure, (left, right) = pyplot.subplots(1, 2, figsize=(9, 3.6))
