@@ -10,7 +10,7 @@
 #ifndef ONU_ABILITY_COMMON_TABLE_ABILITY_CODE_INDEX_H
 #define ONU_ABILITY_COMMON_TABLE_ABILITY_CODE_INDEX_H
 
-#include <array>
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -30,33 +30,35 @@ constexpr AbilityTraits kHoldsConfirmType = 0x40;
 constexpr AbilityTraits kHoldsLamp = 0x80;
 constexpr AbilityTraits kHoldsPortType = 0x100;
 constexpr AbilityTraits kHoldsValueType = 0x200;
+constexpr AbilityTraits kConfirmedByOnu = 0x400;
+constexpr AbilityTraits kDerivedCount = 0x800;  // one of the two codes themselves
 
 AbilityTraits TraitsOf(const ONU_ABILITY_CODE_ATTR_INFO& record);
 
-// Pages of 256 codes, made when a code of theirs is first registered.
+// An entry for each of the 65536 codes. The block is not written where no code is
+// registered, so a system that gives out zeroed memory page by page keeps only the
+// few pages with codes.
 class AbilityCodeIndex {
  public:
   struct Entry {
-    unsigned int position = 0;  // of the first record with the code
-    AbilityTraits traits = 0;   // none for an unknown code
+    unsigned short position;  // of the record with the code
+    unsigned short traits;    // none for an unknown code
   };
 
-  Entry Find(unsigned short code) const {
-    const Page* page = _pages[code >> 8U].get();
-    return page != nullptr ? (*page)[code & 0xFFU] : Entry();
-  }
-  AbilityTraits Traits(unsigned short code) const {
-    const Page* page = _pages[code >> 8U].get();
-    return page != nullptr ? (*page)[code & 0xFFU].traits : 0;
-  }
-  void Set(unsigned short code, Entry entry);
-  // Anew from records that may hold a code twice.
-  void Rebuild(const std::vector<ONU_ABILITY_CODE_ATTR_INFO>& records);
+  AbilityCodeIndex();
+
+  Entry Find(unsigned short code) const { return _entries[code]; }
+  AbilityTraits Traits(unsigned short code) const { return _entries[code].traits; }
+
+  void Set(unsigned short code, std::size_t position, AbilityTraits traits);
+  // Anew. False when a code has more than one record, which the index cannot tell.
+  bool Rebuild(const std::vector<ONU_ABILITY_CODE_ATTR_INFO>& records);
 
  private:
-  using Page = std::array<Entry, 256>;
+  static constexpr std::size_t kCodes = 0x10000;
 
-  std::array<std::unique_ptr<Page>, 256> _pages;
+  // Of calloc, which knows memory that is zero already.
+  std::unique_ptr<Entry[], void (*)(void*)> _entries;
 };
 
 // Reads the code registry without a log line and without changing it.
@@ -69,13 +71,15 @@ class AbilityCodeReader {
   AbilityTraits Traits(unsigned short code) const {
     return _index != nullptr ? _index->Traits(code) : SearchTraits(code);
   }
-  // Whether the attribute is registered; without, every code reads as 65535, known
-  // or not, and says so.
+  // Whether an attribute with a meaning is registered; without, every code reads as
+  // 65535, known or not, and says so.
   static bool IsRegistered(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id) {
-    return OnuAbilityAttrInfo::GetInstance()->_map_ability_attr.count(id) != 0;
+    return (OnuAbilityAttrInfo::GetInstance()->_low_ids >> id & 1U) != 0;
   }
   // The record's own name, null for an unknown code.
   const char* Name(unsigned short code) const;
+  // Null where every code is searched.
+  const AbilityCodeIndex* Index() const { return _index; }
   // Another one after every change of a code; 0 where changes cannot be seen.
   unsigned int Generation() const { return _index != nullptr ? _registry._generation : 0; }
 

@@ -3,7 +3,9 @@
 #include <cstring>
 
 #include "onu_ability_common_global/log.h"
+#include "onu_ability_common_global/short_ways.h"
 #include "onu_ability_common_reg_extern_func.h"
+#include "onu_ability_common_table/ability_code_index.h"
 #include "onu_ability_common_table/ability_name.h"
 #include "onu_ability_common_table/onu_ability_table_manager.h"
 
@@ -99,12 +101,7 @@ void ConfirmOnuType::GatherAbilities() {
   // NOLINTNEXTLINE(modernize-loop-convert)
   for (std::size_t i = 0; i < codes._vec_ability_attr.size(); ++i) {
     auto& record = codes._vec_ability_attr[i];
-    // Reading an absent attribute adds it to the record with the value 0.
-    const unsigned short confirm_type = codes.Acquire(record, ONU_ABILITY_ATTR_CONFIRM_TYPE);
-    const unsigned short value_type = codes.Acquire(record, ONU_ABILITY_ATTR_VALUE_TYPE);
-    ONU_ABILITY_LOG_FOR("Init", 4, "confirm_type_attr_value:%d, ability_value_type_attr_value:%d",
-                        confirm_type, value_type);
-    if (value_type == ONU_ABILITY_VALUE_TYPE_USHORT && (confirm_type & kAskedFromOnu) != 0) {
+    if (IsAsked(record)) {
       AskAbility(record.ability_code);
     }
   }
@@ -118,6 +115,25 @@ void ConfirmOnuType::GatherAbilities() {
     Add(ONU_ABILITY_CODE_TYPE_NAME, name);
     ONU_ABILITY_LOG_FOR("Init", 4, "onu_device_name:%s.", name.c_str());
   }
+}
+
+bool ConfirmOnuType::IsAsked(ONU_ABILITY_CODE_ATTR_INFO& record) {
+  constexpr AbilityTraits kReadSilently = kHoldsConfirmType | kHoldsValueType;
+  constexpr AbilityTraits kAsked = kConfirmedByOnu | kNumber;
+  const AbilityCodeIndex* index = AbilityCodeReader().Index();
+  if (index != nullptr && NobodyListensTo(LogLevels(4))) {
+    const AbilityTraits traits = index->Traits(record.ability_code);
+    if ((traits & kReadSilently) == kReadSilently) {
+      return (traits & kAsked) == kAsked;
+    }
+  }
+  // Reading an absent attribute adds it to the record with the value 0.
+  OnuAbilityCodeInfo& codes = *OnuAbilityCodeInfo::GetInstance();
+  const unsigned short confirm_type = codes.Acquire(record, ONU_ABILITY_ATTR_CONFIRM_TYPE);
+  const unsigned short value_type = codes.Acquire(record, ONU_ABILITY_ATTR_VALUE_TYPE);
+  ONU_ABILITY_LOG_FOR("Init", 4, "confirm_type_attr_value:%d, ability_value_type_attr_value:%d",
+                      confirm_type, value_type);
+  return value_type == ONU_ABILITY_VALUE_TYPE_USHORT && (confirm_type & kAskedFromOnu) != 0;
 }
 
 void ConfirmOnuType::AskAbility(unsigned short code) {

@@ -44,6 +44,7 @@ class ONU_ABILITY_API ConfirmOnuType : public OnuAbilityProfile {
 
  private:
   ONU_ABILITY_LOCAL void GatherAbilities();
+  ONU_ABILITY_LOCAL static bool IsAsked(ONU_ABILITY_CODE_ATTR_INFO& record);
   ONU_ABILITY_LOCAL void AskAbility(unsigned short code);
   ONU_ABILITY_LOCAL void HandOver();
   ONU_ABILITY_LOCAL unsigned int TranslatedReportType(unsigned int onu_capa) const;

@@ -10,6 +10,15 @@ OnuAbilityAttrInfo* OnuAbilityAttrInfo::GetInstance() {
 
 OnuAbilityAttrInfo::~OnuAbilityAttrInfo() = default;
 
+void OnuAbilityAttrInfo::NoteIds() {
+  _low_ids = 0;
+  for (const auto& entry : _map_ability_attr) {
+    if (entry.first >= 0 && entry.first < 32) {
+      _low_ids |= 1U << entry.first;
+    }
+  }
+}
+
 int OnuAbilityAttrInfo::IsValid(std::string name) {
   ONU_ABILITY_LOG(10, "function start!");
   for (const auto& entry : _map_ability_attr) {
@@ -69,6 +78,7 @@ void OnuAbilityAttrInfo::Add(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, std::string na
   } else {
     ONU_ABILITY_LOG(1, "ability_attr_id is valid!ability_attr_id:%d", id);
     _map_ability_attr.emplace(id, name);
+    NoteIds();
   }
   ONU_ABILITY_LOG(10, "function end!");
 }

@@ -49,7 +49,11 @@ class ONU_ABILITY_API OnuAbilityAttrInfo {
 
   OnuAbilityAttrInfo() = default;
 
+  // To be called after every change of the ids.
+  ONU_ABILITY_LOCAL void NoteIds();
+
   std::map<ONU_ABILITY_ENUM_ABILITY_ATTR_ID, std::string> _map_ability_attr;
+  unsigned int _low_ids = 0;  // bit n: id n, below 32, is registered
 };
 
 #endif  // ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_ATTR_INFO_H

@@ -14,6 +14,7 @@ void OnuAbilityAttrInfo::Del(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id) {
     ONU_ABILITY_LOG(1, "ability_attr_id is not exist!ability_attr_id:%d", id);
   } else {
     _map_ability_attr.erase(id);
+    NoteIds();
   }
   ONU_ABILITY_LOG(10, "function end!");
 }
@@ -32,6 +33,7 @@ void OnuAbilityAttrInfo::Del(std::string name) {
     ONU_ABILITY_LOG(6, "ability_attr_name is equal!ability_attr_name:%s", name.c_str());
     ONU_ABILITY_LOG(9, "find ability_attr_name ok!ability_attr_name:%s", name.c_str());
     _map_ability_attr.erase(entry);
+    NoteIds();
   } else {
     ONU_ABILITY_LOG(1, "find ability_attr_name null!ability_attr_name:%s", name.c_str());
   }

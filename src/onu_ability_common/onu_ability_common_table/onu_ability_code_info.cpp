@@ -23,7 +23,7 @@ unsigned short OnuAbilityCodeInfo::GetKeyAbilityCode() const { return _key_abili
 
 std::vector<ONU_ABILITY_CODE_ATTR_INFO>& OnuAbilityCodeInfo::Get() {
   // The index stays: another thread may be reading it.
-  _handed_out.store(true, std::memory_order_relaxed);
+  _unpredictable.store(true, std::memory_order_relaxed);
   return _vec_ability_attr;
 }
 
@@ -33,7 +33,7 @@ void OnuAbilityCodeInfo::Restore(std::vector<ONU_ABILITY_CODE_ATTR_INFO> records
 }
 
 const AbilityCodeIndex* OnuAbilityCodeInfo::TrustedIndex() const {
-  return _handed_out.load(std::memory_order_relaxed) || WalksOnly() ? nullptr : _index.get();
+  return _unpredictable.load(std::memory_order_relaxed) || WalksOnly() ? nullptr : _index.get();
 }
 
 std::vector<ONU_ABILITY_CODE_ATTR_INFO>::iterator OnuAbilityCodeInfo::Find(unsigned short code) {
@@ -56,17 +56,15 @@ unsigned short OnuAbilityCodeInfo::Acquire(ONU_ABILITY_CODE_ATTR_INFO& record,
 
 void OnuAbilityCodeInfo::NoteChange(const ONU_ABILITY_CODE_ATTR_INFO& record) {
   ++_generation;
-  const AbilityCodeIndex::Entry entry = _index->Find(record.ability_code);
-  const auto position = static_cast<unsigned int>(&record - _vec_ability_attr.data());
-  // Of several records with one code the first counts.
-  if (entry.traits == 0 || position <= entry.position) {
-    _index->Set(record.ability_code, {position, TraitsOf(record)});
-  }
+  _index->Set(record.ability_code, static_cast<std::size_t>(&record - _vec_ability_attr.data()),
+              TraitsOf(record));
 }
 
 void OnuAbilityCodeInfo::NoteRemoval() {
   ++_generation;
-  _index->Rebuild(_vec_ability_attr);
+  if (!_index->Rebuild(_vec_ability_attr)) {
+    _unpredictable.store(true, std::memory_order_relaxed);
+  }
 }
 
 int OnuAbilityCodeInfo::IsValid(const ONU_ABILITY_CODE_ATTR_INFO& info) {

@@ -35,7 +35,8 @@ class ONU_ABILITY_API OnuAbilityCodeInfo {
   // was kept, use Restore: once the records have been handed out, the library has
   // to expect a change at any moment and searches them for every code from then on.
   std::vector<ONU_ABILITY_CODE_ATTR_INFO>& Get();
-  // Replaces all records, unchecked and in this order. Logs nothing.
+  // Replaces all records, unchecked and in this order. Logs nothing. Two records with
+  // one code are searched from then on, too.
   void Restore(std::vector<ONU_ABILITY_CODE_ATTR_INFO> records);
 
   // 1 when no other code has the record's name and every attribute id of the
@@ -93,8 +94,8 @@ class ONU_ABILITY_API OnuAbilityCodeInfo {
   std::vector<ONU_ABILITY_CODE_ATTR_INFO> _vec_ability_attr;
   unsigned short _key_ability_code = ONU_ABILITY_CODE_DEFAULT_KEY;
   std::unique_ptr<AbilityCodeIndex> _index;
-  std::atomic<bool> _handed_out{false};
-  unsigned int _generation = 1;  // counts changes
+  std::atomic<bool> _unpredictable{false};  // handed out, or a code with two records
+  unsigned int _generation = 1;             // counts changes
 };
 
 // Replaces `out` with a copy of every record of the registry.

@@ -150,6 +150,9 @@ class ONU_ABILITY_API OnuAbilityProfile {
   ONU_ABILITY_LOCAL void CopyHeader(const OnuAbilityProfile& other);
   ONU_ABILITY_LOCAL bool UpdateSilently();
   ONU_ABILITY_LOCAL void StoreNumber(unsigned short code, unsigned int value);
+  // The same where the code's entry is known, or null for none. Returns it.
+  ONU_ABILITY_LOCAL ONU_ABILITY_COMMON_ABILITY_VALUE* StoreNumber(
+      unsigned short code, ONU_ABILITY_COMMON_ABILITY_VALUE* held, unsigned int value);
   ONU_ABILITY_LOCAL void StoreString(unsigned short code, const std::string& value);
   ONU_ABILITY_LOCAL bool MatchPattern(const OnuAbilityProfile& input, unsigned short key_code);
   ONU_ABILITY_LOCAL bool MatchAbility(unsigned short code,

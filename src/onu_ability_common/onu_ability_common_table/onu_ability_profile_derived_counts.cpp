@@ -49,18 +49,25 @@ bool OnuAbilityProfile::UpdateSilently() {
   const AbilityCodeReader codes;
   DerivedCount lan;
   DerivedCount data_uni;
+  ONU_ABILITY_COMMON_ABILITY_VALUE* lan_total = nullptr;
+  ONU_ABILITY_COMMON_ABILITY_VALUE* data_uni_total = nullptr;
   AbilityTraits of_all = kReadSilently;
-  for (const auto& [code, value] : _common_ability) {
+  for (auto& [code, value] : _common_ability) {
     const AbilityTraits traits = codes.Traits(code);
     of_all &= traits;
-    if ((traits & (kLanPort | kDataUni)) == 0) {
+    if ((traits & (kLanPort | kDataUni | kDerivedCount)) == 0) {
       continue;
     }
     if ((traits & kLanPort) != 0) {
       lan.Add(value.ability_ushort_value);
     }
-    if ((traits & kDataUniNumber) == kDataUniNumber && code != ONU_ABILITY_CODE_ALL_LAN) {
+    if (code == ONU_ABILITY_CODE_ALL_LAN) {
+      lan_total = &value;
+    } else if ((traits & kDataUniNumber) == kDataUniNumber) {
       data_uni.Add(value.ability_ushort_value);
+    }
+    if (code == ONU_ABILITY_CODE_DATA_UNI) {
+      data_uni_total = &value;
     }
   }
   const AbilityTraits lan_total_traits = codes.Traits(ONU_ABILITY_CODE_ALL_LAN);
@@ -69,15 +76,14 @@ bool OnuAbilityProfile::UpdateSilently() {
     return false;
   }
   if (lan.found) {
-    StoreNumber(ONU_ABILITY_CODE_ALL_LAN, lan.sum);
+    lan_total = StoreNumber(ONU_ABILITY_CODE_ALL_LAN, lan_total, lan.sum);
   }
   // Where the LAN total counts as a data UNI it counts as it is now.
-  const auto lan_total = _common_ability.find(ONU_ABILITY_CODE_ALL_LAN);
-  if (lan_total != _common_ability.end() && (lan_total_traits & kDataUniNumber) == kDataUniNumber) {
-    data_uni.Add(lan_total->second.ability_ushort_value);
+  if (lan_total != nullptr && (lan_total_traits & kDataUniNumber) == kDataUniNumber) {
+    data_uni.Add(lan_total->ability_ushort_value);
   }
   if (data_uni.found) {
-    StoreNumber(ONU_ABILITY_CODE_DATA_UNI, data_uni.sum);
+    StoreNumber(ONU_ABILITY_CODE_DATA_UNI, data_uni_total, data_uni.sum);
   }
   if (lan.found || data_uni.found) {
     _common_ability_num = static_cast<unsigned int>(_common_ability.size());

@@ -15,10 +15,18 @@ constexpr unsigned short kFillsMatchProfiles = 0x2;
 }  // namespace
 
 void OnuAbilityProfile::StoreNumber(unsigned short code, unsigned int value) {
-  ONU_ABILITY_COMMON_ABILITY_VALUE& held = _common_ability[code];
-  held.ability_value_type = ONU_ABILITY_VALUE_TYPE_USHORT;
-  held.ability_ushort_value = value;
-  held.ability_string_value.clear();
+  StoreNumber(code, &_common_ability[code], value);
+}
+
+ONU_ABILITY_COMMON_ABILITY_VALUE* OnuAbilityProfile::StoreNumber(
+    unsigned short code, ONU_ABILITY_COMMON_ABILITY_VALUE* held, unsigned int value) {
+  if (held == nullptr) {
+    held = &_common_ability[code];
+  }
+  held->ability_value_type = ONU_ABILITY_VALUE_TYPE_USHORT;
+  held->ability_ushort_value = value;
+  held->ability_string_value.clear();
+  return held;
 }
 
 void OnuAbilityProfile::StoreString(unsigned short code, const std::string& value) {
