@@ -162,9 +162,20 @@ void Load(Stage& stage, HostileInput& random) {
   Load(stage, random, count, random.Pick({2U, 3U, 6U}));
 }
 
+// Now and then the table of patterns then fills whole words of 64.
 void LoadMedium(Stage& stage, HostileInput& random) {
   const unsigned int count = 60 + random.Below(140);
+  const bool fills_words = random.OneIn(3);
   Load(stage, random, count, random.Pick({3U, 40U, 400U}));
+  if (!fills_words) {
+    return;
+  }
+  std::vector<OnuAbilityProfile> stored;
+  Manager().GetAll(ONU_ABILITY_PROFILE_TYPE_MATCH, ONU_ABILITY_PROFILE_SOURCE_ALL, stored);
+  stage.Say("patterns up to the next 64");
+  for (size_t i = stored.size(); !stored.empty() && i % 64 != 0; ++i) {
+    stage.Note("result", Manager().Add(stored.front()));
+  }
 }
 
 void LoadLarge(Stage& stage, HostileInput& random) {

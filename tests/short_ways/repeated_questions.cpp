@@ -116,6 +116,31 @@ void MatchTwice(Stage& stage, HostileInput& random) {
   stage.favourite.reset();
 }
 
+// A comparison gives the key code's pending entry to a pattern that lacks it. The
+// deletion that finds nothing compares, too, and the key code may change meanwhile.
+void LeavePendingEntries(Stage& stage, HostileInput& random) {
+  OnuAbilityCodeInfo& codes = *OnuAbilityCodeInfo::GetInstance();
+  const Target target(ONU_ABILITY_PROFILE_TYPE_MATCH, random);
+  const OnuAbilityProfile report = ReportFor(target, random);
+  OnuAbilityProfile lacking = target.profile;
+  lacking._profile_type = ONU_ABILITY_PROFILE_TYPE_MATCH;
+  lacking._common_ability.erase(codes.GetKeyAbilityCode());
+  OnuAbilityProfile other_report = report;
+  other_report._id = 0;
+  other_report._flag_match_type = ONU_ABILITY_MATCH_TYPE_PATTERN;
+  other_report._common_ability[random.Code()].ability_ushort_value = 9;
+  const unsigned short key_code = codes.GetKeyAbilityCode();
+  const unsigned short other_code = random.KeyCode();
+  stage.Say("report " + Shown(report) + Words(", key code ", other_code, " and back"));
+  Match(stage, report);
+  stage.Note("addition", Manager().Add(lacking));
+  stage.Note("deletion", Manager().Del(other_report));
+  codes.SetKeyAbilityCode(other_code);
+  Match(stage, random.OneIn(2) ? report : other_report);
+  codes.SetKeyAbilityCode(key_code);
+  Match(stage, report);
+}
+
 // --- A table whose keys are counts that every filling derives again
 
 void KeyByDerivedCount(Stage& stage, HostileInput& random) {
@@ -140,6 +165,7 @@ std::vector<Operation> RepeatedQuestions() {
       {"question repeated", 20, AskTwiceOfSettled},
       {"question repeated at odds", 8, AskTwiceOfAny, false, true},
       {"match repeated", 14, MatchTwice},
+      {"pending entries", 4, LeavePendingEntries},
       {"derived keys", 2, KeyByDerivedCount, false, true},
   };
 }
