@@ -145,7 +145,7 @@ TEST_P(DerivedCountsShortWayTest, GivesWhatTheWalksGive) {
 }
 
 INSTANTIATE_TEST_SUITE_P(AllRegistries, DerivedCountsShortWayTest, ::testing::ValuesIn(kRegistries),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& test) { return std::string(test.param.name); });
 
 class DerivedCountsLinesTest : public LibraryTest {};
 
