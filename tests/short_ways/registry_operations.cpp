@@ -36,19 +36,24 @@ void DelAttribute(Stage& stage, HostileInput& random) {
   }
 }
 
-// A code may only lose an attribute before the attribute goes: every record that
-// has it is replaced by one without, then the attribute is deleted.
+// An attribute can go once no record has it: each is replaced by one without. Putting
+// the old records back leaves them with an attribute that is not registered.
 void RetireAttribute(Stage& stage, HostileInput& random) {
   const auto id = random.AttributeId();
-  stage.Say(Words("no record keeps attribute ", id, ", AttrInfo.Del"));
+  const bool puts_back = random.OneIn(2);
+  stage.Say(Words("no record keeps attribute ", id, ", AttrInfo.Del",
+                  puts_back ? ", the old records again" : ""));
   std::vector<ONU_ABILITY_CODE_ATTR_INFO> records;
   onu_ability_get_all_ability_attr_info(records);
-  for (auto& record : records) {
+  for (ONU_ABILITY_CODE_ATTR_INFO record : records) {
     if (record.ability_attr.erase(id) != 0) {
       Codes().Update(record);
     }
   }
   Attributes().Del(id);
+  if (puts_back) {
+    Codes().Restore(records);
+  }
 }
 
 void AskAttribute(Stage& stage, HostileInput& random) {
@@ -288,7 +293,7 @@ std::vector<Operation> RegistryOperations() {
       {"attribute add", 2, AddAttribute},
       {"attribute update", 1, UpdateAttribute},
       {"attribute delete", 1, DelAttribute, false, true},
-      {"attribute retirement", 1, RetireAttribute, false, true},
+      {"attribute retirement", 2, RetireAttribute, false, true},
       {"attribute questions", 1, AskAttribute},
       {"attribute listing", 1, ShowAttributes},
       {"code update", 5, UpdateCode, false, true},
