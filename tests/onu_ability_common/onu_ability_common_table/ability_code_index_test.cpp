@@ -35,15 +35,19 @@ TEST_F(AbilityTraitsTest, RecordWithoutAttributesIsAKnownCodeAndNoMore) {
   EXPECT_EQ(kKnownCode, TraitsWith(static_cast<ONU_ABILITY_ENUM_ABILITY_ATTR_ID>(77), 3));
 }
 
-TEST_F(AbilityTraitsTest, FirstBitOfTheConfirmTypeComparesWithPatterns) {
-  const AbilityTraits asked = kKnownCode | kHoldsConfirmType | kComparedWithPatterns;
-  for (const unsigned int value : {0U, 2U, 4U, 0xFFFEU}) {
-    EXPECT_EQ(kKnownCode | kHoldsConfirmType,
-              asked & TraitsWith(kConfirmType, static_cast<unsigned short>(value)));
-  }
-  for (const unsigned int value : {1U, 3U, 5U, 0xFFFFU}) {
-    EXPECT_EQ(asked, asked & TraitsWith(kConfirmType, static_cast<unsigned short>(value)));
-  }
+TEST_F(AbilityTraitsTest, BitsOfTheConfirmTypeCompareWithPatternsAndAskTheOnu) {
+  const AbilityTraits holds = kKnownCode | kHoldsConfirmType;
+  EXPECT_EQ(holds, TraitsWith(kConfirmType, 0));
+  EXPECT_EQ(holds | kComparedWithPatterns, TraitsWith(kConfirmType, 1));
+  EXPECT_EQ(holds | kConfirmedByOnu, TraitsWith(kConfirmType, 2));
+  EXPECT_EQ(holds | kComparedWithPatterns | kConfirmedByOnu, TraitsWith(kConfirmType, 3));
+  EXPECT_EQ(holds, TraitsWith(kConfirmType, 0xFFFC));
+  EXPECT_EQ(holds | kComparedWithPatterns | kConfirmedByOnu, TraitsWith(kConfirmType, 0xFFFF));
+}
+
+TEST_F(AbilityTraitsTest, TheTwoDerivedCountsAreMarked) {
+  EXPECT_EQ(kKnownCode | kDerivedCount, TraitsOf(Record(1001, {})));
+  EXPECT_EQ(kKnownCode | kDerivedCount, TraitsOf(Record(65533, {})));
 }
 
 TEST_F(AbilityTraitsTest, AnyLampValueButZeroCountsLamps) {
@@ -95,7 +99,7 @@ TEST_F(AbilityCodeIndexTest, KnowsTheGivenCodesAndNoNeighbour) {
   for (const unsigned short code : known) {
     records.push_back(Record(code, {{kLamp, code % 2 == 0 ? 1 : 0}}));
   }
-  index.Rebuild(records);
+  EXPECT_TRUE(index.Rebuild(records));
   for (unsigned int code = 0; code <= 0xFFFF; ++code) {
     const auto entry = index.Find(static_cast<unsigned short>(code));
     const auto found = std::find(known.begin(), known.end(), code);
@@ -108,6 +112,12 @@ TEST_F(AbilityCodeIndexTest, KnowsTheGivenCodesAndNoNeighbour) {
       ASSERT_EQ(TraitsOf(records[position]), entry.traits) << code;
     }
   }
+}
+
+TEST_F(AbilityCodeIndexTest, CodeWithTwoRecordsIsRefused) {
+  EXPECT_TRUE(index.Rebuild({Record(1, {}), Record(kFePorts, {})}));
+  EXPECT_FALSE(index.Rebuild({Record(1, {}), Record(kFePorts, {}), Record(1, {})}));
+  EXPECT_TRUE(index.Rebuild({Record(1, {})}));
 }
 
 TEST_F(AbilityCodeIndexTest, RebuiltItForgetsWhatItKnew) {

@@ -148,6 +148,14 @@ TEST_F(AbilityCodeReaderTest, LaterRecordOfACodeDoesNotStandForIt) {
   EXPECT_EQ(kKnownCode | kHoldsConfirmType | kHoldsValueType, TraitsOfCode(kNewCode));
 }
 
+TEST_F(AbilityCodeReaderTest, CodeWithTwoRecordsEndsTheGenerations) {
+  std::vector<ONU_ABILITY_CODE_ATTR_INFO> twice = Records();
+  twice.push_back(twice[0]);
+  codes.Restore(twice);
+  EXPECT_EQ(0U, Generation());
+  EXPECT_EQ("FE_PORTS", NameOf(kFePorts));
+}
+
 class HandedOutRecordsTest : public AbilityCodeReaderTest {};
 
 TEST_F(HandedOutRecordsTest, HaveNoGeneration) {
