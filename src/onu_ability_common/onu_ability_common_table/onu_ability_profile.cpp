@@ -176,13 +176,17 @@ unsigned int OnuAbilityProfile::Get(unsigned int& value) const {
 }
 
 bool OnuAbilityProfile::IsExist(unsigned short code) const {
-  ONU_ABILITY_LOG(10, "function start!");
-  if (_common_ability.count(code) != 0) {
-    ONU_ABILITY_LOG(10, "function end!");
+  return SayWhether(code, _common_ability.count(code) != 0);
+}
+
+bool OnuAbilityProfile::SayWhether(unsigned short code, bool held) const {
+  ONU_ABILITY_LOG_FOR("IsExist", 10, "function start!");
+  if (held) {
+    ONU_ABILITY_LOG_FOR("IsExist", 10, "function end!");
     return true;
   }
-  ONU_ABILITY_LOG(1, "ability_code is not exist,ability_code:%d, ability_name:%s", code,
-                  AbilityName(code).c_str());
+  ONU_ABILITY_LOG_FOR("IsExist", 1, "ability_code is not exist,ability_code:%d, ability_name:%s",
+                      code, AbilityName(code).c_str());
   return false;
 }
 

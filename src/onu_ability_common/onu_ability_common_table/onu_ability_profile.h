@@ -148,6 +148,8 @@ class ONU_ABILITY_API OnuAbilityProfile {
 
  private:
   ONU_ABILITY_LOCAL void CopyHeader(const OnuAbilityProfile& other);
+  // `held`, after saying it as IsExist does.
+  ONU_ABILITY_LOCAL bool SayWhether(unsigned short code, bool held) const;
   ONU_ABILITY_LOCAL bool UpdateSilently();
   ONU_ABILITY_LOCAL void StoreNumber(unsigned short code, unsigned int value);
   // The same where the code's entry is known, or null for none. Returns it.

@@ -83,7 +83,9 @@ void OnuAbilityProfile::Add(unsigned short code, unsigned int value) {
     ONU_ABILITY_LOG(1, "ability_code don't exist,ability_code:%d", code);
     return;
   }
-  if (IsExist(code)) {
+  // Searched for once: this is how catalogues and reports are filled.
+  const auto place = _common_ability.lower_bound(code);
+  if (SayWhether(code, place != _common_ability.end() && place->first == code)) {
     Update(code, value);
     ONU_ABILITY_LOG(10, "function end!");
     return;
@@ -95,7 +97,7 @@ void OnuAbilityProfile::Add(unsigned short code, unsigned int value) {
                     _profile_type, code, AbilityName(code).c_str(), value, _ability_default_value);
     return;
   }
-  StoreNumber(code, value);
+  StoreNumber(code, &_common_ability.try_emplace(place, code)->second, value);
   Update();
   _common_ability_num = static_cast<unsigned int>(_common_ability.size());
   ONU_ABILITY_LOG(10, "function end!");

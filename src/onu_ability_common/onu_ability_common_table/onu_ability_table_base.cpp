@@ -12,13 +12,6 @@
 #include "onu_ability_common_table/profile_index.h"
 #include "onu_ability_common_table/table_lock.h"
 
-namespace {
-
-constexpr unsigned short kFirstNewId = 30001;
-constexpr unsigned short kLastNewId = 65533;
-
-}  // namespace
-
 OnuAbilityTableBase::OnuAbilityTableBase()
     : _key_ability_code(OnuAbilityCodeInfo::GetInstance()->GetKeyAbilityCode()) {
   ONU_ABILITY_LOG(10, "OnuAbilityTableBase start!");
@@ -137,19 +130,21 @@ unsigned int OnuAbilityTableBase::DelAll(ONU_ABILITY_ENUM_PROFILE_SOURCE source)
   return ONU_ABILITY_RET_OK;
 }
 
+unsigned short OnuAbilityTableBase::FindNewId(ONU_ABILITY_ENUM_PROFILE_SOURCE source) const {
+  // Ids of the other source do not block one.
+  NewIds ids;
+  for (const auto& profile : _vec_profile) {
+    if (profile._profile_source == source) {
+      ids.Take(profile._id);
+    }
+  }
+  return ids.Lowest();
+}
+
 unsigned int OnuAbilityTableBase::Get(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned short& id) {
   ONU_ABILITY_LOG(10, "function start!");
   const TableLock lock(_mutex);
-  // Ids of the other source do not block one.
-  std::vector<bool> taken(kLastNewId + 1);
-  for (const auto& profile : _vec_profile) {
-    if (profile._profile_source == source && profile._id <= kLastNewId) {
-      taken[profile._id] = true;
-    }
-  }
-  const auto free = std::find(taken.begin() + kFirstNewId, taken.end(), false);
-  id = free != taken.end() ? static_cast<unsigned short>(free - taken.begin())
-                           : ONU_ABILITY_INVALID_ID;
+  id = _index != nullptr && !WalksOnly() ? _index->NewId(source) : FindNewId(source);
   ONU_ABILITY_LOG(4, "index:%d", id);
   ONU_ABILITY_LOG(10, "function end!");
   return ONU_ABILITY_RET_OK;

@@ -137,6 +137,14 @@ class ONU_ABILITY_API OnuAbilityTableBase {
   std::unique_ptr<ProfileIndex> _index;  // guarded by _mutex; null in a table that walks
 
  private:
+  ONU_ABILITY_LOCAL unsigned short FindNewId(ONU_ABILITY_ENUM_PROFILE_SOURCE source) const;
+  // A profile's own value of a code, as its Get gives it.
+  ONU_ABILITY_LOCAL unsigned int Read(const OnuAbilityProfile& profile, unsigned short code,
+                                      unsigned int& value);
+  ONU_ABILITY_LOCAL unsigned int Read(const OnuAbilityProfile& profile, unsigned short code,
+                                      std::string& value);
+  ONU_ABILITY_LOCAL const ONU_ABILITY_COMMON_ABILITY_VALUE* FindEntry(
+      const OnuAbilityProfile& profile, unsigned short code, unsigned int tag);
   template <typename Value>
   ONU_ABILITY_LOCAL bool AddToOldest(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
                                      unsigned int key_ability_value, unsigned short ability_code,

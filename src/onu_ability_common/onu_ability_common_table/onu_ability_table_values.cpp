@@ -1,8 +1,40 @@
 // Reading one value of the newest profile that a table finds.
 #include "onu_ability_common_global/log.h"
+#include "onu_ability_common_global/short_ways.h"
 #include "onu_ability_common_table/ability_name.h"
 #include "onu_ability_common_table/onu_ability_table_base.h"
+#include "onu_ability_common_table/profile_index.h"
 #include "onu_ability_common_table/table_lock.h"
+
+// The short way to an entry of the profile, where the profile's own Get has nothing to
+// say but that it went well. Null where that is not known.
+const ONU_ABILITY_COMMON_ABILITY_VALUE* OnuAbilityTableBase::FindEntry(
+    const OnuAbilityProfile& profile, unsigned short code, unsigned int tag) {
+  if (_index == nullptr || !NobodyListensTo(LogLevels(9))) {
+    return nullptr;
+  }
+  const auto position = static_cast<unsigned int>(&profile - _vec_profile.data());
+  const ONU_ABILITY_COMMON_ABILITY_VALUE* entry = _index->Entry(_vec_profile, position, code);
+  return entry != nullptr && entry->ability_value_type == tag ? entry : nullptr;
+}
+
+unsigned int OnuAbilityTableBase::Read(const OnuAbilityProfile& profile, unsigned short code,
+                                       unsigned int& value) {
+  if (const auto* entry = FindEntry(profile, code, ONU_ABILITY_VALUE_TYPE_USHORT)) {
+    value = entry->ability_ushort_value;
+    return ONU_ABILITY_RET_OK;
+  }
+  return profile.Get(code, value);
+}
+
+unsigned int OnuAbilityTableBase::Read(const OnuAbilityProfile& profile, unsigned short code,
+                                       std::string& value) {
+  if (const auto* entry = FindEntry(profile, code, ONU_ABILITY_VALUE_TYPE_STRING)) {
+    value = entry->ability_string_value;
+    return ONU_ABILITY_RET_OK;
+  }
+  return profile.Get(code, value);
+}
 
 unsigned int OnuAbilityTableBase::Get(unsigned int key_ability_value, unsigned short ability_code,
                                       unsigned int& value) {
@@ -22,7 +54,7 @@ unsigned int OnuAbilityTableBase::Get(unsigned int key_ability_value, unsigned s
                     AbilityName(ability_code).c_str());
     value = 0;
     result = ONU_ABILITY_RET_NOT_FOUND;
-  } else if (const unsigned int ret = profile->Get(ability_code, value)) {
+  } else if (const unsigned int ret = Read(*profile, ability_code, value)) {
     ONU_ABILITY_LOG(1,
                     "Get ability value failed!ret:0x%x, key_ability_code:%d, key_ability_value:%d, "
                     "ability_code:%d, ability_name:%s",
@@ -59,7 +91,7 @@ unsigned int OnuAbilityTableBase::Get(unsigned int key_ability_value, unsigned s
                     AbilityName(ability_code).c_str());
     value = "NULL";
     result = ONU_ABILITY_RET_NOT_FOUND;
-  } else if (const unsigned int ret = profile->Get(ability_code, value)) {
+  } else if (const unsigned int ret = Read(*profile, ability_code, value)) {
     ONU_ABILITY_LOG(4,
                     "Get ability value failed!ret:0x%x, key_ability_code:%d, key_ability_value:%d, "
                     "ability_code:%d, ability_name:%s",
@@ -94,7 +126,7 @@ unsigned int OnuAbilityTableBase::Get(unsigned short onu_real_type, unsigned sho
         _key_ability_code, onu_real_type, ability_code, AbilityName(ability_code).c_str());
     value = 0;
     result = ONU_ABILITY_RET_NOT_FOUND;
-  } else if (const unsigned int ret = profile->Get(ability_code, value)) {
+  } else if (const unsigned int ret = Read(*profile, ability_code, value)) {
     ONU_ABILITY_LOG(1,
                     "Get ability value failed!ret:0x%x, key_ability_code:%d, onu_real_type:%d, "
                     "ability_code:%d, ability_name:%s",
@@ -124,7 +156,7 @@ unsigned int OnuAbilityTableBase::Get(unsigned short onu_real_type, unsigned sho
                     onu_real_type, ability_code, AbilityName(ability_code).c_str());
     value = "NULL";
     result = ONU_ABILITY_RET_NOT_FOUND;
-  } else if (const unsigned int ret = profile->Get(ability_code, value)) {
+  } else if (const unsigned int ret = Read(*profile, ability_code, value)) {
     ONU_ABILITY_LOG(4,
                     "Get ability value failed!ret:0x%x, onu_real_type:%d, ability_code:%d, "
                     "ability_name:%s",

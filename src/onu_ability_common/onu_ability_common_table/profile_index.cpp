@@ -14,14 +14,30 @@ bool Touches(unsigned short code, unsigned short indexed) {
          indexed == ONU_ABILITY_CODE_DATA_UNI;
 }
 
-// Whether the next sum of the profile's lamps will be the same and say nothing about
-// codes and attributes that are not there.
-bool IsSilentSum(const OnuAbilityProfile& profile, const AbilityCodeReader& codes) {
-  return AbilityCodeReader::IsRegistered(ONU_ABILITY_ATTR_LAMP) &&
-         std::all_of(profile._common_ability.begin(), profile._common_ability.end(),
-                     [&codes](const auto& ability) {
-                       return (codes.Traits(ability.first) & kHoldsLamp) != 0;
-                     });
+const ONU_ABILITY_COMMON_ABILITY_VALUE* EntryOf(const OnuAbilityProfile& profile,
+                                                unsigned short code) {
+  const auto ability = profile._common_ability.find(code);
+  return ability != profile._common_ability.end() ? &ability->second : nullptr;
+}
+
+// The lamp total of a profile whose codes all hold the lamp attribute. False where the
+// sum by the registry would say or acquire something.
+bool SumLamps(const OnuAbilityProfile& profile, const AbilityCodeReader& codes,
+              unsigned int& total) {
+  if (!AbilityCodeReader::IsRegistered(ONU_ABILITY_ATTR_LAMP)) {
+    return false;
+  }
+  total = 0;
+  for (const auto& [code, value] : profile._common_ability) {
+    const AbilityTraits traits = codes.Traits(code);
+    if ((traits & kHoldsLamp) == 0) {
+      return false;
+    }
+    if ((traits & kCountsLamps) != 0 && value.ability_value_type == ONU_ABILITY_VALUE_TYPE_USHORT) {
+      total += value.ability_ushort_value & 0xFFU;
+    }
+  }
+  return true;
 }
 
 }  // namespace
@@ -87,6 +103,58 @@ void ValueIndex::Clear() {
   _irregular.clear();
 }
 
+const ONU_ABILITY_COMMON_ABILITY_VALUE* EntryColumn::Ask(
+    const std::vector<OnuAbilityProfile>& profiles, unsigned short code) {
+  constexpr std::size_t kAskedOfProfiles = 8;
+  if (++_asked * kAskedOfProfiles < profiles.size()) {
+    return nullptr;
+  }
+  _asked = 0;
+  const auto held = std::count_if(profiles.begin(), profiles.end(), [code](const auto& profile) {
+    return profile._common_ability.count(code) != 0;
+  });
+  // Places for those that lack it cost memory, too: three of four have to hold it.
+  if (static_cast<std::size_t>(held) * 4 >= profiles.size() * 3) {
+    _entries.reserve(profiles.size());
+    for (const auto& profile : profiles) {
+      _entries.push_back(EntryOf(profile, code));
+    }
+  }
+  return nullptr;
+}
+
+void EntryColumn::Append(const OnuAbilityProfile& profile, unsigned short code) {
+  if (!_entries.empty()) {
+    _entries.push_back(EntryOf(profile, code));
+  }
+}
+
+void EntryColumn::NoteValue(const OnuAbilityProfile& profile, unsigned short code,
+                            unsigned int position) {
+  if (position < _entries.size()) {
+    _entries[position] = EntryOf(profile, code);
+  }
+}
+
+unsigned short NewIds::Lowest() {
+  while (_lowest < _taken.size() && _taken[_lowest]) {
+    ++_lowest;
+  }
+  return _lowest <= kLast - kFirst ? static_cast<unsigned short>(kFirst + _lowest)
+                                   : ONU_ABILITY_INVALID_ID;
+}
+
+void NewIds::Take(unsigned short id) {
+  if (id < kFirst || id > kLast) {
+    return;
+  }
+  const auto place = static_cast<std::size_t>(id - kFirst);
+  if (_taken.size() <= place) {
+    _taken.resize(place + 1);
+  }
+  _taken[place] = true;
+}
+
 ProfileIndex::ProfileIndex(unsigned short key_ability_code)
     : _by_key(key_ability_code), _by_real_type(ONU_ABILITY_CODE_REAL_TYPE) {}
 
@@ -97,14 +165,30 @@ const ValueIndex* ProfileIndex::Of(unsigned short code) const {
   return code == ONU_ABILITY_CODE_REAL_TYPE ? &_by_real_type : nullptr;
 }
 
+const ONU_ABILITY_COMMON_ABILITY_VALUE* ProfileIndex::Entry(
+    const std::vector<OnuAbilityProfile>& profiles, unsigned int position, unsigned short code) {
+  const auto column = _entries.find(code);
+  if (column != _entries.end()) {
+    return column->second.Find(profiles, code, position);
+  }
+  // Codes that nobody holds are not remembered, however many are asked for.
+  if (EntryOf(profiles[position], code) != nullptr) {
+    _entries.try_emplace(code);
+  }
+  return nullptr;
+}
+
 unsigned int ProfileIndex::LampTotal(const OnuAbilityProfile& profile, unsigned int position) {
   KeptTotal& kept = _lamp_totals[position];
   const AbilityCodeReader codes;
   if (kept.generation != 0 && kept.generation == codes.Generation()) {
     return kept.total;
   }
-  kept.total = profile.GetTotalNum(ONU_ABILITY_ATTR_LAMP);
-  kept.generation = IsSilentSum(profile, codes) ? codes.Generation() : 0;
+  kept.generation = 0;
+  if (!SumLamps(profile, codes, kept.total)) {
+    return profile.GetTotalNum(ONU_ABILITY_ATTR_LAMP);
+  }
+  kept.generation = codes.Generation();
   return kept.total;
 }
 
@@ -112,6 +196,10 @@ void ProfileIndex::Append(const OnuAbilityProfile& profile) {
   _by_key.Append(profile);
   _by_real_type.Append(profile);
   _patterns.Append(profile);
+  for (auto& [code, column] : _entries) {
+    column.Append(profile, code);
+  }
+  _new_ids[profile._profile_source].Take(profile._id);
   _lamp_totals.emplace_back();
 }
 
@@ -127,6 +215,10 @@ void ProfileIndex::NoteValue(const std::vector<OnuAbilityProfile>& profiles, uns
   }
   for (const unsigned short changed : {code, ONU_ABILITY_CODE_ALL_LAN, ONU_ABILITY_CODE_DATA_UNI}) {
     _patterns.Forget(changed);
+    const auto column = _entries.find(changed);
+    if (column != _entries.end()) {
+      column->second.NoteValue(profiles[position], changed, position);
+    }
   }
   _lamp_totals[position] = KeptTotal();
 }
@@ -135,6 +227,8 @@ void ProfileIndex::Rebuild(const std::vector<OnuAbilityProfile>& profiles) {
   _by_key.Clear();
   _by_real_type.Clear();
   _patterns.Clear();
+  _entries.clear();
+  _new_ids.clear();
   _lamp_totals.clear();
   for (const auto& profile : profiles) {
     Append(profile);

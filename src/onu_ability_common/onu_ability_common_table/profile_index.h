@@ -1,5 +1,6 @@
-// The short ways to the profiles of a table: by the value of its key ability code or
-// of the real type, by pattern, and to the lamp total of each. Not for hosts.
+// The short ways to the profiles of a table and to what they hold: by the value of the
+// key ability code or of the real type, by pattern, to the entries of a code, to lamp
+// totals and free ids. Not for hosts.
 //
 // Owned by a table, which tells it of every change of its profiles and reads it
 // under its lock (the table's two unlocked questions read it as they read the
@@ -8,6 +9,9 @@
 #ifndef ONU_ABILITY_COMMON_TABLE_PROFILE_INDEX_H
 #define ONU_ABILITY_COMMON_TABLE_PROFILE_INDEX_H
 
+#include <cstddef>
+#include <map>
+#include <unordered_map>
 #include <vector>
 
 #include "onu_ability_common_table/onu_ability_profile.h"
@@ -61,6 +65,46 @@ class ValueIndex {
   std::vector<unsigned int> _irregular;
 };
 
+// The entries of one code, a place a profile: null where the profile lacks the code.
+// A map keeps its entries where they are as long as it lives, also when its profile
+// moves, so a pointer holds until the table removes a profile.
+class EntryColumn {
+ public:
+  // The entry of the profile at `position`, null for none or as long as the column is
+  // not worth its making: it is made when it was asked for an eighth of the profiles,
+  // and only for a code that most of them hold.
+  const ONU_ABILITY_COMMON_ABILITY_VALUE* Find(const std::vector<OnuAbilityProfile>& profiles,
+                                               unsigned short code, unsigned int position) {
+    return position < _entries.size() ? _entries[position] : Ask(profiles, code);
+  }
+
+  // What happened to the profiles.
+  void Append(const OnuAbilityProfile& profile, unsigned short code);
+  void NoteValue(const OnuAbilityProfile& profile, unsigned short code, unsigned int position);
+
+ private:
+  const ONU_ABILITY_COMMON_ABILITY_VALUE* Ask(const std::vector<OnuAbilityProfile>& profiles,
+                                              unsigned short code);
+
+  std::vector<const ONU_ABILITY_COMMON_ABILITY_VALUE*> _entries;  // none before it is made
+  std::size_t _asked = 0;
+};
+
+// Which ids a table gives to new profiles of one source.
+class NewIds {
+ public:
+  static constexpr unsigned short kFirst = 30001;
+  static constexpr unsigned short kLast = 65533;
+
+  // The lowest that is not taken, or ONU_ABILITY_INVALID_ID.
+  unsigned short Lowest();
+  void Take(unsigned short id);
+
+ private:
+  std::vector<bool> _taken;  // from kFirst on, as far as any is
+  std::size_t _lowest = 0;   // all before are taken
+};
+
 class ProfileIndex {
  public:
   explicit ProfileIndex(unsigned short key_ability_code);
@@ -69,6 +113,13 @@ class ProfileIndex {
   const ValueIndex* Of(unsigned short code) const;
 
   PatternIndex& Patterns() { return _patterns; }
+
+  // The entry of a code of the profile at `position`. Null says nothing.
+  const ONU_ABILITY_COMMON_ABILITY_VALUE* Entry(const std::vector<OnuAbilityProfile>& profiles,
+                                                unsigned int position, unsigned short code);
+
+  // The lowest new id that no profile of the source has, or ONU_ABILITY_INVALID_ID.
+  unsigned short NewId(ONU_ABILITY_ENUM_PROFILE_SOURCE source) { return _new_ids[source].Lowest(); }
 
   // The lamp total of the profile at `position`.
   // REQUIRES: nobody listens to what a sum says at each known code.
@@ -92,6 +143,8 @@ class ProfileIndex {
   ValueIndex _by_key;
   ValueIndex _by_real_type;
   PatternIndex _patterns;
+  std::unordered_map<unsigned short, EntryColumn> _entries;
+  std::map<ONU_ABILITY_ENUM_PROFILE_SOURCE, NewIds> _new_ids;
   std::vector<KeptTotal> _lamp_totals;
 };
 
