@@ -73,8 +73,7 @@ bool OnuAbilityTableBase::AddToOldest(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
   // A value that the profile refuses still counts as success, as meant.
   profile->Add(ability_code, value);
   if (_index != nullptr) {
-    _index->NoteValue(_vec_profile, static_cast<unsigned int>(profile - _vec_profile.data()),
-                      ability_code);
+    _index->NoteValue(_vec_profile, PositionOf(*profile), ability_code);
   }
   return true;
 }

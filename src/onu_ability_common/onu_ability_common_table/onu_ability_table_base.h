@@ -118,6 +118,11 @@ class ONU_ABILITY_API OnuAbilityTableBase {
                                                   unsigned short code, unsigned int value);
   ONU_ABILITY_LOCAL OnuAbilityProfile* FindByRealType(unsigned short onu_real_type);
 
+  // Of a profile of the table.
+  unsigned int PositionOf(const OnuAbilityProfile& profile) const {
+    return static_cast<unsigned int>(&profile - _vec_profile.data());
+  }
+
   // How a table adds and removes, so that the index stays right.
   // REQUIRES: the lock is held.
   ONU_ABILITY_LOCAL void Append(const OnuAbilityProfile& profile);
@@ -143,8 +148,6 @@ class ONU_ABILITY_API OnuAbilityTableBase {
                                       unsigned int& value);
   ONU_ABILITY_LOCAL unsigned int Read(const OnuAbilityProfile& profile, unsigned short code,
                                       std::string& value);
-  ONU_ABILITY_LOCAL const ONU_ABILITY_COMMON_ABILITY_VALUE* FindEntry(
-      const OnuAbilityProfile& profile, unsigned short code, unsigned int tag);
   template <typename Value>
   ONU_ABILITY_LOCAL bool AddToOldest(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
                                      unsigned int key_ability_value, unsigned short ability_code,

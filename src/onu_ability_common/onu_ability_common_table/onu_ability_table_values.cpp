@@ -6,32 +6,28 @@
 #include "onu_ability_common_table/profile_index.h"
 #include "onu_ability_common_table/table_lock.h"
 
-// The short way to an entry of the profile, where the profile's own Get has nothing to
-// say but that it went well. Null where that is not known.
-const ONU_ABILITY_COMMON_ABILITY_VALUE* OnuAbilityTableBase::FindEntry(
-    const OnuAbilityProfile& profile, unsigned short code, unsigned int tag) {
-  if (_index == nullptr || !NobodyListensTo(LogLevels(9))) {
-    return nullptr;
-  }
-  const auto position = static_cast<unsigned int>(&profile - _vec_profile.data());
-  const ONU_ABILITY_COMMON_ABILITY_VALUE* entry = _index->Entry(_vec_profile, position, code);
-  return entry != nullptr && entry->ability_value_type == tag ? entry : nullptr;
-}
-
+// The short way to a value is taken where the profile's own Get would have nothing to
+// say but that it went well.
 unsigned int OnuAbilityTableBase::Read(const OnuAbilityProfile& profile, unsigned short code,
                                        unsigned int& value) {
-  if (const auto* entry = FindEntry(profile, code, ONU_ABILITY_VALUE_TYPE_USHORT)) {
-    value = entry->ability_ushort_value;
-    return ONU_ABILITY_RET_OK;
+  if (_index != nullptr && NobodyListensTo(LogLevels(9))) {
+    const KeptNumber::Place kept = _index->Number(_vec_profile, PositionOf(profile), code);
+    if (kept != KeptNumber::kNone) {
+      value = kept;
+      return ONU_ABILITY_RET_OK;
+    }
   }
   return profile.Get(code, value);
 }
 
 unsigned int OnuAbilityTableBase::Read(const OnuAbilityProfile& profile, unsigned short code,
                                        std::string& value) {
-  if (const auto* entry = FindEntry(profile, code, ONU_ABILITY_VALUE_TYPE_STRING)) {
-    value = entry->ability_string_value;
-    return ONU_ABILITY_RET_OK;
+  if (_index != nullptr && NobodyListensTo(LogLevels(9))) {
+    const KeptString::Place kept = _index->String(_vec_profile, PositionOf(profile), code);
+    if (kept != KeptString::kNone) {
+      value = *kept;
+      return ONU_ABILITY_RET_OK;
+    }
   }
   return profile.Get(code, value);
 }

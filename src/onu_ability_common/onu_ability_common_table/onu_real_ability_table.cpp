@@ -121,7 +121,7 @@ unsigned int OnuRealAbilityTable::Del(const OnuAbilityProfile& profile) {
 
 unsigned int OnuRealAbilityTable::LampTotal(const OnuAbilityProfile& profile) {
   if (_index != nullptr && NobodyListensTo(LogLevels(6, 9, 10))) {
-    return _index->LampTotal(profile, static_cast<unsigned int>(&profile - _vec_profile.data()));
+    return _index->LampTotal(profile, PositionOf(profile));
   }
   return profile.GetTotalNum(ONU_ABILITY_ATTR_LAMP);
 }

@@ -103,36 +103,55 @@ void ValueIndex::Clear() {
   _irregular.clear();
 }
 
-const ONU_ABILITY_COMMON_ABILITY_VALUE* EntryColumn::Ask(
-    const std::vector<OnuAbilityProfile>& profiles, unsigned short code) {
+KeptNumber::Place KeptNumber::Of(const OnuAbilityProfile& profile, unsigned short code) {
+  const ONU_ABILITY_COMMON_ABILITY_VALUE* entry = EntryOf(profile, code);
+  return entry != nullptr && entry->ability_value_type == ONU_ABILITY_VALUE_TYPE_USHORT
+             ? entry->ability_ushort_value
+             : kNone;
+}
+
+KeptString::Place KeptString::Of(const OnuAbilityProfile& profile, unsigned short code) {
+  const ONU_ABILITY_COMMON_ABILITY_VALUE* entry = EntryOf(profile, code);
+  return entry != nullptr && entry->ability_value_type == ONU_ABILITY_VALUE_TYPE_STRING
+             ? &entry->ability_string_value
+             : kNone;
+}
+
+template <typename Kept>
+typename Kept::Place EntryColumn<Kept>::Ask(const std::vector<OnuAbilityProfile>& profiles,
+                                            unsigned short code) {
   constexpr std::size_t kAskedOfProfiles = 8;
-  if (++_asked * kAskedOfProfiles < profiles.size()) {
-    return nullptr;
+  // For each entry that is kept, places of no more than so many bytes.
+  constexpr std::size_t kBytesOfEntry = 10;
+  if (!_is_worth_it || ++_asked * kAskedOfProfiles < profiles.size()) {
+    return Kept::kNone;
   }
-  _asked = 0;
-  const auto held = std::count_if(profiles.begin(), profiles.end(), [code](const auto& profile) {
-    return profile._common_ability.count(code) != 0;
-  });
-  // Places for those that lack it cost memory, too: three of four have to hold it.
-  if (static_cast<std::size_t>(held) * 4 >= profiles.size() * 3) {
-    _entries.reserve(profiles.size());
-    for (const auto& profile : profiles) {
-      _entries.push_back(EntryOf(profile, code));
-    }
+  std::vector<Place> places;
+  places.reserve(profiles.size());
+  for (const auto& profile : profiles) {
+    places.push_back(Kept::Of(profile, code));
   }
-  return nullptr;
+  const auto kept = profiles.size() -
+                    static_cast<std::size_t>(std::count(places.begin(), places.end(), Kept::kNone));
+  _is_worth_it = kept * kBytesOfEntry >= profiles.size() * sizeof(Place);
+  if (_is_worth_it) {
+    _places = std::move(places);
+  }
+  return Kept::kNone;
 }
 
-void EntryColumn::Append(const OnuAbilityProfile& profile, unsigned short code) {
-  if (!_entries.empty()) {
-    _entries.push_back(EntryOf(profile, code));
+template <typename Kept>
+void EntryColumn<Kept>::Append(const OnuAbilityProfile& profile, unsigned short code) {
+  if (!_places.empty()) {
+    _places.push_back(Kept::Of(profile, code));
   }
 }
 
-void EntryColumn::NoteValue(const OnuAbilityProfile& profile, unsigned short code,
-                            unsigned int position) {
-  if (position < _entries.size()) {
-    _entries[position] = EntryOf(profile, code);
+template <typename Kept>
+void EntryColumn<Kept>::NoteValue(const OnuAbilityProfile& profile, unsigned short code,
+                                  unsigned int position) {
+  if (position < _places.size()) {
+    _places[position] = Kept::Of(profile, code);
   }
 }
 
@@ -165,17 +184,26 @@ const ValueIndex* ProfileIndex::Of(unsigned short code) const {
   return code == ONU_ABILITY_CODE_REAL_TYPE ? &_by_real_type : nullptr;
 }
 
-const ONU_ABILITY_COMMON_ABILITY_VALUE* ProfileIndex::Entry(
-    const std::vector<OnuAbilityProfile>& profiles, unsigned int position, unsigned short code) {
-  const auto column = _entries.find(code);
-  if (column != _entries.end()) {
-    return column->second.Find(profiles, code, position);
+ProfileIndex::Columns* ProfileIndex::ColumnsOf(const OnuAbilityProfile& profile,
+                                               unsigned short code) {
+  const auto columns = _columns.find(code);
+  if (columns != _columns.end()) {
+    return &columns->second;
   }
   // Codes that nobody holds are not remembered, however many are asked for.
-  if (EntryOf(profiles[position], code) != nullptr) {
-    _entries.try_emplace(code);
-  }
-  return nullptr;
+  return EntryOf(profile, code) != nullptr ? &_columns[code] : nullptr;
+}
+
+KeptNumber::Place ProfileIndex::Number(const std::vector<OnuAbilityProfile>& profiles,
+                                       unsigned int position, unsigned short code) {
+  Columns* columns = ColumnsOf(profiles[position], code);
+  return columns != nullptr ? columns->numbers.Find(profiles, code, position) : KeptNumber::kNone;
+}
+
+KeptString::Place ProfileIndex::String(const std::vector<OnuAbilityProfile>& profiles,
+                                       unsigned int position, unsigned short code) {
+  Columns* columns = ColumnsOf(profiles[position], code);
+  return columns != nullptr ? columns->strings.Find(profiles, code, position) : KeptString::kNone;
 }
 
 unsigned int ProfileIndex::LampTotal(const OnuAbilityProfile& profile, unsigned int position) {
@@ -196,8 +224,9 @@ void ProfileIndex::Append(const OnuAbilityProfile& profile) {
   _by_key.Append(profile);
   _by_real_type.Append(profile);
   _patterns.Append(profile);
-  for (auto& [code, column] : _entries) {
-    column.Append(profile, code);
+  for (auto& [code, columns] : _columns) {
+    columns.numbers.Append(profile, code);
+    columns.strings.Append(profile, code);
   }
   _new_ids[profile._profile_source].Take(profile._id);
   _lamp_totals.emplace_back();
@@ -215,9 +244,10 @@ void ProfileIndex::NoteValue(const std::vector<OnuAbilityProfile>& profiles, uns
   }
   for (const unsigned short changed : {code, ONU_ABILITY_CODE_ALL_LAN, ONU_ABILITY_CODE_DATA_UNI}) {
     _patterns.Forget(changed);
-    const auto column = _entries.find(changed);
-    if (column != _entries.end()) {
-      column->second.NoteValue(profiles[position], changed, position);
+    const auto columns = _columns.find(changed);
+    if (columns != _columns.end()) {
+      columns->second.numbers.NoteValue(profiles[position], changed, position);
+      columns->second.strings.NoteValue(profiles[position], changed, position);
     }
   }
   _lamp_totals[position] = KeptTotal();
@@ -227,7 +257,7 @@ void ProfileIndex::Rebuild(const std::vector<OnuAbilityProfile>& profiles) {
   _by_key.Clear();
   _by_real_type.Clear();
   _patterns.Clear();
-  _entries.clear();
+  _columns.clear();
   _new_ids.clear();
   _lamp_totals.clear();
   for (const auto& profile : profiles) {

@@ -11,6 +11,7 @@
 
 #include <cstddef>
 #include <map>
+#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -65,17 +66,34 @@ class ValueIndex {
   std::vector<unsigned int> _irregular;
 };
 
-// The entries of one code, a place a profile: null where the profile lacks the code.
-// A map keeps its entries where they are as long as it lives, also when its profile
-// moves, so a pointer holds until the table removes a profile.
+// What a column keeps of an entry that is a number: the number. kNone says nothing, so
+// the one number like it is asked from the profile, too.
+struct KeptNumber {
+  using Place = unsigned int;
+  static constexpr Place kNone = 0xFFFFFFFEU;
+  static Place Of(const OnuAbilityProfile& profile, unsigned short code);
+};
+
+// Of one that is a string: where it is. A map keeps its entries where they are as long
+// as it lives, also when its profile moves.
+struct KeptString {
+  using Place = const std::string*;
+  static constexpr Place kNone = nullptr;
+  static Place Of(const OnuAbilityProfile& profile, unsigned short code);
+};
+
+// The entries of one code, a place a profile.
+template <typename Kept>
 class EntryColumn {
  public:
-  // The entry of the profile at `position`, null for none or as long as the column is
-  // not worth its making: it is made when it was asked for an eighth of the profiles,
-  // and only for a code that most of them hold.
-  const ONU_ABILITY_COMMON_ABILITY_VALUE* Find(const std::vector<OnuAbilityProfile>& profiles,
-                                               unsigned short code, unsigned int position) {
-    return position < _entries.size() ? _entries[position] : Ask(profiles, code);
+  using Place = typename Kept::Place;
+
+  // The entry of the profile at `position`; kNone says nothing. The column is made when
+  // it was asked for an eighth of the profiles, if so many hold an entry of its kind
+  // that the places of the others cost little.
+  Place Find(const std::vector<OnuAbilityProfile>& profiles, unsigned short code,
+             unsigned int position) {
+    return position < _places.size() ? _places[position] : Ask(profiles, code);
   }
 
   // What happened to the profiles.
@@ -83,11 +101,11 @@ class EntryColumn {
   void NoteValue(const OnuAbilityProfile& profile, unsigned short code, unsigned int position);
 
  private:
-  const ONU_ABILITY_COMMON_ABILITY_VALUE* Ask(const std::vector<OnuAbilityProfile>& profiles,
-                                              unsigned short code);
+  Place Ask(const std::vector<OnuAbilityProfile>& profiles, unsigned short code);
 
-  std::vector<const ONU_ABILITY_COMMON_ABILITY_VALUE*> _entries;  // none before it is made
+  std::vector<Place> _places;  // none before it is made
   std::size_t _asked = 0;
+  bool _is_worth_it = true;
 };
 
 // Which ids a table gives to new profiles of one source.
@@ -114,9 +132,11 @@ class ProfileIndex {
 
   PatternIndex& Patterns() { return _patterns; }
 
-  // The entry of a code of the profile at `position`. Null says nothing.
-  const ONU_ABILITY_COMMON_ABILITY_VALUE* Entry(const std::vector<OnuAbilityProfile>& profiles,
-                                                unsigned int position, unsigned short code);
+  // The number or string of a code of the profile at `position`. kNone says nothing.
+  KeptNumber::Place Number(const std::vector<OnuAbilityProfile>& profiles, unsigned int position,
+                           unsigned short code);
+  KeptString::Place String(const std::vector<OnuAbilityProfile>& profiles, unsigned int position,
+                           unsigned short code);
 
   // The lowest new id that no profile of the source has, or ONU_ABILITY_INVALID_ID.
   unsigned short NewId(ONU_ABILITY_ENUM_PROFILE_SOURCE source) { return _new_ids[source].Lowest(); }
@@ -143,7 +163,15 @@ class ProfileIndex {
   ValueIndex _by_key;
   ValueIndex _by_real_type;
   PatternIndex _patterns;
-  std::unordered_map<unsigned short, EntryColumn> _entries;
+  struct Columns {
+    EntryColumn<KeptNumber> numbers;
+    EntryColumn<KeptString> strings;
+  };
+
+  // The columns of a code that some profile holds, else null.
+  Columns* ColumnsOf(const OnuAbilityProfile& profile, unsigned short code);
+
+  std::unordered_map<unsigned short, Columns> _columns;
   std::map<ONU_ABILITY_ENUM_PROFILE_SOURCE, NewIds> _new_ids;
   std::vector<KeptTotal> _lamp_totals;
 };

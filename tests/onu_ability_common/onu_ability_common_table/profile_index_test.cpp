@@ -174,13 +174,14 @@ TEST_F(KeptLampTotalTest, OfAnUnknownCodeIsNotKeptAndSaysSoEachTime) {
 }
 
 // The first sum adds the attribute to the record, which is a change of the registry.
-TEST_F(KeptLampTotalTest, IsKeptFromTheSumOnThatGaveACodeItsAttribute) {
+TEST_F(KeptLampTotalTest, IsKeptAfterTheSumThatGaveACodeItsAttribute) {
   ONU_ABILITY_CODE_ATTR_INFO bare;
   bare.ability_code = 2000;
   bare.ability_name = "BARE";
   bare.ability_attr.clear();
   OnuAbilityCodeInfo::GetInstance()->Update(bare);
   Append(With(With(MakeRealProfile(9, 90), kPowerLamp, 3), 2000, 4));
+  EXPECT_EQ(3U, Total(2));
   EXPECT_EQ(3U, Total(2));
   ChangeInSilence();
   EXPECT_EQ(3U, Total(2));
