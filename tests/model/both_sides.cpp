@@ -3,39 +3,18 @@
 #include <cstring>
 
 #include "onu_ability_common_reg_extern_func.h"
+#include "support/library_reset.h"
 #include "support/scripted_hooks.h"
 #include "tables.h"
 
 namespace {
 
-void ResetLibrary() {
-  OnuAbilityTableManager& manager = *OnuAbilityTableManager::GetInstance();
-  manager.DelOnuAbilityTable(ONU_ABILITY_PROFILE_TYPE_REAL);
-  manager.DelOnuAbilityTable(ONU_ABILITY_PROFILE_TYPE_MATCH);
-  manager._map_table.clear();
-  OnuAbilityCodeInfo::GetInstance()->Get().clear();
-  OnuAbilityCodeInfo::GetInstance()->SetKeyAbilityCode(1085);
+void ResetTheLibrary() {
+  std::vector<ONU_ABILITY_ENUM_ABILITY_ATTR_ID> attribute_ids;
   for (const int id : kAttributeIds) {
-    OnuAbilityAttrInfo::GetInstance()->Del(AsAttribute(id));
+    attribute_ids.push_back(AsAttribute(id));
   }
-  OnuAbilityGlobalVar& settings = *OnuAbilityGlobalVar::GetInstance();
-  delete settings._onu_ability_profile;
-  settings._onu_ability_profile = nullptr;
-  settings._sfu_common_type = 857;
-  settings._hgu_common_type = 762;
-  OnuAbilityRegExternFunc& hooks = *OnuAbilityRegExternFunc::GetInstance();
-  hooks.SetModuleId(19);
-  hooks.SetCmdNode(26);
-  hooks._get_vendor_id = nullptr;
-  hooks._get_report_type = nullptr;
-  hooks._get_private_capability = nullptr;
-  hooks._get_device_name = nullptr;
-  hooks._hand_over_profile = nullptr;
-  hooks._set_real_type = nullptr;
-  hooks._set_report_type = nullptr;
-  hooks._get_ability_value = nullptr;
-  hooks._get_identify_setting = nullptr;
-  hooks._read_one_by_one = nullptr;
+  ResetLibrary(attribute_ids);
 }
 
 void ResetModel() {
@@ -66,7 +45,7 @@ std::string Shown(const model::LogLine& line) {
 
 BothSides::BothSides() {
   onu_ability_set_log_level_mask(0);
-  ResetLibrary();
+  ResetTheLibrary();
   onu_ability_set_log_level_mask(0xFFFFFFFFU);
   ResetModel();
   library.resize(kSlots);
@@ -77,7 +56,7 @@ BothSides::BothSides() {
 
 BothSides::~BothSides() {
   onu_ability_set_log_level_mask(0);
-  ResetLibrary();
+  ResetTheLibrary();
   ResetModel();
   Forget();
 }

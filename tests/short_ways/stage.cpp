@@ -2,56 +2,14 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <iterator>
 
 #include "onu_ability_common_global/short_ways.h"
 #include "onu_ability_common_reg_extern_func.h"
+#include "support/library_reset.h"
 #include "support/scripted_hooks.h"
 #include "texts.h"
 
 namespace {
-
-void ResetTables() {
-  OnuAbilityTableManager& manager = *OnuAbilityTableManager::GetInstance();
-  manager.DelOnuAbilityTable(ONU_ABILITY_PROFILE_TYPE_REAL);
-  manager.DelOnuAbilityTable(ONU_ABILITY_PROFILE_TYPE_MATCH);
-  manager._map_table.clear();
-}
-
-// By the registries' own operations: the records are not to be handed out.
-void ResetRegistries() {
-  OnuAbilityCodeInfo& codes = *OnuAbilityCodeInfo::GetInstance();
-  std::vector<ONU_ABILITY_CODE_ATTR_INFO> records;
-  onu_ability_get_all_ability_attr_info(records);
-  for (const auto& record : records) {
-    codes.Del(record.ability_code);
-  }
-  codes.SetKeyAbilityCode(ONU_ABILITY_CODE_DEFAULT_KEY);
-  for (const auto id : kAttributeIds) {
-    OnuAbilityAttrInfo::GetInstance()->Del(id);
-  }
-}
-
-void ResetSettings() {
-  OnuAbilityGlobalVar& settings = *OnuAbilityGlobalVar::GetInstance();
-  delete settings._onu_ability_profile;
-  settings._onu_ability_profile = nullptr;
-  settings._sfu_common_type = 857;
-  settings._hgu_common_type = 762;
-  OnuAbilityRegExternFunc& hooks = *OnuAbilityRegExternFunc::GetInstance();
-  hooks.SetModuleId(19);
-  hooks.SetCmdNode(26);
-  hooks._get_vendor_id = nullptr;
-  hooks._get_report_type = nullptr;
-  hooks._get_private_capability = nullptr;
-  hooks._get_device_name = nullptr;
-  hooks._hand_over_profile = nullptr;
-  hooks._set_real_type = nullptr;
-  hooks._set_report_type = nullptr;
-  hooks._get_ability_value = nullptr;
-  hooks._get_identify_setting = nullptr;
-  hooks._read_one_by_one = nullptr;
-}
 
 std::string Shown(const LogLine& line) {
   std::string text = "log [" + std::to_string(line.level) + "] module " +
@@ -72,9 +30,7 @@ std::string Shown(const MemoryCall& call) {
 
 Stage::Stage(bool walks_only, bool records_handed_out) : records_handed_out_(records_handed_out) {
   onu_ability_set_log_level_mask(0);
-  ResetTables();
-  ResetRegistries();
-  ResetSettings();
+  ResetLibrary(kAttributeIds);
   SetWalksOnly(walks_only);
   onu_ability_set_log_level_mask(0xFFFFFFFFU);
   profiles.resize(kSlots);
