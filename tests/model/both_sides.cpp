@@ -11,6 +11,7 @@ namespace {
 
 void ResetTheLibrary() {
   std::vector<ONU_ABILITY_ENUM_ABILITY_ATTR_ID> attribute_ids;
+  attribute_ids.reserve(kAttributeIds.size());
   for (const int id : kAttributeIds) {
     attribute_ids.push_back(AsAttribute(id));
   }

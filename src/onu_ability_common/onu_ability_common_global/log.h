@@ -26,15 +26,12 @@ extern std::atomic<unsigned int> onu_ability_log_level_mask;
 #define ONU_ABILITY_LOG_WITH_TAIL(level, format, ...) \
   ONU_ABILITY_LOG_BARE(level, format " func:%s,line:%d\r\n\r\n", __VA_ARGS__)
 
-// A line without the tail, for the one listing that may go to the log. Most levels
-// are off in service: the line stands out of the way of what is done.
-#define ONU_ABILITY_LOG_BARE(level, ...)                                                         \
-  do {                                                                                           \
-    if (__builtin_expect(                                                                        \
-            (onu_ability_log_level_mask.load(std::memory_order_relaxed) & (1U << (level))) != 0, \
-            0)) {                                                                                \
-      ulogPrintf(onu_ability_get_module_id(), (level), __VA_ARGS__);                             \
-    }                                                                                            \
+// A line without the tail, for the one listing that may go to the log.
+#define ONU_ABILITY_LOG_BARE(level, ...)                                                \
+  do {                                                                                  \
+    if ((onu_ability_log_level_mask.load(std::memory_order_relaxed) >> (level)) & 1U) { \
+      ulogPrintf(onu_ability_get_module_id(), (level), __VA_ARGS__);                    \
+    }                                                                                   \
   } while (false)
 
 #endif  // ONU_ABILITY_COMMON_GLOBAL_LOG_H

@@ -3,12 +3,15 @@
 #include "onu_ability_common_global/short_ways.h"
 #include "onu_ability_common_table/ability_code_index.h"
 
-AbilityName::AbilityName(unsigned short code) : _text(nullptr) {
-  if (NobodyListensTo(LogLevels(9, 10))) {
-    _text = AbilityCodeReader().Name(code);
-  }
-  if (_text == nullptr) {
-    _copy = OnuAbilityCodeInfo::GetInstance()->Get(code);
-    _text = _copy.c_str();
-  }
+namespace {
+
+// The short way, where asking a known code says nothing. Else null.
+const char* KnownName(unsigned short code) {
+  return NobodyListensTo(LogLevels(9, 10)) ? AbilityCodeReader().Name(code) : nullptr;
 }
+
+}  // namespace
+
+AbilityName::AbilityName(unsigned short code)
+    : _known(KnownName(code)),
+      _copy(_known != nullptr ? std::string() : OnuAbilityCodeInfo::GetInstance()->Get(code)) {}

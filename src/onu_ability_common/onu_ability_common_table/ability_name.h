@@ -15,11 +15,11 @@ class AbilityName {
   AbilityName(const AbilityName&) = delete;
   AbilityName& operator=(const AbilityName&) = delete;
 
-  const char* c_str() const { return _text; }
+  const char* c_str() const { return _known != nullptr ? _known : _copy.c_str(); }
 
  private:
+  const char* _known;  // the record's own text, or null
   std::string _copy;
-  const char* _text;
 };
 
 #endif  // ONU_ABILITY_COMMON_TABLE_ABILITY_NAME_H
