@@ -67,6 +67,12 @@ bool OnuAbilityRegExternFunc::WhetherExternFuncRegistered() const {
          _get_identify_setting != nullptr && _read_one_by_one != nullptr;
 }
 
+void OnuAbilityRegExternFunc::SetModuleId(unsigned int module_id) {
+  onu_ability_module_id = module_id;
+}
+
+unsigned int OnuAbilityRegExternFunc::GetModuleId() const { return onu_ability_module_id; }
+
 void OnuAbilityRegExternFunc::SetSfuCommonType(unsigned short type) {
   OnuAbilityGlobalVar::GetInstance()->_sfu_common_type = type;
 }
@@ -77,8 +83,4 @@ void OnuAbilityRegExternFunc::SetHguCommonType(unsigned short type) {
 
 void onu_ability_register_extern_func(unsigned short id, void* func) {
   OnuAbilityRegExternFunc::GetInstance()->RegisterExternFunc(id, func);
-}
-
-unsigned int onu_ability_get_module_id() {
-  return OnuAbilityRegExternFunc::GetInstance()->GetModuleId();
 }

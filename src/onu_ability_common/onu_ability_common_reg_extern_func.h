@@ -67,8 +67,9 @@ class ONU_ABILITY_API OnuAbilityRegExternFunc {
   // True when all ten hooks are there.
   bool WhetherExternFuncRegistered() const;
 
-  void SetModuleId(unsigned int module_id) { _module_id = module_id; }
-  unsigned int GetModuleId() const { return _module_id; }
+  // The module id of every log line; 19 until it is set.
+  void SetModuleId(unsigned int module_id);
+  unsigned int GetModuleId() const;
 
   // The vty node under which the commands are installed.
   void SetCmdNode(unsigned int cmd_node) { _cmd_node = cmd_node; }
@@ -94,7 +95,6 @@ class ONU_ABILITY_API OnuAbilityRegExternFunc {
  private:
   OnuAbilityRegExternFunc() = default;
 
-  unsigned int _module_id = 19;
   unsigned int _cmd_node = 26;
 };
 

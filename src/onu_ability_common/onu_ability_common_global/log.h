@@ -11,6 +11,10 @@
 // else of a line is evaluated.
 extern std::atomic<unsigned int> onu_ability_log_level_mask;
 
+// The module id of every line: set at start-up, and asked too often to be searched
+// for behind a singleton.
+extern unsigned int onu_ability_module_id;
+
 // Writes a line of `level` (a constant below 32): a format literal and its
 // arguments, to which module id, function name, source line and the common tail
 // are added.
@@ -30,7 +34,7 @@ extern std::atomic<unsigned int> onu_ability_log_level_mask;
 #define ONU_ABILITY_LOG_BARE(level, ...)                                                \
   do {                                                                                  \
     if ((onu_ability_log_level_mask.load(std::memory_order_relaxed) >> (level)) & 1U) { \
-      ulogPrintf(onu_ability_get_module_id(), (level), __VA_ARGS__);                    \
+      ulogPrintf(onu_ability_module_id, (level), __VA_ARGS__);                          \
     }                                                                                   \
   } while (false)
 

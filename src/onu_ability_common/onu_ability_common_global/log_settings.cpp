@@ -17,6 +17,9 @@ void RefreshWalkedLevels() {
 std::atomic<unsigned int> onu_ability_log_level_mask{kEveryLevel};
 std::atomic<unsigned int> onu_ability_walked_levels{kEveryLevel};
 std::atomic<bool> onu_ability_walks_only{false};
+unsigned int onu_ability_module_id = 19;
+
+unsigned int onu_ability_get_module_id() { return onu_ability_module_id; }
 
 void onu_ability_set_log_level_mask(unsigned int mask) {
   onu_ability_log_level_mask.store(mask, std::memory_order_relaxed);

@@ -2,7 +2,6 @@
 #include "onu_ability_common_table/onu_ability_table_manager.h"
 
 #include "onu_ability_common_global/log.h"
-#include "onu_ability_common_reg_extern_func.h"
 #include "onu_ability_common_table/ability_name.h"
 #include "onu_ability_common_table/onu_match_ability_table.h"
 #include "onu_ability_common_table/onu_real_ability_table.h"
@@ -13,8 +12,6 @@ OnuAbilityTableManager* OnuAbilityTableManager::GetInstance() {
 }
 
 OnuAbilityTableManager::OnuAbilityTableManager() {
-  // The destructor logs: the registry of the module id must outlive it.
-  OnuAbilityRegExternFunc::GetInstance();
   ONU_ABILITY_LOG(10, "OnuAbilityTableManager start!");
 }
 
