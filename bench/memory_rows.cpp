@@ -1,5 +1,8 @@
 #include <malloc.h>
 
+#include <string>
+#include <vector>
+
 #include "onu_ability_common_service_cinterface.h"
 #include "rows.h"
 #include "world.h"
@@ -12,8 +15,12 @@ double HeapBytes() {
   return static_cast<double>(info.uordblks + info.hblkhd);
 }
 
-// Asks for everything once, so that every index is there.
+// Asks every profile for everything, so that every index is there.
 void AskAll() {
+  std::vector<ONU_ABILITY_CODE_ATTR_INFO> codes;
+  onu_ability_get_all_ability_attr_info(codes);
+  OnuAbilityTableManager& manager = *OnuAbilityTableManager::GetInstance();
+  std::string text;
   char buffer[32];
   for (std::size_t i = 0; i < kUsualSize; ++i) {
     const Description& description = RealDescriptions()[i];
@@ -21,6 +28,10 @@ void AskAll() {
     onu_ability_search_by_real_type(description.real_type);
     onu_ability_get_onu_type_name_by_key_value(description.key, buffer, sizeof buffer);
     onu_ability_get_onu_lamp_total_num_by_key_ability(description.key);
+    for (const auto& record : codes) {
+      onu_ability_get_onu_ability_value_by_key_value(description.key, record.ability_code);
+      manager.Get(ONU_ABILITY_PROFILE_TYPE_REAL, description.key, record.ability_code, text);
+    }
   }
 }
 
