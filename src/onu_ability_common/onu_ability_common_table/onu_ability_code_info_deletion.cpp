@@ -1,6 +1,8 @@
 // Deletion of ability codes, apart from the rest of the registry: it asks the
 // table of real profiles, which builds on the registry, whether the code is in
 // use. Match profiles are not asked, as meant.
+#include <cstddef>
+
 #include "onu_ability_common_global/log.h"
 #include "onu_ability_common_table/onu_ability_code_info.h"
 #include "onu_ability_common_table/onu_ability_table_manager.h"
@@ -44,6 +46,7 @@ unsigned int OnuAbilityCodeInfo::Del(std::string name) {
     ONU_ABILITY_LOG(10, "function end!");
     return ONU_ABILITY_RET_OPERATE_FAILED;
   }
+  const std::size_t before = _vec_ability_attr.size();
   for (auto record = _vec_ability_attr.begin(); record != _vec_ability_attr.end();) {
     if (record->ability_name == name) {
       ONU_ABILITY_LOG(9, "ability_name valid!ability_name:%s", name.c_str());
@@ -52,7 +55,9 @@ unsigned int OnuAbilityCodeInfo::Del(std::string name) {
       ++record;
     }
   }
-  NoteRemoval();
+  if (_vec_ability_attr.size() != before) {
+    NoteRemoval();
+  }
   ONU_ABILITY_LOG(10, "function end!");
   return ONU_ABILITY_RET_OK;
 }

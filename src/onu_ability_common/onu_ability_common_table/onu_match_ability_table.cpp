@@ -25,6 +25,7 @@ bool CollectCompared(const OnuAbilityProfile& report,
     return false;
   }
   const AbilityCodeReader codes;
+  compared.reserve(report._common_ability.size());
   for (const auto& [code, value] : report._common_ability) {
     const AbilityTraits traits = codes.Traits(code);
     if ((traits & kHoldsConfirmType) == 0) {
@@ -120,7 +121,6 @@ void OnuMatchAbilityTable::NoteComparisons() {
 bool OnuMatchAbilityTable::FindByIndex(const OnuAbilityProfile& report,
                                        OnuAbilityProfile*& fitting) {
   std::vector<PatternIndex::Compared> compared;
-  compared.reserve(report._common_ability.size());
   if (_index == nullptr || !NobodyListensTo(LogLevels(4, 5, 6, 9, 10)) ||
       !CollectCompared(report, compared)) {
     return false;
