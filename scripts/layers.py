@@ -27,7 +27,7 @@ LAYERS = [
     ("attributes", [TABLE + "onu_ability_attr_info*", TABLE + "onu_ability_code_attr_info.cpp"],
      LIBRARY[:3]),
     ("codes", [TABLE + "onu_ability_code_info*", TABLE + "ability_*"], LIBRARY[:4]),
-    ("profile", [TABLE + "onu_ability_profile*"], LIBRARY[:5]),
+    ("profile", [TABLE + "onu_ability_profile*", TABLE + "held_ports.*"], LIBRARY[:5]),
     ("manager", [TABLE + "onu_ability_table_manager*"], LIBRARY[:8]),
     ("table_base",
      [TABLE + "onu_ability_table_*", TABLE + "*_index.*", TABLE + "table_lock.h"], LIBRARY[:6]),

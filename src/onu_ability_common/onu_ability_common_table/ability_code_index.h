@@ -14,6 +14,7 @@
 #include <memory>
 #include <vector>
 
+#include "onu_ability_common_global/short_ways.h"
 #include "onu_ability_common_table/onu_ability_attr_info.h"
 #include "onu_ability_common_table/onu_ability_code_info.h"
 
@@ -61,20 +62,28 @@ class AbilityCodeIndex {
   std::unique_ptr<Entry[], void (*)(void*)> _entries;
 };
 
+// Asked for every ability of every report.
+inline const AbilityCodeIndex* OnuAbilityCodeInfo::TrustedIndex() const {
+  return _unpredictable.load(std::memory_order_relaxed) || WalksOnly() ? nullptr : _index.get();
+}
+
 // Reads the code registry without a log line and without changing it.
 class AbilityCodeReader {
  public:
-  AbilityCodeReader()
-      : _registry(*OnuAbilityCodeInfo::GetInstance()), _index(_registry.TrustedIndex()) {}
+  AbilityCodeReader() : AbilityCodeReader(*OnuAbilityCodeInfo::GetInstance()) {}
+  explicit AbilityCodeReader(OnuAbilityCodeInfo& registry)
+      : _registry(registry), _index(registry.TrustedIndex()) {}
 
   // None for an unknown code.
   AbilityTraits Traits(unsigned short code) const {
     return _index != nullptr ? _index->Traits(code) : SearchTraits(code);
   }
-  // Whether an attribute with a meaning is registered; without, every code reads as
+  // Whether attributes with a meaning are registered; without, every code reads as
   // 65535, known or not, and says so.
-  static bool IsRegistered(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id) {
-    return (OnuAbilityAttrInfo::GetInstance()->_low_ids >> id & 1U) != 0;
+  template <typename... Id>
+  static bool AreRegistered(Id... ids) {
+    const unsigned int wanted = ((1U << ids) | ...);
+    return (OnuAbilityAttrInfo::GetInstance()->_low_ids & wanted) == wanted;
   }
   // The record's own name, null for an unknown code.
   const char* Name(unsigned short code) const;

@@ -101,7 +101,7 @@ void ConfirmOnuType::GatherAbilities() {
   // NOLINTNEXTLINE(modernize-loop-convert)
   for (std::size_t i = 0; i < codes._vec_ability_attr.size(); ++i) {
     auto& record = codes._vec_ability_attr[i];
-    if (IsAsked(record)) {
+    if (IsAsked(codes, record)) {
       AskAbility(record.ability_code);
     }
   }
@@ -117,10 +117,10 @@ void ConfirmOnuType::GatherAbilities() {
   }
 }
 
-bool ConfirmOnuType::IsAsked(ONU_ABILITY_CODE_ATTR_INFO& record) {
+bool ConfirmOnuType::IsAsked(OnuAbilityCodeInfo& codes, ONU_ABILITY_CODE_ATTR_INFO& record) {
   constexpr AbilityTraits kReadSilently = kHoldsConfirmType | kHoldsValueType;
   constexpr AbilityTraits kAsked = kConfirmedByOnu | kNumber;
-  const AbilityCodeIndex* index = AbilityCodeReader().Index();
+  const AbilityCodeIndex* index = AbilityCodeReader(codes).Index();
   if (index != nullptr && NobodyListensTo(LogLevels(4))) {
     const AbilityTraits traits = index->Traits(record.ability_code);
     if ((traits & kReadSilently) == kReadSilently) {
@@ -128,7 +128,6 @@ bool ConfirmOnuType::IsAsked(ONU_ABILITY_CODE_ATTR_INFO& record) {
     }
   }
   // Reading an absent attribute adds it to the record with the value 0.
-  OnuAbilityCodeInfo& codes = *OnuAbilityCodeInfo::GetInstance();
   const unsigned short confirm_type = codes.Acquire(record, ONU_ABILITY_ATTR_CONFIRM_TYPE);
   const unsigned short value_type = codes.Acquire(record, ONU_ABILITY_ATTR_VALUE_TYPE);
   ONU_ABILITY_LOG_FOR("Init", 4, "confirm_type_attr_value:%d, ability_value_type_attr_value:%d",

@@ -9,6 +9,8 @@
 
 #include "onu_ability_common_table/onu_ability_profile.h"
 
+class OnuAbilityCodeInfo;
+
 class ONU_ABILITY_API ConfirmOnuType : public OnuAbilityProfile {
  public:
   // `place` and `onu` are handed to every hook.
@@ -44,7 +46,8 @@ class ONU_ABILITY_API ConfirmOnuType : public OnuAbilityProfile {
 
  private:
   ONU_ABILITY_LOCAL void GatherAbilities();
-  ONU_ABILITY_LOCAL static bool IsAsked(ONU_ABILITY_CODE_ATTR_INFO& record);
+  ONU_ABILITY_LOCAL static bool IsAsked(OnuAbilityCodeInfo& codes,
+                                        ONU_ABILITY_CODE_ATTR_INFO& record);
   ONU_ABILITY_LOCAL void AskAbility(unsigned short code);
   ONU_ABILITY_LOCAL void HandOver();
   ONU_ABILITY_LOCAL unsigned int TranslatedReportType(unsigned int onu_capa) const;

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "onu_ability_common_global/log.h"
-#include "onu_ability_common_global/short_ways.h"
 #include "onu_ability_common_table/ability_code_index.h"
 #include "onu_ability_common_table/onu_ability_attr_info.h"
 
@@ -30,10 +29,6 @@ std::vector<ONU_ABILITY_CODE_ATTR_INFO>& OnuAbilityCodeInfo::Get() {
 void OnuAbilityCodeInfo::Restore(std::vector<ONU_ABILITY_CODE_ATTR_INFO> records) {
   _vec_ability_attr = std::move(records);
   NoteRemoval();
-}
-
-const AbilityCodeIndex* OnuAbilityCodeInfo::TrustedIndex() const {
-  return _unpredictable.load(std::memory_order_relaxed) || WalksOnly() ? nullptr : _index.get();
 }
 
 std::vector<ONU_ABILITY_CODE_ATTR_INFO>::iterator OnuAbilityCodeInfo::Find(unsigned short code) {

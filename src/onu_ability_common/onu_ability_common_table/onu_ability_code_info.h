@@ -86,7 +86,7 @@ class ONU_ABILITY_API OnuAbilityCodeInfo {
   ONU_ABILITY_LOCAL unsigned short Acquire(ONU_ABILITY_CODE_ATTR_INFO& record,
                                            ONU_ABILITY_ENUM_ABILITY_ATTR_ID id);
   // Null when it may be out of date.
-  ONU_ABILITY_LOCAL const AbilityCodeIndex* TrustedIndex() const;
+  ONU_ABILITY_LOCAL inline const AbilityCodeIndex* TrustedIndex() const;
   // To be called after every change.
   ONU_ABILITY_LOCAL void NoteChange(const ONU_ABILITY_CODE_ATTR_INFO& record);
   ONU_ABILITY_LOCAL void NoteRemoval();

@@ -8,10 +8,11 @@
 #ifndef ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_PROFILE_H
 #define ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_PROFILE_H
 
-#include <map>
 #include <string>
 
 #include "onu_ability_common_global.h"
+#include "onu_ability_common_table/ability_map.h"
+#include "onu_ability_common_table/held_ports.h"
 #include "variant.h"
 #include "vty.h"
 
@@ -141,7 +142,7 @@ class ONU_ABILITY_API OnuAbilityProfile {
   ONU_ABILITY_ENUM_PROFILE_SOURCE _profile_source = ONU_ABILITY_PROFILE_SOURCE_DEFAULT;
   unsigned int _ability_default_value = 0;
   unsigned int _common_ability_num = 0;  // cached count, stale after some operations as meant
-  std::map<unsigned short, ONU_ABILITY_COMMON_ABILITY_VALUE> _common_ability;
+  AbilityMap _common_ability;
   unsigned char _reserved[16] = {};
   unsigned short _key_ability_code;  // the registry's at construction or the last Init
   unsigned int _age_count = 0;
@@ -150,11 +151,14 @@ class ONU_ABILITY_API OnuAbilityProfile {
   ONU_ABILITY_LOCAL void CopyHeader(const OnuAbilityProfile& other);
   // `held`, after saying it as IsExist does.
   ONU_ABILITY_LOCAL bool SayWhether(unsigned short code, bool held) const;
-  ONU_ABILITY_LOCAL bool UpdateSilently();
+  ONU_ABILITY_LOCAL void Update(const AbilityCodeReader& codes);
+  ONU_ABILITY_LOCAL bool UpdateSilently(const AbilityCodeReader& codes);
+  // The value under the code, an empty one where the code was not held.
+  ONU_ABILITY_LOCAL ONU_ABILITY_COMMON_ABILITY_VALUE& Hold(unsigned short code,
+                                                           const AbilityCodeReader& codes);
+  ONU_ABILITY_LOCAL static void SetNumber(ONU_ABILITY_COMMON_ABILITY_VALUE& held,
+                                          unsigned int value);
   ONU_ABILITY_LOCAL void StoreNumber(unsigned short code, unsigned int value);
-  // The same where the code's entry is known, or null for none. Returns it.
-  ONU_ABILITY_LOCAL ONU_ABILITY_COMMON_ABILITY_VALUE* StoreNumber(
-      unsigned short code, ONU_ABILITY_COMMON_ABILITY_VALUE* held, unsigned int value);
   ONU_ABILITY_LOCAL void StoreString(unsigned short code, const std::string& value);
   ONU_ABILITY_LOCAL bool MatchPattern(const OnuAbilityProfile& input, unsigned short key_code);
   ONU_ABILITY_LOCAL bool MatchAbility(unsigned short code,
@@ -166,6 +170,8 @@ class ONU_ABILITY_API OnuAbilityProfile {
                                   const ONU_ABILITY_COMMON_ABILITY_VALUE& held) const;
   ONU_ABILITY_LOCAL void ShowHeader(struct vty* terminal) const;
   ONU_ABILITY_LOCAL void ShowAbilities(struct vty* terminal, unsigned int flag) const;
+
+  HeldPorts _ports;
 };
 
 #endif  // ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_PROFILE_H

@@ -10,7 +10,6 @@ namespace {
 constexpr unsigned short kLanPortType = 3;
 // Port type 7 is a data UNI, too: 3 with this bit set.
 constexpr unsigned int kDataUniBit = 0x4;
-// A code with these neither says anything nor acquires an attribute when it is read.
 constexpr AbilityTraits kReadSilently = kKnownCode | kHoldsPortType | kHoldsValueType;
 constexpr AbilityTraits kDataUniNumber = kDataUni | kNumber;
 
@@ -31,59 +30,51 @@ struct DerivedCount {
 
 }  // namespace
 
-void OnuAbilityProfile::Update() {
-  if (!UpdateSilently()) {
+void OnuAbilityProfile::Update() { Update(AbilityCodeReader()); }
+
+void OnuAbilityProfile::Update(const AbilityCodeReader& codes) {
+  if (!UpdateSilently(codes)) {
     UpdateLan();
     UpdateDataUni();
   }
 }
 
-// The short way: both counts from one pass over the codes. False, with nothing
-// changed, when a walk would say or acquire anything.
-bool OnuAbilityProfile::UpdateSilently() {
+// The short way: both counts from the ports alone. False, with nothing changed, when a
+// walk would say or acquire anything.
+bool OnuAbilityProfile::UpdateSilently(const AbilityCodeReader& codes) {
   if (!NobodyListensTo(LogLevels(6, 9, 10)) ||
-      !AbilityCodeReader::IsRegistered(ONU_ABILITY_ATTR_PORT_TYPE) ||
-      !AbilityCodeReader::IsRegistered(ONU_ABILITY_ATTR_VALUE_TYPE)) {
+      !AbilityCodeReader::AreRegistered(ONU_ABILITY_ATTR_PORT_TYPE, ONU_ABILITY_ATTR_VALUE_TYPE) ||
+      (!_ports.AreKnown(_common_ability, codes.Generation()) &&
+       !_ports.Find(_common_ability, codes))) {
     return false;
   }
-  const AbilityCodeReader codes;
   DerivedCount lan;
   DerivedCount data_uni;
-  ONU_ABILITY_COMMON_ABILITY_VALUE* lan_total = nullptr;
-  ONU_ABILITY_COMMON_ABILITY_VALUE* data_uni_total = nullptr;
-  AbilityTraits of_all = kReadSilently;
-  for (auto& [code, value] : _common_ability) {
-    const AbilityTraits traits = codes.Traits(code);
-    of_all &= traits;
-    if ((traits & (kLanPort | kDataUni | kDerivedCount)) == 0) {
-      continue;
+  for (const HeldPorts::Port& port : _ports.Ports()) {
+    const unsigned int number = port.value->ability_ushort_value;
+    if (port.is_lan) {
+      lan.Add(number);
     }
-    if ((traits & kLanPort) != 0) {
-      lan.Add(value.ability_ushort_value);
-    }
-    if (code == ONU_ABILITY_CODE_ALL_LAN) {
-      lan_total = &value;
-    } else if ((traits & kDataUniNumber) == kDataUniNumber) {
-      data_uni.Add(value.ability_ushort_value);
-    }
-    if (code == ONU_ABILITY_CODE_DATA_UNI) {
-      data_uni_total = &value;
+    if (port.is_data_uni) {
+      data_uni.Add(number);
     }
   }
   const AbilityTraits lan_total_traits = codes.Traits(ONU_ABILITY_CODE_ALL_LAN);
-  of_all &= lan.found ? lan_total_traits : kReadSilently;
-  if (of_all != kReadSilently) {
+  if (lan.found && (lan_total_traits & kReadSilently) != kReadSilently) {
     return false;
   }
+  ONU_ABILITY_COMMON_ABILITY_VALUE* lan_total = _ports.LanTotal();
   if (lan.found) {
-    lan_total = StoreNumber(ONU_ABILITY_CODE_ALL_LAN, lan_total, lan.sum);
+    lan_total = lan_total != nullptr ? lan_total : &Hold(ONU_ABILITY_CODE_ALL_LAN, codes);
+    SetNumber(*lan_total, lan.sum);
   }
   // Where the LAN total counts as a data UNI it counts as it is now.
   if (lan_total != nullptr && (lan_total_traits & kDataUniNumber) == kDataUniNumber) {
     data_uni.Add(lan_total->ability_ushort_value);
   }
   if (data_uni.found) {
-    StoreNumber(ONU_ABILITY_CODE_DATA_UNI, data_uni_total, data_uni.sum);
+    ONU_ABILITY_COMMON_ABILITY_VALUE* total = _ports.DataUniTotal();
+    SetNumber(total != nullptr ? *total : Hold(ONU_ABILITY_CODE_DATA_UNI, codes), data_uni.sum);
   }
   if (lan.found || data_uni.found) {
     _common_ability_num = static_cast<unsigned int>(_common_ability.size());

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "onu_ability_common_global/log.h"
+#include "onu_ability_common_table/ability_code_index.h"
 #include "onu_ability_common_table/ability_name.h"
 #include "onu_ability_common_table/onu_ability_profile.h"
 
@@ -14,23 +15,25 @@ constexpr unsigned short kFillsMatchProfiles = 0x2;
 
 }  // namespace
 
-void OnuAbilityProfile::StoreNumber(unsigned short code, unsigned int value) {
-  StoreNumber(code, &_common_ability[code], value);
+ONU_ABILITY_COMMON_ABILITY_VALUE& OnuAbilityProfile::Hold(unsigned short code,
+                                                          const AbilityCodeReader& codes) {
+  const auto place = _common_ability.lower_bound(code);
+  const bool held = place != _common_ability.end() && place->first == code;
+  return held ? place->second : _ports.Insert(_common_ability, place, code, codes);
 }
 
-ONU_ABILITY_COMMON_ABILITY_VALUE* OnuAbilityProfile::StoreNumber(
-    unsigned short code, ONU_ABILITY_COMMON_ABILITY_VALUE* held, unsigned int value) {
-  if (held == nullptr) {
-    held = &_common_ability[code];
-  }
-  held->ability_value_type = ONU_ABILITY_VALUE_TYPE_USHORT;
-  held->ability_ushort_value = value;
-  held->ability_string_value.clear();
-  return held;
+void OnuAbilityProfile::SetNumber(ONU_ABILITY_COMMON_ABILITY_VALUE& held, unsigned int value) {
+  held.ability_value_type = ONU_ABILITY_VALUE_TYPE_USHORT;
+  held.ability_ushort_value = value;
+  held.ability_string_value.clear();
+}
+
+void OnuAbilityProfile::StoreNumber(unsigned short code, unsigned int value) {
+  SetNumber(Hold(code, AbilityCodeReader()), value);
 }
 
 void OnuAbilityProfile::StoreString(unsigned short code, const std::string& value) {
-  ONU_ABILITY_COMMON_ABILITY_VALUE& held = _common_ability[code];
+  ONU_ABILITY_COMMON_ABILITY_VALUE& held = Hold(code, AbilityCodeReader());
   held.ability_value_type = ONU_ABILITY_VALUE_TYPE_STRING;
   held.ability_ushort_value = _ability_default_value;
   held.ability_string_value = value;
@@ -71,15 +74,17 @@ void OnuAbilityProfile::Add(unsigned short code, ONU_ABILITY_COMMON_ABILITY_VALU
                     _profile_type, type, code);
     return;
   }
-  _common_ability[code] = std::move(value);
-  Update();
+  const AbilityCodeReader codes;
+  Hold(code, codes) = std::move(value);
+  Update(codes);
   _common_ability_num = static_cast<unsigned int>(_common_ability.size());
   ONU_ABILITY_LOG(10, "function end!");
 }
 
 void OnuAbilityProfile::Add(unsigned short code, unsigned int value) {
   ONU_ABILITY_LOG(10, "function start!");
-  if (OnuAbilityCodeInfo::GetInstance()->IsExist(code) == 0) {
+  OnuAbilityCodeInfo& registry = *OnuAbilityCodeInfo::GetInstance();
+  if (registry.IsExist(code) == 0) {
     ONU_ABILITY_LOG(1, "ability_code don't exist,ability_code:%d", code);
     return;
   }
@@ -97,8 +102,9 @@ void OnuAbilityProfile::Add(unsigned short code, unsigned int value) {
                     _profile_type, code, AbilityName(code).c_str(), value, _ability_default_value);
     return;
   }
-  StoreNumber(code, &_common_ability.try_emplace(place, code)->second, value);
-  Update();
+  const AbilityCodeReader codes(registry);
+  SetNumber(_ports.Insert(_common_ability, place, code, codes), value);
+  Update(codes);
   _common_ability_num = static_cast<unsigned int>(_common_ability.size());
   ONU_ABILITY_LOG(10, "function end!");
 }
@@ -111,7 +117,7 @@ void OnuAbilityProfile::Add(unsigned short code, std::string value) {
   }
   if (IsExist(code)) {
     // Whatever its tag, and past Update(code, string).
-    _common_ability[code].ability_string_value = std::move(value);
+    _common_ability.at(code).ability_string_value = std::move(value);
     ONU_ABILITY_LOG(10, "function end!");
     return;
   }
@@ -164,7 +170,7 @@ void OnuAbilityProfile::Add(ONU_ABILITY_ENUM_PROFILE_TYPE type, unsigned int val
       continue;
     }
     const unsigned int value_type = codes.Get(code, ONU_ABILITY_ATTR_VALUE_TYPE);
-    ONU_ABILITY_COMMON_ABILITY_VALUE& held = _common_ability[code];
+    ONU_ABILITY_COMMON_ABILITY_VALUE& held = Hold(code, AbilityCodeReader());
     held.ability_value_type = value_type;
     if (value_type == ONU_ABILITY_VALUE_TYPE_USHORT) {
       held.ability_ushort_value = value;

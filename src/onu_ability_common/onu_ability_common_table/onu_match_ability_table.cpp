@@ -21,7 +21,7 @@ bool IsDeletedBy(const OnuAbilityProfile& profile, OnuAbilityProfile& candidate)
 // codes would say or acquire something.
 bool CollectCompared(const OnuAbilityProfile& report,
                      std::vector<PatternIndex::Compared>& compared) {
-  if (!AbilityCodeReader::IsRegistered(ONU_ABILITY_ATTR_CONFIRM_TYPE)) {
+  if (!AbilityCodeReader::AreRegistered(ONU_ABILITY_ATTR_CONFIRM_TYPE)) {
     return false;
   }
   const AbilityCodeReader codes;

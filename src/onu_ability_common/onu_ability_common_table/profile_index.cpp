@@ -24,7 +24,7 @@ const ONU_ABILITY_COMMON_ABILITY_VALUE* EntryOf(const OnuAbilityProfile& profile
 // sum by the registry would say or acquire something.
 bool SumLamps(const OnuAbilityProfile& profile, const AbilityCodeReader& codes,
               unsigned int& total) {
-  if (!AbilityCodeReader::IsRegistered(ONU_ABILITY_ATTR_LAMP)) {
+  if (!AbilityCodeReader::AreRegistered(ONU_ABILITY_ATTR_LAMP)) {
     return false;
   }
   total = 0;

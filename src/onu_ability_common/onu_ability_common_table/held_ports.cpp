@@ -1,0 +1,57 @@
+#include "onu_ability_common_table/held_ports.h"
+
+#include "onu_ability_common_table/ability_code_index.h"
+
+namespace {
+
+// A code with these neither says anything nor acquires an attribute when it is read.
+constexpr AbilityTraits kReadSilently = kKnownCode | kHoldsPortType | kHoldsValueType;
+constexpr AbilityTraits kDataUniNumber = kDataUni | kNumber;
+constexpr std::size_t kUsualPorts = 8;  // two kinds of each, and the derived counts
+constexpr AbilityTraits kOfInterest = kLanPort | kDataUni | kDerivedCount;
+
+}  // namespace
+
+bool HeldPorts::Find(AbilityMap& abilities, const AbilityCodeReader& codes) {
+  _changes = 0;
+  _ports.clear();
+  _ports.reserve(kUsualPorts);
+  _lan_total = nullptr;
+  _data_uni_total = nullptr;
+  for (auto& [code, value] : abilities) {
+    if (!Note(code, value, codes)) {
+      return false;
+    }
+  }
+  _changes = abilities.Changes();
+  _generation = codes.Generation();
+  return true;
+}
+
+ONU_ABILITY_COMMON_ABILITY_VALUE& HeldPorts::Insert(AbilityMap& abilities,
+                                                    AbilityMap::const_iterator place,
+                                                    unsigned short code,
+                                                    const AbilityCodeReader& codes) {
+  const bool follow = Follow(abilities);
+  ONU_ABILITY_COMMON_ABILITY_VALUE& value = abilities.try_emplace(place, code)->second;
+  if (follow) {
+    _changes = Note(code, value, codes) ? abilities.Changes() : 0;
+  }
+  return value;
+}
+
+bool HeldPorts::Note(unsigned short code, ONU_ABILITY_COMMON_ABILITY_VALUE& value,
+                     const AbilityCodeReader& codes) {
+  const AbilityTraits traits = codes.Traits(code);
+  if ((traits & kOfInterest) != 0) {
+    const bool is_lan_total = code == ONU_ABILITY_CODE_ALL_LAN;
+    _lan_total = is_lan_total ? &value : _lan_total;
+    _data_uni_total = code == ONU_ABILITY_CODE_DATA_UNI ? &value : _data_uni_total;
+    const bool is_lan = (traits & kLanPort) != 0;
+    const bool is_data_uni = !is_lan_total && (traits & kDataUniNumber) == kDataUniNumber;
+    if (is_lan || is_data_uni) {
+      _ports.push_back({&value, is_lan, is_data_uni});
+    }
+  }
+  return (traits & kReadSilently) == kReadSilently;
+}
