@@ -42,15 +42,17 @@ LAYERS = [
     ("host catalogue", ["olt_host/catalogue/*"], LIBRARY + ["host platform"]),
     ("host confirmation", ["olt_host/confirmation/*"], LIBRARY + ["host catalogue"]),
     ("host state", ["olt_host/state/*"], LIBRARY + ["host platform", "host catalogue"]),
+    ("host recognition", ["olt_host/recognition/*"],
+     LIBRARY + ["host platform", "host catalogue", "host confirmation", "host state"]),
     ("host session", ["olt_host/session/*"], LIBRARY + ["host platform", "host vty"]),
     ("host transport", ["olt_host/transport/*"],
      LIBRARY + ["host platform", "host vty", "host session"]),
     ("host commands", ["olt_host/commands/*"],
      LIBRARY + ["host platform", "host vty", "host catalogue", "host confirmation", "host state",
-                "host session"]),
+                "host recognition", "host session"]),
     ("host program", ["olt_host/*"],
      LIBRARY + ["host platform", "host vty", "host catalogue", "host confirmation", "host state",
-                "host session", "host transport", "host commands"]),
+                "host recognition", "host session", "host transport", "host commands"]),
 ]
 
 # Where an include by bare name is looked for.
