@@ -68,12 +68,7 @@ bool AbilityCodeIndex::Rebuild(const std::vector<ONU_ABILITY_CODE_ATTR_INFO>& re
   return true;
 }
 
-const char* AbilityCodeReader::Name(unsigned short code) const {
-  if (_index != nullptr) {
-    const AbilityCodeIndex::Entry entry = _index->Find(code);
-    return entry.traits != 0 ? _registry._vec_ability_attr[entry.position].ability_name.c_str()
-                             : nullptr;
-  }
+const char* AbilityCodeReader::SearchName(unsigned short code) const {
   const auto record = _registry.Find(code);
   return record != _registry._vec_ability_attr.end() ? record->ability_name.c_str() : nullptr;
 }

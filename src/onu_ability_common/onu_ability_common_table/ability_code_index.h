@@ -86,7 +86,14 @@ class AbilityCodeReader {
     return (OnuAbilityAttrInfo::GetInstance()->_low_ids & wanted) == wanted;
   }
   // The record's own name, null for an unknown code.
-  const char* Name(unsigned short code) const;
+  const char* Name(unsigned short code) const {
+    if (_index == nullptr) {
+      return SearchName(code);
+    }
+    const AbilityCodeIndex::Entry entry = _index->Find(code);
+    return entry.traits != 0 ? _registry._vec_ability_attr[entry.position].ability_name.c_str()
+                             : nullptr;
+  }
   // Null where every code is searched.
   const AbilityCodeIndex* Index() const { return _index; }
   // Another one after every change of a code; 0 where changes cannot be seen.
@@ -94,6 +101,7 @@ class AbilityCodeReader {
 
  private:
   AbilityTraits SearchTraits(unsigned short code) const;
+  const char* SearchName(unsigned short code) const;
 
   OnuAbilityCodeInfo& _registry;
   const AbilityCodeIndex* _index;
