@@ -5,12 +5,11 @@
 
 #include "command_options.h"
 #include "exit_status.h"
+#include "types_command_line.h"
 
 namespace olt_host {
 
 namespace {
-
-const char* const kJobs = "confirm, console, serve, run, attach or password";
 
 void AddServingOptions(CLI::App& command, CommandLine& result) {
   ServingOptions& serving = result.serving;
@@ -130,6 +129,18 @@ CLI::App* AddPassword(CLI::App& app, CommandLine& result) {
   return password;
 }
 
+// "confirm, console or run": the commands that there are.
+std::string JobNames(const CLI::App& app) {
+  const std::vector<const CLI::App*> jobs =
+      app.get_subcommands([](const CLI::App*) { return true; });
+  std::string names;
+  for (const CLI::App* job : jobs) {
+    const bool is_last = job == jobs.back();
+    names += (names.empty() ? "" : is_last ? " or " : ", ") + job->get_name();
+  }
+  return names;
+}
+
 // What is wrong, in words; CLI11 does not look at a word that is no command.
 std::string Problem(const CLI::App& app, const CLI::ParseError& error, int argc,
                     const char* const* argv) {
@@ -137,7 +148,7 @@ std::string Problem(const CLI::App& app, const CLI::ParseError& error, int argc,
     return error.what();
   }
   return (argc < 2 ? "a command is missing" : "\"" + std::string(argv[1]) + "\" is no command") +
-         "; expected " + kJobs;
+         "; expected " + JobNames(app);
 }
 
 // CLI11 has a status for each kind of error; here every bad usage has one.
@@ -166,6 +177,7 @@ ParsedCommandLine ParseCommandLine(int argc, const char* const* argv) {
       {Job::kConfirm, AddConfirm(app, result)}, {Job::kConsole, AddConsole(app, result)},
       {Job::kServe, AddServe(app, result)},     {Job::kRun, AddRun(app, result)},
       {Job::kAttach, AddAttach(app, result)},   {Job::kPassword, AddPassword(app, result)},
+      {Job::kTypes, AddTypes(app, result)},     {Job::kCompare, AddCompare(app, result)},
   };
   try {
     app.parse(argc, argv);

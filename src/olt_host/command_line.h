@@ -14,7 +14,7 @@
 
 namespace olt_host {
 
-enum class Job { kConfirm, kConsole, kServe, kRun, kAttach, kPassword };
+enum class Job { kConfirm, kConsole, kServe, kRun, kAttach, kPassword, kTypes, kCompare };
 
 // What `console` and `serve` let operators in by.
 struct ServingOptions {
@@ -22,6 +22,14 @@ struct ServingOptions {
   std::string listen;     // [HOST:]PORT; empty for none
   std::string passwords;  // file; empty for none
   SessionLimits limits;
+};
+
+// What `types` and `compare` ask.
+struct TypesOptions {
+  std::string where;  // empty: all types
+  std::string a;      // of compare
+  std::string b;
+  bool json = false;
 };
 
 struct CommandLine {
@@ -44,6 +52,8 @@ struct CommandLine {
 
   ServingOptions serving;     // of console and serve
   std::string attach_socket;  // of attach
+
+  TypesOptions types;  // of types and compare
 
   // Of password.
   std::string user;

@@ -19,6 +19,10 @@ int RunJob(const CommandLine& command_line) {
       return AttachToSocket(command_line.attach_socket);
     case Job::kPassword:
       return RunPasswordJob(command_line);
+    case Job::kTypes:
+      return RunTypesJob(command_line);
+    case Job::kCompare:
+      return RunCompareJob(command_line);
   }
   throw std::logic_error("a job that nobody does");
 }

@@ -16,6 +16,8 @@ int RunConfirmJob(const CommandLine& command_line);   // confirm
 int RunOperatorJob(const CommandLine& command_line);  // console and serve
 int RunScriptJob(const CommandLine& command_line);    // run
 int RunPasswordJob(const CommandLine& command_line);  // password
+int RunTypesJob(const CommandLine& command_line);     // types
+int RunCompareJob(const CommandLine& command_line);   // compare
 
 // Confirms the live ONUs of Host(), writes the results and keeps them there.
 // REQUIRES: the host is started, with reports.

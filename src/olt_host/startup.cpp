@@ -35,6 +35,7 @@ void InstallCommands() {
   InstallOnuCommands();
   InstallCatalogueCommands();
   InstallAttributeCommands();
+  InstallTypeCommands();
   InstallStateCommands();
   InstallLogCommands();
   InstallBuiltinCommands(kCommandNode);

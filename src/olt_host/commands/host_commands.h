@@ -13,6 +13,8 @@ void InstallCatalogueCommands();
 void InstallLogCommands();
 // register attribute, show attribute.
 void InstallAttributeCommands();
+// show type, compare type.
+void InstallTypeCommands();
 // save, restore, show running-config.
 void InstallStateCommands();
 // show version, show tech-support, who.

@@ -19,7 +19,7 @@ bool IsWildcard(const Value& value, unsigned int tag) {
 }
 
 // A report of nothing but one ability.
-OnuAbilityProfile ReportOf(unsigned short code, const Value& value) {
+OnuAbilityProfile ReportOf(std::uint16_t code, const Value& value) {
   OnuAbilityProfile report;
   report.Init(ONU_ABILITY_PROFILE_TYPE_MATCH, ONU_ABILITY_PROFILE_SOURCE_ALL,
               ONU_ABILITY_MATCH_TYPE_PATTERN);
@@ -27,24 +27,72 @@ OnuAbilityProfile ReportOf(unsigned short code, const Value& value) {
   return report;
 }
 
-AbilityComparison CompareAbility(OnuAbilityProfile& profile, unsigned short code,
-                                 const Value& reported) {
+const Value& Reported(const OnuAbilityProfile& single) {
+  return single._common_ability.begin()->second;
+}
+
+// `held` is what `profile` has under the code of `single`, null for nothing.
+AbilityVerdict VerdictOn(OnuAbilityProfile& profile, const Value* held,
+                         const OnuAbilityProfile& single) {
+  if (held == nullptr) return AbilityVerdict::kAbsent;
+  if ((profile == single) == 0) return AbilityVerdict::kDecidesAgainst;
+  const unsigned int tag = held->ability_value_type;
+  return IsWildcard(*held, tag) || IsWildcard(Reported(single), tag) ? AbilityVerdict::kWildcard
+                                                                     : AbilityVerdict::kAgrees;
+}
+
+// Gives a profile its entry for the key code, as the library does before it compares a
+// value, and takes it back at the end unless it was there.
+class KeyEntry {
+ public:
+  KeyEntry(OnuAbilityProfile& profile, std::uint16_t key_code, bool wanted)
+      : _profile(profile), _key_code(key_code) {
+    const bool was_there = profile._common_ability.count(key_code) != 0;
+    _is_added = wanted && !was_there;
+    if (_is_added) profile._common_ability.try_emplace(key_code);
+  }
+  ~KeyEntry() {
+    if (_is_added) _profile._common_ability.erase(_key_code);
+  }
+  KeyEntry(const KeyEntry&) = delete;
+  KeyEntry& operator=(const KeyEntry&) = delete;
+
+ private:
+  OnuAbilityProfile& _profile;
+  std::uint16_t _key_code;
+  bool _is_added;
+};
+
+const Value* HeldBy(const OnuAbilityProfile& profile, std::uint16_t code) {
+  const auto held = profile._common_ability.find(code);
+  return held == profile._common_ability.end() ? nullptr : &held->second;
+}
+
+AbilityComparison ComparisonOf(std::uint16_t code, AbilityVerdict verdict, const Value* held,
+                               const OnuAbilityProfile& single) {
   AbilityComparison comparison;
   comparison.code = code;
-  comparison.reported = reported;
-  const auto held = profile._common_ability.find(code);
-  if (held == profile._common_ability.end()) {
-    comparison.verdict = AbilityVerdict::kAbsent;
-    return comparison;
-  }
-  comparison.held = held->second;
-  const unsigned int tag = held->second.ability_value_type;
-  if ((profile == ReportOf(code, reported)) == 0) {
-    comparison.verdict = AbilityVerdict::kDecidesAgainst;
-  } else if (IsWildcard(held->second, tag) || IsWildcard(reported, tag)) {
-    comparison.verdict = AbilityVerdict::kWildcard;
-  }
+  comparison.verdict = verdict;
+  comparison.reported = Reported(single);
+  if (held != nullptr) comparison.held = *held;
   return comparison;
+}
+
+void Count(AbilityVerdict verdict, AbilityTally& tally) {
+  switch (verdict) {
+    case AbilityVerdict::kAgrees:
+      ++tally.agrees;
+      return;
+    case AbilityVerdict::kWildcard:
+      ++tally.wildcards;
+      return;
+    case AbilityVerdict::kAbsent:
+      ++tally.absent;
+      return;
+    case AbilityVerdict::kDecidesAgainst:
+      ++tally.against;
+      return;
+  }
 }
 
 }  // namespace
@@ -63,33 +111,67 @@ const char* ToText(AbilityVerdict verdict) {
   return "";
 }
 
-bool Fits(const OnuAbilityProfile& profile, const OnuAbilityProfile& report) {
-  // Copies: comparing may leave a pending key entry, and the kind of comparison is the
-  // report's.
-  OnuAbilityProfile compared = profile;
-  OnuAbilityProfile input = report;
-  input._flag_match_type = ONU_ABILITY_MATCH_TYPE_PATTERN;
-  return (compared == input) != 0;
-}
-
 bool IsCompared(std::uint16_t code) {
   const unsigned short confirm_type =
       OnuAbilityCodeInfo::GetInstance()->Get(code, ONU_ABILITY_ATTR_CONFIRM_TYPE);
   return (confirm_type & kComparedWithPatterns) != 0;
 }
 
+ComparedReport::ComparedReport(const OnuAbilityProfile& report)
+    : _whole(report), _key_code(OnuAbilityCodeInfo::GetInstance()->GetKeyAbilityCode()) {
+  // The kind of comparison is the report's.
+  _whole._flag_match_type = ONU_ABILITY_MATCH_TYPE_PATTERN;
+  for (const auto& [code, value] : report._common_ability) {
+    if (IsCompared(code)) _single.emplace_back(code, ReportOf(code, value));
+  }
+}
+
+bool ComparedReport::Fits(OnuAbilityProfile& profile) const {
+  const KeyEntry entry(profile, _key_code, !_whole._common_ability.empty());
+  return (profile == _whole) != 0;
+}
+
+std::vector<AbilityComparison> ComparedReport::Compare(OnuAbilityProfile& profile) const {
+  const KeyEntry entry(profile, _key_code, !_single.empty());
+  std::vector<AbilityComparison> comparisons;
+  comparisons.reserve(_single.size());
+  for (const auto& [code, single] : _single) {
+    const Value* held = HeldBy(profile, code);
+    comparisons.push_back(ComparisonOf(code, VerdictOn(profile, held, single), held, single));
+  }
+  return comparisons;
+}
+
+AbilityTally ComparedReport::Tally(OnuAbilityProfile& profile) const {
+  const KeyEntry entry(profile, _key_code, !_single.empty());
+  AbilityTally tally;
+  for (const auto& [code, single] : _single) {
+    const Value* held = HeldBy(profile, code);
+    const AbilityVerdict verdict = VerdictOn(profile, held, single);
+    Count(verdict, tally);
+    if (verdict == AbilityVerdict::kDecidesAgainst && !tally.decider) {
+      tally.decider = ComparisonOf(code, verdict, held, single);
+    }
+  }
+  return tally;
+}
+
+std::vector<std::uint16_t> ComparedReport::Codes() const {
+  std::vector<std::uint16_t> codes;
+  codes.reserve(_single.size());
+  for (const auto& one : _single) codes.push_back(one.first);
+  return codes;
+}
+
+bool Fits(const OnuAbilityProfile& profile, const OnuAbilityProfile& report) {
+  OnuAbilityProfile compared = profile;
+  return ComparedReport(report).Fits(compared);
+}
+
 std::vector<AbilityComparison> CompareAbilities(const OnuAbilityProfile& profile,
                                                 const OnuAbilityProfile& report) {
   OnuAbilityProfile compared = profile;
-  // The first comparison gives the profile an entry for the key code, if it lacks one.
-  compared._common_ability.try_emplace(OnuAbilityCodeInfo::GetInstance()->GetKeyAbilityCode());
-  std::vector<AbilityComparison> comparisons;
-  for (const auto& [code, value] : report._common_ability) {
-    if (IsCompared(code)) {
-      comparisons.push_back(CompareAbility(compared, code, value));
-    }
-  }
-  return comparisons;
+  return ComparedReport(report).Compare(compared);
 }
 
 std::size_t CountOf(const std::vector<AbilityComparison>& comparisons, AbilityVerdict verdict) {

@@ -126,10 +126,15 @@ class AbilityMap {
     NoteChange();
     _map.insert(values);
   }
-  template <typename... Arguments>
-  auto insert_or_assign(Arguments&&... arguments) {
+  template <typename Value>
+  std::pair<iterator, bool> insert_or_assign(unsigned short code, Value&& value) {
     NoteChange();
-    return _map.insert_or_assign(std::forward<Arguments>(arguments)...);
+    return _map.insert_or_assign(code, std::forward<Value>(value));
+  }
+  template <typename Value>
+  iterator insert_or_assign(const_iterator hint, unsigned short code, Value&& value) {
+    NoteChange();
+    return _map.insert_or_assign(hint, code, std::forward<Value>(value));
   }
   size_type erase(unsigned short code) {
     NoteChange();

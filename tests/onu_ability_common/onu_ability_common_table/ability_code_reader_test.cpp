@@ -54,8 +54,10 @@ TEST_F(AbilityCodeReaderTest, ReadsWithoutALogLine) {
   EXPECT_EQ(0U, TraitsOfCode(kNewCode));
   EXPECT_EQ("FE_PORTS", NameOf(kFePorts));
   EXPECT_EQ("(unknown)", NameOf(kNewCode));
-  EXPECT_TRUE(AbilityCodeReader::IsRegistered(kLamp));
-  EXPECT_FALSE(AbilityCodeReader::IsRegistered(ONU_ABILITY_ATTR_NONE));
+  EXPECT_TRUE(AbilityCodeReader::AreRegistered(kLamp));
+  EXPECT_FALSE(AbilityCodeReader::AreRegistered(ONU_ABILITY_ATTR_NONE));
+  EXPECT_TRUE(AbilityCodeReader::AreRegistered(kLamp, ONU_ABILITY_ATTR_PORT_TYPE));
+  EXPECT_FALSE(AbilityCodeReader::AreRegistered(kLamp, ONU_ABILITY_ATTR_NONE));
   EXPECT_TRUE(host.TakeLog().empty());
 }
 
