@@ -159,7 +159,9 @@ TEST_F(HeldPortsTest, RecordsHandedOutMayChangeAtAnyMoment) {
   profile.Add(kFePorts, 4U);
   profile.Add(kPotsPorts, 2U);
   EXPECT_EQ(NumberEntry(4), ContentOf(profile)[kAllLan]);
-  for (ONU_ABILITY_CODE_ATTR_INFO& record : OnuAbilityCodeInfo::GetInstance()->Get()) {
+  auto& records = OnuAbilityCodeInfo::GetInstance()->Get();
+  profile.Update();
+  for (ONU_ABILITY_CODE_ATTR_INFO& record : records) {
     if (record.ability_code == kPotsPorts) {
       record.ability_attr[ONU_ABILITY_ATTR_PORT_TYPE] = 3;
     }
