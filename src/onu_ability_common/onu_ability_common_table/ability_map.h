@@ -38,8 +38,10 @@ class AbilityMap {
   AbilityMap(const AbilityMap& other) : _map(other._map) {}
   AbilityMap(AbilityMap&& other) noexcept : _map(std::move(other._map)) { other.NoteChange(); }
   AbilityMap& operator=(const AbilityMap& other) {
-    NoteChange();
-    _map = other._map;
+    if (this != &other) {
+      NoteChange();
+      _map = other._map;
+    }
     return *this;
   }
   AbilityMap& operator=(AbilityMap&& other) noexcept {
