@@ -2,6 +2,7 @@
 #ifndef OLT_HOST_COMMAND_LINE_H
 #define OLT_HOST_COMMAND_LINE_H
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,7 +15,7 @@
 
 namespace olt_host {
 
-enum class Job { kConfirm, kConsole, kServe, kRun, kAttach, kPassword, kTypes, kCompare };
+enum class Job { kConfirm, kConsole, kServe, kRun, kAttach, kPassword, kExplain, kTypes, kCompare };
 
 // What `console` and `serve` let operators in by.
 struct ServingOptions {
@@ -29,6 +30,14 @@ struct TypesOptions {
   std::string where;  // empty: all types
   std::string a;      // of compare
   std::string b;
+  bool json = false;
+};
+
+// What `explain` explains.
+struct ExplainOptions {
+  std::uint16_t place = 0;
+  std::uint8_t onu = 0;
+  bool all = false;  // every profile
   bool json = false;
 };
 
@@ -54,6 +63,8 @@ struct CommandLine {
   std::string attach_socket;  // of attach
 
   TypesOptions types;  // of types and compare
+
+  ExplainOptions explain;
 
   // Of password.
   std::string user;

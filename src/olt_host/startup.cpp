@@ -33,6 +33,7 @@ void ReadInputs(const CommandLine& command_line) {
 void InstallCommands() {
   InstallSystemCommands();
   InstallOnuCommands();
+  InstallExplainCommands();
   InstallCatalogueCommands();
   InstallAttributeCommands();
   InstallTypeCommands();

@@ -7,6 +7,8 @@ namespace olt_host {
 
 // show onu, confirm onu, confirm all, bind onu, unbind onu.
 void InstallOnuCommands();
+// explain onu.
+void InstallExplainCommands();
 // show catalogue, reload.
 void InstallCatalogueCommands();
 // show log, log mask, show log mask.

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "catalogue/catalogue_files.h"
+#include "commands/operator_register.h"
 #include "confirmation/confirmed_onus.h"
 #include "confirmation/population.h"
 #include "session/session_server.h"
@@ -29,6 +30,8 @@ struct HostContext {
 
   // The sessions, for `who`; null where there are none.
   const SessionServer* sessions = nullptr;
+
+  OperatorRegister operator_register;
 
   // Where `save` and every change go; empty without --state.
   std::string state_file;

@@ -1,5 +1,6 @@
 #include "commands/operator_changes.h"
 
+#include <chrono>
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
@@ -67,6 +68,21 @@ void KeepChange(struct vty& terminal) {
   }
 }
 
+void NoteChange(const struct vty& terminal) {
+  OperatorNote note;
+  note.user = terminal.settings().user;
+  note.session = terminal.settings().number;
+  note.when = std::chrono::system_clock::now();
+  Host().operator_register.Look(note);
+}
+
+void NoteRestored() {
+  OperatorNote note;
+  note.restored = true;
+  note.when = std::chrono::system_clock::now();
+  Host().operator_register.Look(note);
+}
+
 // Throws std::runtime_error, the library as it was.
 void Restore(const std::string& file) {
   std::vector<std::string> remarks;
@@ -74,6 +90,7 @@ void Restore(const std::string& file) {
   const std::string before = file + ": ";
   for (const std::string& remark : remarks) LogHostLine(0, before + remark);
   KeptContent() = EncodeNow();
+  NoteRestored();
 }
 
 // Throws StateError unless the state may be restored from the file, and saved to it.
@@ -116,7 +133,9 @@ void KeepOperatorChanges() {
                    },
                    [](struct vty& terminal, bool may_change) {
                      TakePendingProfile(terminal);
-                     if (may_change) KeepChange(terminal);
+                     if (!may_change) return;
+                     NoteChange(terminal);
+                     KeepChange(terminal);
                    }});
 }
 
