@@ -137,7 +137,7 @@ void WriteAlike(struct vty& terminal, const std::vector<AbilityDifference>& abil
              TextOf(ability.ability, ability.a != nullptr ? ability.a : ability.b);
   }
   if (count == 0) return;
-  const std::string lines = Wrap("Alike in " + std::to_string(count) + ": ", alike, 2);
+  const std::string lines = "\r\n" + Wrap("Alike in " + std::to_string(count) + ": ", alike, 2);
   terminal.Write(lines.data(), lines.size());
 }
 
@@ -196,7 +196,6 @@ void WriteTypeComparison(struct vty& terminal, const std::string& a, const std::
   } else {
     WriteLines(terminal, "They differ in nothing\n");
   }
-  WriteLines(terminal, "\n");
   WriteAlike(terminal, comparison.abilities);
 }
 
