@@ -110,7 +110,7 @@ std::string TypeText(const RealType& type) {
   std::string text = "key " + std::to_string(type.Key()) + ", real type " + RealText(type);
   if (!type.Name().empty()) text += ", \"" + type.Name() + "\"";
   text += std::string(", ") + type.Source();
-  return type.hidden ? text + ", hidden by a newer one with its key" : text;
+  return type.hidden ? text + ", hidden by a newer type" : text;
 }
 
 struct Comparison {
