@@ -6,6 +6,7 @@
 #include "command_options.h"
 #include "exit_status.h"
 #include "explain_command_line.h"
+#include "lint_command_line.h"
 #include "types_command_line.h"
 
 namespace olt_host {
@@ -179,7 +180,7 @@ ParsedCommandLine ParseCommandLine(int argc, const char* const* argv) {
       {Job::kServe, AddServe(app, result)},     {Job::kRun, AddRun(app, result)},
       {Job::kAttach, AddAttach(app, result)},   {Job::kPassword, AddPassword(app, result)},
       {Job::kTypes, AddTypes(app, result)},     {Job::kCompare, AddCompare(app, result)},
-      {Job::kExplain, AddExplain(app, result)},
+      {Job::kExplain, AddExplain(app, result)}, {Job::kLint, AddLint(app, result)},
   };
   try {
     app.parse(argc, argv);

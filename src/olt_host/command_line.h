@@ -15,7 +15,18 @@
 
 namespace olt_host {
 
-enum class Job { kConfirm, kConsole, kServe, kRun, kAttach, kPassword, kExplain, kTypes, kCompare };
+enum class Job {
+  kConfirm,
+  kConsole,
+  kServe,
+  kRun,
+  kAttach,
+  kPassword,
+  kExplain,
+  kTypes,
+  kCompare,
+  kLint
+};
 
 // What `console` and `serve` let operators in by.
 struct ServingOptions {
@@ -38,6 +49,12 @@ struct ExplainOptions {
   std::uint16_t place = 0;
   std::uint8_t onu = 0;
   bool all = false;  // every profile
+  bool json = false;
+};
+
+// How `lint` shows what it finds.
+struct LintOptions {
+  bool all = false;  // notes one by one
   bool json = false;
 };
 
@@ -65,6 +82,8 @@ struct CommandLine {
   TypesOptions types;  // of types and compare
 
   ExplainOptions explain;
+
+  LintOptions lint;
 
   // Of password.
   std::string user;

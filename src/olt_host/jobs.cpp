@@ -19,6 +19,8 @@ int RunJob(const CommandLine& command_line) {
       return AttachToSocket(command_line.attach_socket);
     case Job::kPassword:
       return RunPasswordJob(command_line);
+    case Job::kLint:
+      return RunLintJob(command_line);
     case Job::kExplain:
       return RunExplainJob(command_line);
     case Job::kTypes:

@@ -16,6 +16,7 @@ int RunConfirmJob(const CommandLine& command_line);   // confirm
 int RunOperatorJob(const CommandLine& command_line);  // console and serve
 int RunScriptJob(const CommandLine& command_line);    // run
 int RunPasswordJob(const CommandLine& command_line);  // password
+int RunLintJob(const CommandLine& command_line);      // lint
 int RunExplainJob(const CommandLine& command_line);   // explain
 int RunTypesJob(const CommandLine& command_line);     // types
 int RunCompareJob(const CommandLine& command_line);   // compare

@@ -12,6 +12,7 @@
 #include "onu_ability_common_reg_extern_func.h"
 #include "onu_ability_common_service_cli.h"
 #include "onu_ability_common_table.h"
+#include "recognition/catalogue_lint.h"
 #include "vty/builtin_commands.h"
 #include "vty/command_table.h"
 
@@ -35,6 +36,7 @@ void InstallCommands() {
   InstallOnuCommands();
   InstallExplainCommands();
   InstallCatalogueCommands();
+  InstallLintCommands();
   InstallAttributeCommands();
   InstallTypeCommands();
   InstallStateCommands();
@@ -47,6 +49,22 @@ void InstallCommands() {
   if (!refusals.empty()) {
     throw std::runtime_error(refusals.front());
   }
+}
+
+// One line, and only if something is most likely not meant: who loads a catalogue did not
+// ask for more.
+void SayFindings(const CommandLine& command_line) {
+  const std::string findings = CountGraveFindings(Host().catalogue.catalogue);
+  if (findings.empty()) return;
+  const bool for_operators = command_line.job == Job::kConsole || command_line.job == Job::kServe ||
+                             command_line.job == Job::kRun;
+  std::string how = "lint catalogue";
+  if (!for_operators) {
+    how = "olt_host lint";
+    for (const std::string& path : command_line.catalogue.shipped) how += " " + path;
+    for (const std::string& path : command_line.catalogue.local) how += " --local " + path;
+  }
+  std::cerr << "olt_host: the catalogue has " << findings << "; \"" << how << "\" shows more\n";
 }
 
 }  // namespace
@@ -75,6 +93,7 @@ std::unique_ptr<RunningLibrary> StartHost(const CommandLine& command_line) {
   auto library = std::make_unique<RunningLibrary>(Host().catalogue.catalogue);
   InstallCommands();
   RestoreAtStart();
+  if (command_line.job != Job::kLint) SayFindings(command_line);
   return library;
 }
 

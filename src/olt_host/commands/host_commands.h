@@ -11,6 +11,8 @@ void InstallOnuCommands();
 void InstallExplainCommands();
 // show catalogue, reload.
 void InstallCatalogueCommands();
+// lint catalogue.
+void InstallLintCommands();
 // show log, log mask, show log mask.
 void InstallLogCommands();
 // register attribute, show attribute.
