@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "command_options.h"
+#include "diff_command_line.h"
 #include "exit_status.h"
 #include "explain_command_line.h"
 #include "lint_command_line.h"
@@ -181,6 +182,7 @@ ParsedCommandLine ParseCommandLine(int argc, const char* const* argv) {
       {Job::kAttach, AddAttach(app, result)},   {Job::kPassword, AddPassword(app, result)},
       {Job::kTypes, AddTypes(app, result)},     {Job::kCompare, AddCompare(app, result)},
       {Job::kExplain, AddExplain(app, result)}, {Job::kLint, AddLint(app, result)},
+      {Job::kDiff, AddDiff(app, result)},
   };
   try {
     app.parse(argc, argv);

@@ -25,7 +25,8 @@ enum class Job {
   kExplain,
   kTypes,
   kCompare,
-  kLint
+  kLint,
+  kDiff
 };
 
 // What `console` and `serve` let operators in by.
@@ -58,6 +59,14 @@ struct LintOptions {
   bool json = false;
 };
 
+// What `diff` compares.
+struct DiffOptions {
+  std::string older;  // catalogues: files or folders
+  std::string newer;
+  std::vector<std::string> reports;
+  bool json = false;
+};
+
 struct CommandLine {
   Job job = Job::kConfirm;
 
@@ -84,6 +93,8 @@ struct CommandLine {
   ExplainOptions explain;
 
   LintOptions lint;
+
+  DiffOptions diff;  // of diff
 
   // Of password.
   std::string user;

@@ -27,6 +27,8 @@ int RunJob(const CommandLine& command_line) {
       return RunTypesJob(command_line);
     case Job::kCompare:
       return RunCompareJob(command_line);
+    case Job::kDiff:
+      return RunDiffJob(command_line);
   }
   throw std::logic_error("a job that nobody does");
 }

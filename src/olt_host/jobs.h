@@ -20,6 +20,7 @@ int RunLintJob(const CommandLine& command_line);      // lint
 int RunExplainJob(const CommandLine& command_line);   // explain
 int RunTypesJob(const CommandLine& command_line);     // types
 int RunCompareJob(const CommandLine& command_line);   // compare
+int RunDiffJob(const CommandLine& command_line);      // diff
 
 // Confirms the live ONUs of Host(), writes the results and keeps them there.
 // REQUIRES: the host is started, with reports.

@@ -1,0 +1,31 @@
+#include "diff_command_line.h"
+
+#include "command_options.h"
+
+namespace olt_host {
+
+CLI::App* AddDiff(CLI::App& app, CommandLine& result) {
+  DiffOptions& options = result.diff;
+  CLI::App* diff =
+      app.add_subcommand("diff", "Show what another catalogue makes of a population of ONUs");
+  diff->add_option("OLD", options.older, "Catalogue of ONU models as it is: a file or folder")
+      ->required()
+      ->type_name("PATH");
+  diff->add_option("NEW", options.newer, "Catalogue as it is to be")->required()->type_name("PATH");
+  diff->add_option("REPORTS", options.reports, "What the ONUs report (YAML); one file or more")
+      ->required()
+      ->type_name("FILE ...");
+  diff->add_flag("--json", options.json, "Print one JSON document, with all groups");
+  AddLogOptions(*diff, result);
+  diff->footer(
+      "Confirms every ONU under both and tells which change type, become known or\n"
+      "unknown, are reported as another type, or owe their type to the order of the\n"
+      "profiles; with the first ONUs of each group and the reason.\n\n"
+      "Exit status:\n"
+      "  0  every ONU stays what it is\n"
+      "  1  some do not\n"
+      "  2  bad usage or bad input; one message on standard error says where\n");
+  return diff;
+}
+
+}  // namespace olt_host

@@ -1,0 +1,122 @@
+#include <unistd.h>
+
+#include <iostream>
+#include <sstream>
+#include <stdexcept>
+
+#include "catalogue/catalogue_files.h"
+#include "confirmation/progress_bar.h"
+#include "exit_status.h"
+#include "jobs.h"
+#include "platform/log_sink.h"
+#include "recognition/catalogue_exchange.h"
+#include "recognition/difference_text.h"
+#include "recognition/reports_of_both.h"
+#include "startup.h"
+
+namespace olt_host {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+Catalogue ReadCatalogue(const std::string& path) {
+  CatalogueRequest request;
+  request.shipped = {path};
+  return ReadCatalogueFiles(request).catalogue;
+}
+
+// Both catalogues, the population and what became of it under each.
+struct Comparison {
+  Catalogue older;
+  Catalogue newer;
+  ReportsOfBoth reports;
+  PopulationOutcome before;
+  PopulationOutcome after;
+  PopulationDifference difference;
+};
+
+std::size_t CountOnus(const Populations& populations) {
+  std::size_t onus = 0;
+  for (const auto& population : populations) onus += population->Onus().size();
+  return onus;
+}
+
+// REQUIRES: the library holds the older catalogue.
+void CompareUnderBoth(Comparison& comparison) {
+  const std::size_t onus = CountOnus(comparison.reports.for_older);
+  ProgressBar progress(std::cerr, isatty(STDERR_FILENO) != 0, 2 * onus);
+  comparison.before = OutcomeOf(comparison.reports.for_older,
+                                [&progress](std::size_t done) { progress.Show(done); });
+  LoadInstead(comparison.newer);
+  comparison.after = OutcomeOf(comparison.reports.for_newer,
+                               [&progress, onus](std::size_t done) { progress.Show(onus + done); });
+  comparison.difference = Compare(comparison.before, comparison.after);
+  AskAfter(comparison.difference, comparison.before, comparison.reports.for_newer);
+  LoadInstead(comparison.older);
+  AskBefore(comparison.difference, comparison.after, comparison.reports.for_older);
+}
+
+std::string CatalogueLine(const char* which, const std::string& path, const Catalogue& catalogue) {
+  constexpr std::size_t kColumns = 79;
+  const std::string file = std::string(which) + "  " + path;
+  std::string name = Quoted(catalogue.name);
+  if (!catalogue.version.empty()) name += ", version " + catalogue.version;
+  const bool fits = file.size() + 2 + name.size() <= kColumns;
+  return file + (fits ? ": " : "\n     ") + name + "\n";
+}
+
+std::string NoteOf(const CodeOfOne& code) {
+  return "Note: only " + std::string(code.only_in_newer ? "NEW" : "OLD") + " defines code " +
+         std::to_string(code.code) + " (" + code.name + "), which " + std::to_string(code.onus) +
+         (code.onus == 1 ? " ONU reports" : " ONUs report") + "; under " +
+         (code.only_in_newer ? "OLD" : "NEW") + "\n      nobody asks for it\n";
+}
+
+void WriteText(const DiffOptions& options, const Comparison& comparison,
+               const DifferenceView& view) {
+  std::cout << CatalogueLine("OLD", options.older, comparison.older)
+            << CatalogueLine("NEW", options.newer, comparison.newer);
+  for (const CodeOfOne& code : comparison.reports.codes_of_one) std::cout << NoteOf(code);
+  std::cout << "\n" << DifferenceText(view);
+}
+
+Json CatalogueJson(const std::string& path, const Catalogue& catalogue) {
+  return {{"path", path}, {"name", catalogue.name}, {"version", catalogue.version}};
+}
+
+void WriteJson(const DiffOptions& options, const Comparison& comparison,
+               const DifferenceView& view) {
+  Json json = {{"old", CatalogueJson(options.older, comparison.older)},
+               {"new", CatalogueJson(options.newer, comparison.newer)},
+               {"reports", options.reports},
+               {"codes_of_one", Json::array()}};
+  for (const CodeOfOne& code : comparison.reports.codes_of_one) {
+    json["codes_of_one"].push_back({{"code", code.code},
+                                    {"name", code.name},
+                                    {"only_in", code.only_in_newer ? "new" : "old"},
+                                    {"onus", code.onus}});
+  }
+  json.update(DifferenceJson(view));
+  std::cout << json.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
+}
+
+}  // namespace
+
+int RunDiffJob(const CommandLine& command_line) {
+  const DiffOptions& options = command_line.diff;
+  Comparison comparison;
+  comparison.older = ReadCatalogue(options.older);
+  comparison.newer = ReadCatalogue(options.newer);
+  comparison.reports = ReadReportsOfBoth(options.reports, comparison.older, comparison.newer);
+  OpenLog(command_line.log);
+  const RunningLibrary library(comparison.older);
+  CompareUnderBoth(comparison);
+  const DifferenceView view{comparison.difference, comparison.before, comparison.after,
+                            options.reports};
+  (options.json ? WriteJson : WriteText)(options, comparison, view);
+  if (!std::cout.flush()) throw std::runtime_error("standard output cannot be written");
+  return comparison.difference.Changed() == 0 ? kExitOk : kExitNotAsExpected;
+}
+
+}  // namespace olt_host

@@ -1,0 +1,98 @@
+#include "recognition/change_reason.h"
+#include "recognition/difference_text.h"
+
+namespace olt_host {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+Json OnuJson(const DifferenceView& view, const OnuOutcome& onu) {
+  Json json = {{"place", onu.place}, {"onu", onu.onu}};
+  if (view.files.size() > 1) json["reports"] = view.files[onu.population];
+  return json;
+}
+
+Json ExamplesJson(const DifferenceView& view, const std::vector<std::size_t>& examples) {
+  Json onus = Json::array();
+  for (const std::size_t example : examples) {
+    onus.push_back(OnuJson(view, view.before.onus[example]));
+  }
+  return onus;
+}
+
+Json PatternJson(const PatternName& pattern, const std::string& name) {
+  return {{"key", pattern.key}, {"source", pattern.source}, {"id", pattern.id}, {"name", name}};
+}
+
+Json SideJson(const SideOfChange& side, const OnuOutcome& onu) {
+  Json json = {{"real_type", nullptr},
+               {"type_name", side.type_name},
+               {"report_type", side.report_type},
+               {"recognised_by", ToText(onu.how)},
+               {"profile", nullptr},
+               {"fitting_profiles", onu.fitting}};
+  if (!side.real_type) return json;
+  json["real_type"] = *side.real_type;
+  json["profile"] = PatternJson(side.winner, side.type_name);
+  return json;
+}
+
+Json StandingJson(const PatternStanding& standing) {
+  switch (standing.kind) {
+    case PatternStanding::kAbsent:
+      return {{"standing", "absent"}};
+    case PatternStanding::kFits:
+      return {{"standing", "fits"}};
+    case PatternStanding::kStopped:
+      break;
+  }
+  return {{"standing", "stopped"},
+          {"code", standing.code},
+          {"ability", standing.ability},
+          {"reported", standing.reported},
+          {"held", standing.held}};
+}
+
+Json GroupJson(const DifferenceView& view, const ChangeGroup& group) {
+  const std::size_t example = group.examples.front();
+  Json json = {{"change", ToText(group.kind)},
+               {"onus", group.onus},
+               {"before", SideJson(group.before, view.before.onus[example])},
+               {"after", SideJson(group.after, view.after.onus[example])},
+               {"examples", ExamplesJson(view, group.examples)},
+               {"why", ReasonOf(group, view.before.onus[example], view.after.onus[example])}};
+  if (group.before.real_type) json["old_profile_after"] = StandingJson(group.loser_after);
+  if (group.after.real_type) json["new_profile_before"] = StandingJson(group.winner_before);
+  return json;
+}
+
+Json LuckJson(const DifferenceView& view, const Luck& luck) {
+  Json groups = Json::array();
+  for (const LuckGroup& group : luck.groups) {
+    groups.push_back({{"onus", group.onus},
+                      {"profile", PatternJson(group.winner, group.winner_name)},
+                      {"next_profile", PatternJson(group.next, group.next_name)},
+                      {"most_fitting_profiles", group.most_fitting},
+                      {"examples", ExamplesJson(view, group.examples)},
+                      {"why", ReasonOf(group)}});
+  }
+  return {{"onus", luck.onus}, {"groups", groups}};
+}
+
+}  // namespace
+
+nlohmann::ordered_json DifferenceJson(const DifferenceView& view) {
+  const PopulationDifference& difference = view.difference;
+  Json json = {{"onus", difference.onus}, {"changed", difference.Changed()}};
+  for (const OnuChange kind : kOnuChanges) json[ToText(kind)] = difference.CountOf(kind);
+  json["groups"] = Json::array();
+  for (const ChangeGroup& group : difference.groups) {
+    json["groups"].push_back(GroupJson(view, group));
+  }
+  json["luck_of_order"] = {{"before", LuckJson(view, difference.luck_before)},
+                           {"after", LuckJson(view, difference.luck_after)}};
+  return json;
+}
+
+}  // namespace olt_host
