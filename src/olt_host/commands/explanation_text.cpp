@@ -80,12 +80,12 @@ std::string DeciderText(const AbilityComparison& decider) {
 
 // Where the abilities alone would have led an ONU that was recognised by its type.
 std::string ByAbilitiesText(const Explanation& explanation) {
-  if (!explanation.by_abilities) return "alone would have led to no profile";
+  if (!explanation.by_abilities) return "not compared, alone they would have led to no profile";
   const ProfileVerdict& fitting = explanation.profiles[*explanation.by_abilities];
   if (explanation.winner == explanation.by_abilities) {
-    return "were not needed; alone they would have led to the same profile";
+    return "not compared, alone they would have led to the same profile";
   }
-  return "were not needed; alone they would have led to profile " + ProfileText(fitting);
+  return "not compared, alone they would have led to profile " + ProfileText(fitting);
 }
 
 std::size_t CountOf(const Explanation& explanation, ProfileFate fate) {
@@ -113,20 +113,29 @@ void AddWinner(const Explanation& explanation, Pairs& pairs) {
   }
 }
 
-void AddOthers(const Explanation& explanation, Pairs& pairs) {
+std::string TriedText(const Explanation& explanation) {
   const std::size_t lost = CountOf(explanation, ProfileFate::kLost);
+  if (!explanation.winner)
+    return CountText(lost, "profile, all that there is", "profiles, all that there are");
+  if (lost == 0) return "none, the winner is the newest";
+  return CountText(lost, "profile", "profiles") + " newer than the winner";
+}
+
+std::string NeverAskedText(const Explanation& explanation) {
   const std::size_t never = CountOf(explanation, ProfileFate::kNeverAsked);
+  if (never == 0) return "none, the winner is the oldest";
+  const std::size_t fit = NearestOf(explanation, ProfileFate::kNeverAsked, true).size();
+  return CountText(never, "profile", "profiles") + " older than the winner, of which " +
+         (fit == 0 ? "none" : std::to_string(fit)) + " would have fitted, too";
+}
+
+void AddOthers(const Explanation& explanation, Pairs& pairs) {
   if (!explanation.compared) {
     pairs.emplace_back("Others", "no profile was compared");
     return;
   }
-  pairs.emplace_back("Tried in vain", CountText(lost, "profile", "profiles") +
-                                          (explanation.winner ? " newer than the winner" : ""));
-  if (!explanation.winner) return;
-  const std::size_t fit = NearestOf(explanation, ProfileFate::kNeverAsked, true).size();
-  pairs.emplace_back("Never asked", CountText(never, "profile", "profiles") +
-                                        " older than the winner; " + std::to_string(fit) +
-                                        " would have fitted, too");
+  pairs.emplace_back("Tried in vain", TriedText(explanation));
+  if (explanation.winner) pairs.emplace_back("Never asked", NeverAskedText(explanation));
 }
 
 void WriteShort(struct vty& terminal, const Explanation& explanation) {
@@ -219,11 +228,14 @@ void WriteVerdict(struct vty& terminal, const ProfileVerdict& verdict) {
   vty_out(&terminal, "  %4zu  %s  %5zu  %8zu  %6zu  %7zu\r\n", verdict.turn,
           Column(ProfileText(verdict), kProfileColumns).c_str(), verdict.tally.agrees,
           verdict.tally.wildcards, verdict.tally.absent, verdict.tally.against);
-  WriteWrapped(terminal, "        ",
-               verdict.tally.decider ? DeciderText(*verdict.tally.decider) : "fits", 10);
+  if (verdict.tally.decider) {
+    WriteWrapped(terminal, "        ", DeciderText(*verdict.tally.decider), 10);
+  } else {
+    vty_out(&terminal, "        would have fitted\r\n");
+  }
 }
 
-// The first ten of `nearest`, or those with the fates of them all in order.
+// The first ten, or all.
 void WriteVerdicts(struct vty& terminal, const Explanation& explanation, Indices shown, bool all) {
   const std::size_t found = shown.size();
   if (!all) shown.resize(std::min(found, kMostShown));

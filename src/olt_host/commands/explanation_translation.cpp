@@ -28,8 +28,8 @@ std::string ProfileStep(const Explanation& explanation) {
   const TypeTranslation& translation = explanation.translation;
   const std::string key = "the key " + TypeText(translation.key);
   if (!translation.real_profile) return "No real profile has " + key + ", so the type stays.";
-  return "The real profile with " + key + " says more: " + OriginText(explanation.real_origin) +
-         ".";
+  return "The real profile with " + key + " (" + OriginText(explanation.real_origin) +
+         ") says whether it is translated.";
 }
 
 std::string WhetherStep(const TypeTranslation& translation) {
