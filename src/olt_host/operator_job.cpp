@@ -52,9 +52,11 @@ int ServeOperators(const CommandLine& command_line) {
     transports.OpenTerminal(ProcessOwner(), [&commands] { commands.Stop(); });
   }
   Host().sessions = &sessions;
+  Host().commands = &commands;
   transports.Start();
   commands.Serve();
   Host().sessions = nullptr;
+  Host().commands = nullptr;
   sessions.CloseAll("olt_host stops");
   return kExitOk;
 }

@@ -41,6 +41,7 @@ void InstallCommands() {
   InstallTypeCommands();
   InstallStateCommands();
   InstallLogCommands();
+  InstallTryCommands();
   InstallBuiltinCommands(kCommandNode);
   OfferValues();
   KeepOperatorChanges();

@@ -24,6 +24,9 @@ void InstallStateCommands();
 // show version, show tech-support, who.
 void InstallSystemCommands();
 
+// try, try commit, try drop; and try before each command there that changes the library.
+void InstallTryCommands();
+
 // What the host knows for the commands' values: codes, types, keys, ONUs.
 void OfferValues();
 

@@ -11,6 +11,7 @@
 
 #include "catalogue/catalogue_files.h"
 #include "commands/operator_register.h"
+#include "commands/unconfirmed_change.h"
 #include "confirmation/confirmed_onus.h"
 #include "confirmation/population.h"
 #include "session/session_server.h"
@@ -32,6 +33,12 @@ struct HostContext {
   const SessionServer* sessions = nullptr;
 
   OperatorRegister operator_register;
+
+  // The change that waits to be confirmed. By this clock it goes back, on the thread that
+  // serves the sessions, or where there is none (null) before the next command.
+  UnconfirmedChange unconfirmed;
+  std::function<UnconfirmedChange::Time()> clock = std::chrono::steady_clock::now;
+  CommandThread* commands = nullptr;
 
   // Where `save` and every change go; empty without --state.
   std::string state_file;

@@ -9,11 +9,13 @@
 #include <vector>
 
 #include "commands/host_context.h"
+#include "commands/trial_output.h"
 #include "platform/log_sink.h"
 #include "state/catalogue_wholeness.h"
 #include "state/state_file.h"
 #include "state/state_lock.h"
 #include "vty/execute.h"
+#include "vty/wrapping.h"
 
 namespace olt_host {
 
@@ -55,7 +57,8 @@ void Write(std::string content) {
 
 // The change itself stays when it cannot be written; the next one tries again.
 void KeepChange(struct vty& terminal) {
-  if (Host().state_file.empty() || IsTold()) return;
+  // What may go back is not kept: the file stays as it was before it.
+  if (Host().state_file.empty() || IsTold() || Host().unconfirmed.Waits()) return;
   try {
     std::string content = EncodeNow();
     if (content == KeptContent()) return;
@@ -66,6 +69,13 @@ void KeepChange(struct vty& terminal) {
     LogHostLine(0, message);
     terminal.Refuse(message);
   }
+}
+
+void WarnOfGoingBack(struct vty& terminal) {
+  if (!Host().unconfirmed.NoticesChange()) return;
+  const std::string note =
+      Wrap("", "Note: " + WaitingText() + "; if it goes back, so does this change", 2);
+  terminal.Write(note.data(), note.size());
 }
 
 void NoteChange(const struct vty& terminal) {
@@ -129,17 +139,22 @@ void KeepOperatorChanges() {
   if (!Host().state_file.empty()) KeptContent() = EncodeNow();
   ObserveCommands({[](struct vty& terminal) {
                      IsTold() = false;
+                     GoBackWhenDue();
                      LendPendingProfile(terminal);
                    },
                    [](struct vty& terminal, bool may_change) {
                      TakePendingProfile(terminal);
                      if (!may_change) return;
                      NoteChange(terminal);
+                     WarnOfGoingBack(terminal);
                      KeepChange(terminal);
                    }});
 }
 
 std::string EncodeOperatorChanges() {
+  if (Host().unconfirmed.Waits()) {
+    throw StateError("a change waits to be confirmed; expected \"try commit\" or \"try drop\"");
+  }
   RequireWholeCatalogue(Host().catalogue);
   return EncodeNow();
 }

@@ -94,10 +94,12 @@ std::string ReasonOf(const ChangeGroup& group, const OnuOutcome& before, const O
 }
 
 std::string ReasonOf(const LuckGroup& group) {
-  const std::string others = group.most_fitting > 2
-                                 ? ", and up to " + std::to_string(group.most_fitting - 2) +
-                                       (group.most_fitting == 3 ? " other fits" : " others fit")
-                                 : "";
+  std::string others;
+  if (group.most_fitting > 2) {
+    const std::size_t more = group.most_fitting - 2;
+    others = std::string(", and ") + (group.onus > 1 ? "up to " : "") + std::to_string(more) +
+             (more == 1 ? " more does" : " more do");
+  }
   return "profile " + NamedNumber(group.winner.key, group.winner_name) + " is tried before " +
          NamedNumber(group.next.key, group.next_name) + ", which fits as well" + others;
 }

@@ -14,7 +14,7 @@ std::string NamedNumber(std::uint32_t number, const std::string& name);
 // Of the group's first example, whose outcomes these are.
 std::string ReasonOf(const ChangeGroup& group, const OnuOutcome& before, const OnuOutcome& after);
 
-// "2 profiles fit: 1077 "A" is tried before 1078 "B"".
+// "profile 1077 "A" is tried before 1078 "B", which fits as well, and 2 more do".
 std::string ReasonOf(const LuckGroup& group);
 
 }  // namespace olt_host

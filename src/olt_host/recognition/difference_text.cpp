@@ -132,6 +132,14 @@ void WriteGroups(const DifferenceView& view, const KindTexts& kind, TextWriter& 
   out.More(groups - shown);
 }
 
+bool SameLuck(const Luck& one, const Luck& other) {
+  return std::equal(one.groups.begin(), one.groups.end(), other.groups.begin(), other.groups.end(),
+                    [](const LuckGroup& a, const LuckGroup& b) {
+                      return a.winner.key == b.winner.key && a.next.key == b.next.key &&
+                             a.onus == b.onus && a.most_fitting == b.most_fitting;
+                    });
+}
+
 void WriteLuck(const DifferenceView& view, const Luck& luck, const char* name, TextWriter& out) {
   if (luck.groups.empty()) return;
   out.Line(std::string("\nDecided by luck of order under ") + name);
@@ -160,8 +168,9 @@ std::string DifferenceText(const DifferenceView& view) {
   out.Count(std::string("under ") + view.before_name, difference.luck_before.onus);
   out.Count(std::string("under ") + view.after_name, difference.luck_after.onus);
   for (const KindTexts& kind : kKindTexts) WriteGroups(view, kind, out);
-  WriteLuck(view, difference.luck_before, view.before_name, out);
-  WriteLuck(view, difference.luck_after, view.after_name, out);
+  const bool same_luck = SameLuck(difference.luck_before, difference.luck_after);
+  if (!same_luck) WriteLuck(view, difference.luck_before, view.before_name, out);
+  WriteLuck(view, difference.luck_after, same_luck ? "both" : view.after_name, out);
   return out.Text();
 }
 

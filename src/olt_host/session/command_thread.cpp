@@ -1,6 +1,7 @@
 #include "session/command_thread.h"
 
 #include <exception>
+#include <utility>
 
 namespace olt_host {
 
@@ -15,8 +16,9 @@ struct CommandThread::Task {
 void CommandThread::Serve() {
   std::unique_lock<std::mutex> lock(_mutex);
   while (true) {
-    _changed.wait(lock, [this] { return _stopped || !_tasks.empty(); });
+    WaitForWork(lock);
     if (_stopped) return;
+    if (RunIfDue(lock)) continue;
     Task& task = *_tasks.front();
     _tasks.pop_front();
     lock.unlock();
@@ -29,6 +31,36 @@ void CommandThread::Serve() {
     task.state = Task::kDone;
     _changed.notify_all();
   }
+}
+
+// Returns with a task, a call that is due, or stopped.
+void CommandThread::WaitForWork(std::unique_lock<std::mutex>& lock) {
+  const auto has_task = [this] { return _stopped || !_tasks.empty(); };
+  if (_call) {
+    _changed.wait_until(lock, _call_at, has_task);
+  } else {
+    _changed.wait(lock, has_task);
+  }
+}
+
+// True also where the wait ended for nothing, so that Serve looks again.
+bool CommandThread::RunIfDue(std::unique_lock<std::mutex>& lock) {
+  if (!_call || std::chrono::steady_clock::now() < _call_at) return _tasks.empty();
+  const std::function<void()> call = std::exchange(_call, nullptr);
+  lock.unlock();
+  try {
+    call();
+  } catch (...) {
+    // Nobody waits for it.
+  }
+  lock.lock();
+  return true;
+}
+
+void CommandThread::CallAt(std::chrono::steady_clock::time_point when, std::function<void()> task) {
+  const std::lock_guard<std::mutex> lock(_mutex);
+  _call = std::move(task);
+  _call_at = when;
 }
 
 void CommandThread::Stop() {

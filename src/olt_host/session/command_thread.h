@@ -4,6 +4,7 @@
 #ifndef OLT_HOST_SESSION_COMMAND_THREAD_H
 #define OLT_HOST_SESSION_COMMAND_THREAD_H
 
+#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <functional>
@@ -30,13 +31,22 @@ class CommandThread {
   // of the task is thrown here.
   bool Run(const std::function<void()>& task);
 
+  // Serve runs `task` once it is `when`, or later when it is busy then; instead of an
+  // earlier one that did not run yet. What it throws is lost. On the command thread.
+  void CallAt(std::chrono::steady_clock::time_point when, std::function<void()> task);
+
  private:
   struct Task;
+
+  void WaitForWork(std::unique_lock<std::mutex>& lock);
+  bool RunIfDue(std::unique_lock<std::mutex>& lock);
 
   const std::thread::id _thread;
   std::mutex _mutex;
   std::condition_variable _changed;
   std::deque<Task*> _tasks;
+  std::function<void()> _call;  // empty for none
+  std::chrono::steady_clock::time_point _call_at;
   bool _stopped = false;
 };
 

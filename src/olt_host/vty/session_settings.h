@@ -12,6 +12,8 @@ class OnuAbilityProfile;
 
 namespace olt_host {
 
+struct TriedChange;
+
 // What an operator may run. A read-only one may look and leave, no more.
 enum class Access { kReadOnly, kFull };
 
@@ -27,6 +29,9 @@ struct SessionSettings {
   // The profile that the operator is building. The library keeps one for the
   // process; each session has its own put there while a command of it runs.
   std::shared_ptr<OnuAbilityProfile> pending_profile;
+
+  // What the operator tries; null for nothing.
+  std::shared_ptr<TriedChange> tried_change;
 };
 
 }  // namespace olt_host
