@@ -75,11 +75,16 @@ void SetValue(OnuReport& made, const BoxColumn& column, const ReportValue& value
   }
 }
 
-// Makes the codes hold a wildcard that only an answer or its absence leaves there.
+// Makes the codes hold a wildcard that only an answer or its absence leaves there. A known
+// capability sets code 48 aside, whatever it is.
 void SetWildcard(OnuReport& made, const BoxColumn& column) {
-  if (column.channel == Channel::kSetAside) made.abilities[column.code] = 0;
-  if (column.channel == Channel::kCapability)
+  if (column.channel == Channel::kSetAside) {
+    made.abilities[column.code] = 0;
+    if (!made.private_capability) made.private_capability = std::uint8_t{0};
+  }
+  if (column.channel == Channel::kCapability) {
     made.abilities[column.code] = kUnknownPrivateCapability;
+  }
 }
 
 // The report with its ports changed: none but those that the profile asks for, and one

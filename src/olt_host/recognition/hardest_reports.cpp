@@ -54,17 +54,13 @@ class Hardest {
   // One type stands under all columns of the reported type. False when there is none with
   // which the ONU would get to the match profiles and fit this one.
   bool ChooseType(BoxReport& report) const {
+    if (_boxes.TakesUnknownTypesOnly(_profile)) return _space.TypeMayBeUnknown();
     std::set<std::uint32_t> asked;
-    bool can_be_told = true;
     for (std::size_t i = 0; i < report.size(); ++i) {
       const BoxColumn& column = _boxes.Columns()[i];
-      const int cell = Cell(i);
-      if (column.channel != Channel::kReportedType || cell == kAnything) continue;
-      can_be_told =
-          can_be_told && cell != kRefuses && column.can_hold[static_cast<std::size_t>(cell)];
-      if (can_be_told) asked.insert(column.values[static_cast<std::size_t>(cell)].number);
+      if (column.channel != Channel::kReportedType || Cell(i) == kAnything) continue;
+      asked.insert(column.values[static_cast<std::size_t>(Cell(i))].number);
     }
-    if (!can_be_told || asked.size() > 1) return _space.TypeMayBeUnknown();
     for (std::size_t i = 0; i < report.size(); ++i) {
       if (_boxes.Columns()[i].channel != Channel::kReportedType) continue;
       report[i] = asked.empty() ? kFresh : NumberOf(i, *asked.begin());

@@ -11,11 +11,15 @@ bool IsHeld(const BoxColumn& column, int cell) {
   return cell >= 0 && column.can_hold[static_cast<std::size_t>(cell)];
 }
 
-// Complete reports of one form: which columns they tell.
+// What a complete report does with a column. kAside: it is answered, and held as a wildcard
+// then.
+enum class Use { kLeftOut, kTold, kAside };
+
+// Complete reports of one form: what they do with each column.
 class Form {
  public:
-  Form(const PatternBoxes& boxes, std::vector<bool> told)
-      : _boxes(boxes), _told(std::move(told)), _able(boxes.Profiles(), true) {
+  Form(const PatternBoxes& boxes, std::vector<Use> uses)
+      : _boxes(boxes), _uses(std::move(uses)), _able(boxes.Profiles(), true) {
     for (std::size_t profile = 0; profile < boxes.Profiles(); ++profile) {
       if (!TakesSome(profile)) _able.Remove(profile);
     }
@@ -25,53 +29,56 @@ class Form {
   PositionSet SharingWith(std::size_t profile) const {
     PositionSet sharing = _able;
     if (!_able.Contains(profile)) return PositionSet(_boxes.Profiles());
-    for (std::size_t i = 0; i < _told.size(); ++i) {
+    for (std::size_t i = 0; i < _uses.size(); ++i) {
       const int cell = _boxes.Columns()[i].cells[profile];
-      if (_told[i] && cell >= 0) sharing &= _boxes.Passing(i, cell);
+      if (_uses[i] == Use::kTold && cell >= 0) sharing &= _boxes.Passing(i, cell);
     }
     return sharing;
   }
 
   // A report that fits both, which share one.
-  BoxReport ReportOf(std::size_t a, std::size_t b, bool type_may_be_unknown) const {
-    BoxReport report(_told.size(), kNothingThere);
+  BoxReport ReportOf(std::size_t a, std::size_t b) const {
+    BoxReport report(_uses.size(), kNothingThere);
     for (std::size_t i = 0; i < report.size(); ++i) {
       const BoxColumn& column = _boxes.Columns()[i];
-      if (column.channel == Channel::kReportedType && !type_may_be_unknown) report[i] = kFresh;
-      if (!_told[i]) continue;
-      report[i] =
-          column.cells[a] >= 0   ? column.cells[a]
-          : column.cells[b] >= 0 ? column.cells[b]
-          : column.can_hold_fresh
-              ? kFresh
-              : static_cast<int>(std::find(column.can_hold.begin(), column.can_hold.end(), true) -
-                                 column.can_hold.begin());
+      if (_uses[i] == Use::kAside) report[i] = kHeldWildcard;
+      if (_uses[i] != Use::kTold) continue;
+      report[i] = column.cells[a] >= 0 ? column.cells[a] : column.cells[b];
+      if (report[i] < 0) report[i] = AnyValue(column);
     }
     return report;
   }
 
  private:
+  static int AnyValue(const BoxColumn& column) {
+    if (column.can_hold_fresh) return kFresh;
+    const auto held = std::find(column.can_hold.begin(), column.can_hold.end(), true);
+    return static_cast<int>(held - column.can_hold.begin());
+  }
+
   bool TakesSome(std::size_t profile) const {
-    for (std::size_t i = 0; i < _told.size(); ++i) {
+    for (std::size_t i = 0; i < _uses.size(); ++i) {
       const BoxColumn& column = _boxes.Columns()[i];
       const int cell = column.cells[profile];
-      if (_told[i] && cell != kAnything && !IsHeld(column, cell)) return false;
+      if (_uses[i] == Use::kTold && cell != kAnything && !IsHeld(column, cell)) return false;
+      if (_uses[i] == Use::kAside && cell == kRefuses) return false;
     }
     return true;
   }
 
   const PatternBoxes& _boxes;
-  std::vector<bool> _told;
+  std::vector<Use> _uses;
   PositionSet _able;  // to take one of these reports
 };
 
 std::vector<Form> Forms(const PatternBoxes& boxes, const ReportSpace& space) {
-  std::vector<bool> with_capability;
-  std::vector<bool> without;
+  std::vector<Use> with_capability;
+  std::vector<Use> without;
   for (const BoxColumn& column : boxes.Columns()) {
-    const bool told = column.channel != Channel::kReportedType;
-    with_capability.push_back(told && column.channel != Channel::kSetAside);
-    without.push_back(told && column.channel != Channel::kCapability);
+    Use use = Use::kTold;
+    if (column.channel == Channel::kReportedType && space.TypeMayBeUnknown()) use = Use::kLeftOut;
+    with_capability.push_back(column.channel == Channel::kSetAside ? Use::kAside : use);
+    without.push_back(column.channel == Channel::kCapability ? Use::kLeftOut : use);
   }
   std::vector<Form> forms = {Form(boxes, with_capability)};
   if (!space.IsAsked(kCapabilityCode)) forms.emplace_back(boxes, without);
@@ -113,7 +120,7 @@ class Search {
     for (const Form& form : _forms) {
       if (!form.SharingWith(older).Contains(newer)) continue;
       std::size_t winner = newer;
-      const BoxReport report = form.ReportOf(newer, older, _space.TypeMayBeUnknown());
+      const BoxReport report = form.ReportOf(newer, older);
       if (!HasDependentColumns(_boxes)) winner = _boxes.Fitting(report).Highest();
       const auto witness =
           FindReport(_boxes, _space, report, _trial, [&](const PositionSet& fitting) {

@@ -142,9 +142,22 @@ PositionSet PatternBoxes::Fitting(const BoxReport& report) const {
   return fitting;
 }
 
+bool PatternBoxes::TakesUnknownTypesOnly(std::size_t profile) const {
+  std::set<ReportValue> types;
+  for (const BoxColumn& column : _columns) {
+    const int cell = column.cells[profile];
+    if (column.channel != Channel::kReportedType || cell == kAnything) continue;
+    if (cell == kRefuses || !column.can_hold[static_cast<std::size_t>(cell)]) return true;
+    types.insert(column.values[static_cast<std::size_t>(cell)]);
+  }
+  return types.size() > 1;
+}
+
 PositionSet PatternBoxes::AtLeastAsWide(std::size_t profile) const {
+  const bool unknown_types_only = TakesUnknownTypesOnly(profile);
   PositionSet wide(_profiles, true);
   for (std::size_t i = 0; i < _columns.size(); ++i) {
+    if (unknown_types_only && _columns[i].channel == Channel::kReportedType) continue;
     const int cell = _columns[i].cells[profile];
     if (cell == kAnything) wide &= Passing(i, kFresh);
     // Asking for what no report holds is to take reports without the code only, which

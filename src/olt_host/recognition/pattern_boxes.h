@@ -58,6 +58,9 @@ class PatternBoxes {
   const PositionSet& Passing(std::size_t column, int reported) const;
   // The profiles that fit the report.
   PositionSet Fitting(const BoxReport& report) const;
+  // Whether only ONUs of which no type is known fit the profile: it asks for a type that
+  // no report holds, or for two.
+  bool TakesUnknownTypesOnly(std::size_t profile) const;
   // The profiles that ask for no more than this one, itself included.
   PositionSet AtLeastAsWide(std::size_t profile) const;
   // Whether the profile asks for anything at all.
