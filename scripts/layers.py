@@ -44,6 +44,9 @@ LAYERS = [
     ("host state", ["olt_host/state/*"], LIBRARY + ["host platform", "host catalogue"]),
     ("host recognition", ["olt_host/recognition/*"],
      LIBRARY + ["host platform", "host catalogue", "host confirmation", "host state"]),
+    ("host generation", ["olt_host/generation/*"],
+     LIBRARY + ["host platform", "host catalogue", "host confirmation", "host state",
+                "host recognition"]),
     ("host session", ["olt_host/session/*"], LIBRARY + ["host platform", "host vty"]),
     ("host transport", ["olt_host/transport/*"],
      LIBRARY + ["host platform", "host vty", "host session"]),
@@ -52,7 +55,8 @@ LAYERS = [
                 "host recognition", "host session"]),
     ("host program", ["olt_host/*"],
      LIBRARY + ["host platform", "host vty", "host catalogue", "host confirmation", "host state",
-                "host recognition", "host session", "host transport", "host commands"]),
+                "host recognition", "host generation", "host session", "host transport",
+                "host commands"]),
 ]
 
 # Where an include by bare name is looked for.

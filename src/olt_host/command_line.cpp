@@ -7,6 +7,7 @@
 #include "diff_command_line.h"
 #include "exit_status.h"
 #include "explain_command_line.h"
+#include "generate_command_line.h"
 #include "lint_command_line.h"
 #include "types_command_line.h"
 
@@ -177,12 +178,12 @@ ParsedCommandLine ParseCommandLine(int argc, const char* const* argv) {
   app.get_formatter()->column_width(26);
   app.footer("\"olt_host COMMAND --help\" tells more about a command.");
   const std::vector<std::pair<Job, const CLI::App*>> jobs = {
-      {Job::kConfirm, AddConfirm(app, result)}, {Job::kConsole, AddConsole(app, result)},
-      {Job::kServe, AddServe(app, result)},     {Job::kRun, AddRun(app, result)},
-      {Job::kAttach, AddAttach(app, result)},   {Job::kPassword, AddPassword(app, result)},
-      {Job::kTypes, AddTypes(app, result)},     {Job::kCompare, AddCompare(app, result)},
-      {Job::kExplain, AddExplain(app, result)}, {Job::kLint, AddLint(app, result)},
-      {Job::kDiff, AddDiff(app, result)},
+      {Job::kConfirm, AddConfirm(app, result)},   {Job::kConsole, AddConsole(app, result)},
+      {Job::kServe, AddServe(app, result)},       {Job::kRun, AddRun(app, result)},
+      {Job::kAttach, AddAttach(app, result)},     {Job::kPassword, AddPassword(app, result)},
+      {Job::kTypes, AddTypes(app, result)},       {Job::kCompare, AddCompare(app, result)},
+      {Job::kGenerate, AddGenerate(app, result)}, {Job::kExplain, AddExplain(app, result)},
+      {Job::kLint, AddLint(app, result)},         {Job::kDiff, AddDiff(app, result)},
   };
   try {
     app.parse(argc, argv);

@@ -26,7 +26,8 @@ enum class Job {
   kTypes,
   kCompare,
   kLint,
-  kDiff
+  kDiff,
+  kGenerate
 };
 
 // What `console` and `serve` let operators in by.
@@ -67,6 +68,15 @@ struct DiffOptions {
   bool json = false;
 };
 
+struct GenerateOptions {
+  std::vector<std::string> models;  // as types are called; empty: all
+  std::uint32_t onus = 0;
+  std::uint64_t seed = 1;
+  std::string faults;  // KIND=PERCENT,...
+  bool again = false;
+  std::string output;  // file; empty: standard output
+};
+
 struct CommandLine {
   Job job = Job::kConfirm;
 
@@ -88,6 +98,7 @@ struct CommandLine {
   ServingOptions serving;     // of console and serve
   std::string attach_socket;  // of attach
 
+  GenerateOptions generate;
   TypesOptions types;  // of types and compare
 
   ExplainOptions explain;

@@ -25,6 +25,8 @@ int RunJob(const CommandLine& command_line) {
       return RunExplainJob(command_line);
     case Job::kTypes:
       return RunTypesJob(command_line);
+    case Job::kGenerate:
+      return RunGenerateJob(command_line);
     case Job::kCompare:
       return RunCompareJob(command_line);
     case Job::kDiff:

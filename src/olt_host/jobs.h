@@ -19,6 +19,7 @@ int RunPasswordJob(const CommandLine& command_line);  // password
 int RunLintJob(const CommandLine& command_line);      // lint
 int RunExplainJob(const CommandLine& command_line);   // explain
 int RunTypesJob(const CommandLine& command_line);     // types
+int RunGenerateJob(const CommandLine& command_line);  // generate
 int RunCompareJob(const CommandLine& command_line);   // compare
 int RunDiffJob(const CommandLine& command_line);      // diff
 

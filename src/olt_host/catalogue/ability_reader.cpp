@@ -25,10 +25,16 @@ namespace {
                   nearest.empty() ? "a code that is defined under codes" : Quoted(nearest));
 }
 
-const CodeEntry& ResolveCode(const YamlView& key, const std::string& text,
-                             const Catalogue& catalogue, const AbilityRules& rules) {
+CodeEntry ResolveCode(const YamlView& key, const std::string& text, const Catalogue& catalogue,
+                      const AbilityRules& rules) {
   const CodeEntry* code =
       key.LooksLikeNumber() ? catalogue.FindCode(key.Number16(0, 65534)) : catalogue.FindCode(text);
+  if (code == nullptr && rules.unknown_codes_allowed && key.LooksLikeNumber()) {
+    CodeEntry unknown;
+    unknown.code = key.Number16(0, 65534);
+    unknown.name = "not defined";
+    return unknown;
+  }
   if (code == nullptr) {
     FailUndefined(key, text, catalogue, rules.refused_codes);
   }
@@ -108,7 +114,7 @@ std::vector<AbilityEntry> ReadAbilities(const YamlView& abilities, const Catalog
   std::vector<AbilityEntry> result;
   std::map<std::uint16_t, unsigned int> seen;
   for (const auto& [key, value] : abilities.Entries("a map of codes and values")) {
-    const CodeEntry& code = ResolveCode(key, value.Name(), catalogue, rules);
+    const CodeEntry code = ResolveCode(key, value.Name(), catalogue, rules);
     const auto [earlier, is_new] = seen.emplace(code.code, key.Position().line);
     if (!is_new) {
       key.Fail("code " + std::to_string(code.code) + " (" + code.name +

@@ -17,6 +17,8 @@ using RefusedNames = std::map<std::string, SourcePosition>;
 struct AbilityRules {
   bool any_allowed = true;    // the word `any`, a wildcard
   bool texts_allowed = true;  // codes that hold texts
+  // Numbers of codes that are not defined: ONUs tell what no catalogue knows.
+  bool unknown_codes_allowed = false;
   const RefusedNames* refused_codes = nullptr;
 };
 

@@ -97,6 +97,7 @@ std::map<std::uint16_t, std::uint32_t> ReadReportedAbilities(const YamlView& vie
                                                              const Catalogue& catalogue) {
   AbilityRules rules;
   rules.texts_allowed = false;
+  rules.unknown_codes_allowed = true;
   std::map<std::uint16_t, std::uint32_t> abilities;
   for (const AbilityEntry& ability : ReadAbilities(view, catalogue, rules)) {
     if (ability.kind == AbilityKind::kNumber) {
@@ -106,6 +107,24 @@ std::map<std::uint16_t, std::uint32_t> ReadReportedAbilities(const YamlView& vie
   return abilities;
 }
 
+// A text, and what stands behind its terminator.
+std::string ReadBuffer(const YamlView& value, std::size_t max_bytes, std::string& behind) {
+  const std::string bytes = value.BufferUpTo(max_bytes);
+  const std::size_t terminator = bytes.find('\0');
+  if (terminator != std::string::npos) behind = bytes.substr(terminator + 1);
+  return bytes.substr(0, terminator);
+}
+
+Truth ReadTruth(const YamlView& view) {
+  const YamlMap map = view.Map({"real_type", "faults"});
+  Truth truth;
+  truth.real_type = map.Get("real_type", "a number from 0 to 65535").Number16(0, 65535);
+  if (const auto faults = map.Find("faults")) {
+    for (const YamlView& fault : faults->Items("a fault")) truth.faults.push_back(fault.Text());
+  }
+  return truth;
+}
+
 void ReadIdentity(const YamlMap& map, OnuReport& report) {
   report.place = map.Get("place", "a number from 0 to 65535").Number16(0, 65535);
   report.onu = static_cast<std::uint8_t>(map.Get("onu", "a number from 0 to 255").Number(0, 255));
@@ -113,16 +132,17 @@ void ReadIdentity(const YamlMap& map, OnuReport& report) {
   report.reported_type =
       type.IsWord("unknown") ? kUnknownReportedType : type.Number(0, kAnyNumber, ", or unknown");
   if (const auto vendor_id = map.Find("vendor_id")) {
-    report.vendor_id = vendor_id->TextUpTo(kVendorIdBytes);
+    report.vendor_id = ReadBuffer(*vendor_id, kVendorIdBytes, report.behind_vendor_id);
   }
   if (const auto device_name = map.Find("device_name")) {
-    report.device_name = device_name->TextUpTo(kDeviceNameBytes);
+    report.device_name = ReadBuffer(*device_name, kDeviceNameBytes, report.behind_device_name);
   }
 }
 
 OnuReport ReadReport(const YamlView& item, const Catalogue& catalogue) {
-  const YamlMap map = item.Map({"place", "onu", "vendor_id", "reported_type", "read_abilities",
-                                "private_capability", "device_name", "abilities", "expect"});
+  const YamlMap map =
+      item.Map({"place", "onu", "vendor_id", "reported_type", "read_abilities",
+                "private_capability", "device_name", "abilities", "expect", "truth"});
   OnuReport report;
   report.position = item.Position();
   ReadIdentity(map, report);
@@ -137,6 +157,9 @@ OnuReport ReadReport(const YamlView& item, const Catalogue& catalogue) {
   }
   if (const auto expect = map.Find("expect")) {
     report.expect = ReadExpectation(*expect);
+  }
+  if (const auto truth = map.Find("truth")) {
+    report.truth = ReadTruth(*truth);
   }
   return report;
 }

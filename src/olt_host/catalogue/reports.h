@@ -38,16 +38,25 @@ struct Expectation {
   std::optional<std::uint16_t> report_type;  // after translation
 };
 
+// What is so whatever an ONU reports, as generated populations tell it.
+struct Truth {
+  std::uint16_t real_type = 0;
+  std::vector<std::string> faults;  // of the report, by name
+};
+
 struct OnuReport {
   std::uint16_t place = 0;
   std::uint8_t onu = 0;
   std::optional<std::string> vendor_id;  // nothing: the ONU does not tell
+  std::string behind_vendor_id;          // bytes behind its terminator
   std::uint32_t reported_type = kUnknownReportedType;
   bool read_abilities = true;
   std::optional<std::uint8_t> private_capability;
   std::optional<std::string> device_name;
+  std::string behind_device_name;
   std::map<std::uint16_t, std::uint32_t> abilities;  // by code
   std::optional<Expectation> expect;
+  std::optional<Truth> truth;
   SourcePosition position;
 };
 

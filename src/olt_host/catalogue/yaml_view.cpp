@@ -139,6 +139,17 @@ std::string YamlView::Text(const std::string& expectation) const {
   return _node.Scalar();
 }
 
+std::string YamlView::BufferUpTo(std::size_t max_bytes) const {
+  const std::size_t terminator = _node.IsScalar() ? _node.Scalar().find('\0') : std::string::npos;
+  if (terminator == std::string::npos || _node.Scalar().size() > max_bytes) {
+    return TextUpTo(max_bytes);
+  }
+  if (HasControlCharacter(_node.Scalar().substr(0, terminator))) {
+    FailValue("a text without control characters, and bytes behind \"\\0\" only");
+  }
+  return _node.Scalar();
+}
+
 std::string YamlView::TextUpTo(std::size_t max_bytes) const {
   const std::string expectation = "a text of at most " + std::to_string(max_bytes) + " bytes";
   std::string text = Text(expectation);

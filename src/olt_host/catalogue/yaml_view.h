@@ -58,6 +58,8 @@ class YamlView {
   std::string Text(const std::string& expectation = "a text") const;
   // A text of at most `max_bytes` bytes.
   std::string TextUpTo(std::size_t max_bytes) const;
+  // What a buffer of so many bytes holds: a text, and behind its terminator anything.
+  std::string BufferUpTo(std::size_t max_bytes) const;
 
   // A map with any keys, each only once, in the order of the file.
   std::vector<std::pair<YamlView, YamlView>> Entries(const std::string& expectation) const;

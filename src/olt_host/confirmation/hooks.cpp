@@ -17,9 +17,12 @@ const OnuReport* FindReport(unsigned short place, unsigned char onu) {
   return current_source == nullptr ? nullptr : current_source->Find(place, onu);
 }
 
-// The buffers of the library are zeroed and have room for the terminator.
-unsigned int CopyText(const std::string& text, std::size_t limit, char* buffer) {
+// The buffers of the library are zeroed and have room for the terminator; the limit is
+// what a hook may write, `behind` included.
+unsigned int CopyText(const std::string& text, const std::string& behind, std::size_t limit,
+                      char* buffer) {
   text.copy(buffer, limit);
+  if (text.size() + 1 < limit) behind.copy(buffer + text.size() + 1, limit - text.size() - 1);
   return kDone;
 }
 
@@ -29,7 +32,7 @@ unsigned int GetVendorId(unsigned short place, unsigned char onu, char* vendor_i
     return kNoAnswer;
   }
   constexpr std::size_t kBytes = 4;
-  return CopyText(*report->vendor_id, kBytes, vendor_id);
+  return CopyText(*report->vendor_id, report->behind_vendor_id, kBytes, vendor_id);
 }
 
 unsigned int GetReportedType(unsigned short place, unsigned char onu) {
@@ -120,7 +123,7 @@ unsigned int GetDeviceName(unsigned short place, unsigned char onu, unsigned int
   if (report == nullptr || !report->device_name) {
     return kNoAnswer;
   }
-  return CopyText(*report->device_name, length, device_name);
+  return CopyText(*report->device_name, report->behind_device_name, length, device_name);
 }
 
 // A hook goes to the library as void*; its type is held here first.

@@ -1,0 +1,49 @@
+#include "generate_command_line.h"
+
+#include "command_options.h"
+#include "generation/population_generator.h"
+
+namespace olt_host {
+
+CLI::App* AddGenerate(CLI::App& app, CommandLine& result) {
+  CLI::App* generate = app.add_subcommand("generate", "Make a population of ONUs to test with");
+  GenerateOptions& options = result.generate;
+  AddCatalogue(*generate, result, true);
+  generate->add_option("--onus", options.onus, "How many ONUs")
+      ->required()
+      ->check(CLI::Range(std::uint32_t{0}, kMostOnus))
+      ->type_name("N");
+  generate->add_option("--seed", options.seed, "Another seed, another population (default 1)")
+      ->type_name("S");
+  generate
+      ->add_option("--models", options.models,
+                   "Only ONUs of these types, by key or name (default all)")
+      ->delimiter(',')
+      ->allow_extra_args(false)
+      ->type_name("TYPE,..");
+  generate->add_option("--faults", options.faults, "How many reports shall have which fault")
+      ->type_name("KIND=PERCENT,..");
+  generate->add_flag("--again", options.again, "The same ONUs, asked a second time");
+  generate->add_option("-o", options.output, "Write to FILE, not to standard output")
+      ->type_name("FILE");
+  AddCatalogueOptions(*generate, result);
+  AddLogOptions(*generate, result);
+  LogOnlyWhenAsked(*generate, result);
+  generate->footer(
+      "Writes a reports file. Every ONU states the type that it truly is and its\n"
+      "faults; what must be recognised all the same states that as its expectation.\n"
+      "The same catalogue, options and seed give the same bytes everywhere.\n\n"
+      "Faults:\n"
+      "  missing    a value or text is not told\n"
+      "  ones       a number is told as 0xFFFFFFFF\n"
+      "  truncated  a text lacks its end\n"
+      "  case       a text is in small letters, or in capitals\n"
+      "  padding    blanks or zero bytes fill a text\n"
+      "  garbage    bytes behind the terminator of a text\n"
+      "  unknown    values of codes that the catalogue does not define\n"
+      "  changed    told otherwise with --again\n"
+      "  all        each of these\n");
+  return generate;
+}
+
+}  // namespace olt_host
