@@ -79,7 +79,9 @@ class TextWriter {
 
 std::string OnuName(const DifferenceView& view, const OnuOutcome& onu) {
   const std::string name = std::to_string(onu.place) + "/" + std::to_string(onu.onu);
-  return view.files.size() < 2 ? name : name + " of " + view.files[onu.population];
+  if (view.files.size() < 2) return name;
+  const std::string& file = view.files[onu.population];
+  return name + " of " + file.substr(file.rfind('/') + 1);
 }
 
 std::string ExamplesText(const DifferenceView& view, const std::vector<std::size_t>& examples,

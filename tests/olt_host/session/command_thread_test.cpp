@@ -36,6 +36,55 @@ TEST(TheCommandThread, ThrowsTheExceptionOfATaskAtItsCaller) {
   EXPECT_TRUE((*commands).Run([] {})) << "and goes on";
 }
 
+TEST(TheCommandThread, RunsACallOnceItIsTime) {
+  ServedCommands commands;
+  std::promise<std::thread::id> called;
+  std::thread::id own;
+  (*commands).Run([&] {
+    own = std::this_thread::get_id();
+    (*commands).CallAt(std::chrono::steady_clock::now(),
+                       [&called] { called.set_value(std::this_thread::get_id()); });
+  });
+  EXPECT_EQ(called.get_future().get(), own);
+}
+
+TEST(TheCommandThread, RunsTheLaterOfTwoCallsOnly) {
+  ServedCommands commands;
+  bool first = false;
+  std::promise<void> second;
+  (*commands).Run([&] {
+    const auto now = std::chrono::steady_clock::now();
+    (*commands).CallAt(now, [&first] { first = true; });
+    (*commands).CallAt(now, [&second] { second.set_value(); });
+  });
+  second.get_future().get();
+  EXPECT_FALSE(first);
+}
+
+TEST(TheCommandThread, RunsNoCallBeforeItsTimeAndGoesOnWithTasks) {
+  ServedCommands commands;
+  bool called = false;
+  (*commands).Run([&] {
+    (*commands).CallAt(std::chrono::steady_clock::now() + std::chrono::hours(1),
+                       [&called] { called = true; });
+  });
+  for (int i = 0; i < 10; ++i) EXPECT_TRUE((*commands).Run([] {}));
+  (*commands).Run([&called] { EXPECT_FALSE(called); });
+}
+
+TEST(TheCommandThread, SurvivesACallThatThrows) {
+  ServedCommands commands;
+  std::promise<void> called;
+  (*commands).Run([&] {
+    (*commands).CallAt(std::chrono::steady_clock::now(), [&called] {
+      called.set_value();
+      throw std::runtime_error("thrown");
+    });
+  });
+  called.get_future().get();
+  EXPECT_TRUE((*commands).Run([] {}));
+}
+
 TEST(TheCommandThread, NeverRunsTwoTasksAtOnce) {
   ServedCommands commands;
   int inside = 0;
