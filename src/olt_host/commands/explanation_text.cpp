@@ -125,8 +125,9 @@ std::string NeverAskedText(const Explanation& explanation) {
   const std::size_t never = CountOf(explanation, ProfileFate::kNeverAsked);
   if (never == 0) return "none, the winner is the oldest";
   const std::size_t fit = NearestOf(explanation, ProfileFate::kNeverAsked, true).size();
-  return CountText(never, "profile", "profiles") + " older than the winner, of which " +
-         (fit == 0 ? "none" : std::to_string(fit)) + " would have fitted, too";
+  return CountText(never, "profile", "profiles") + " older than the winner, " +
+         (fit == 0 ? "none of which would have fitted"
+                   : "of which " + std::to_string(fit) + " would have fitted, too");
 }
 
 void AddOthers(const Explanation& explanation, Pairs& pairs) {

@@ -40,6 +40,8 @@ MASKS = [
     (re.compile(r"^( +\d+)  (\S+) +(?:console|unix|127\.0\.0\.1:\d+) +(full|read-only) +"
                 r"\S+ \S+ +\d+s$"), r"\1  \2  ORIGIN  \3  SINCE  IDLE"),
     (re.compile(rf"^( +\d+  )(?:-|{re.escape(getpass.getuser())})(  ORIGIN )"), r"\1NOBODY\2"),
+    (re.compile(rf"\boperator(?: {re.escape(getpass.getuser())})?(, session \d)"),
+     r"operator NOBODY\1"),
     (re.compile(r"\b\d{4}-\d\d-\d\d \d\d:\d\d:\d\d(?:\.\d+)?"), "YYYY-MM-DD HH:MM:SS"),
     (re.compile(r"\b\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d(?:\.\d+)?Z"), "YYYY-MM-DDTHH:MM:SSZ"),
     (re.compile(r"\b127\.0\.0\.1:\d+"), "127.0.0.1:PORT"),
