@@ -6,15 +6,14 @@ namespace olt_host {
 
 CLI::App* AddDiff(CLI::App& app, CommandLine& result) {
   DiffOptions& options = result.diff;
-  CLI::App* diff =
-      app.add_subcommand("diff", "Show what another catalogue makes of a population of ONUs");
+  CLI::App* diff = app.add_subcommand("diff", "Show what another catalogue makes of the ONUs");
   diff->add_option("OLD", options.older, "Catalogue of ONU models as it is: a file or folder")
       ->required()
       ->type_name("PATH");
   diff->add_option("NEW", options.newer, "Catalogue as it is to be")->required()->type_name("PATH");
   diff->add_option("REPORTS", options.reports, "What the ONUs report (YAML); one file or more")
       ->required()
-      ->type_name("FILE ...");
+      ->type_name("FILE");
   diff->add_flag("--json", options.json, "Print one JSON document, with all groups");
   AddLogOptions(*diff, result);
   diff->footer(

@@ -40,7 +40,7 @@ PatternStanding StandingOf(const std::vector<OnuAbilityProfile>& patterns, std::
     unsigned int its_key = 0;
     pattern->Get(its_key);
     if (its_key != key) continue;
-    const PatternStanding standing = StandingOf(*pattern, report);
+    PatternStanding standing = StandingOf(*pattern, report);
     if (standing.kind == PatternStanding::kFits) return standing;
     if (newest.kind == PatternStanding::kAbsent) newest = standing;
   }

@@ -47,6 +47,18 @@ TEST(CommandLine, ConfirmWithOptions) {
             olt_host::OutputFormat::kCsv);
 }
 
+TEST(CommandLine, DiffWithSeveralReports) {
+  const auto parsed = Parse({"diff", "old", "new", "a.yaml", "b.yaml", "--json"});
+  ASSERT_TRUE(parsed.command_line.has_value());
+  EXPECT_EQ(parsed.command_line->job, olt_host::Job::kDiff);
+  EXPECT_EQ(parsed.command_line->diff.older, "old");
+  EXPECT_EQ(parsed.command_line->diff.newer, "new");
+  EXPECT_EQ(parsed.command_line->diff.reports, (std::vector<std::string>{"a.yaml", "b.yaml"}));
+  EXPECT_TRUE(parsed.command_line->diff.json);
+  EXPECT_EQ(Refusal({"diff", "old", "new"}),
+            "olt_host: REPORTS is required (see olt_host --help)\n");
+}
+
 TEST(CommandLine, ConsoleWithAndWithoutReports) {
   const auto parsed = Parse({"console", "c.yaml"});
   ASSERT_TRUE(parsed.command_line.has_value());
@@ -93,6 +105,7 @@ TEST(CommandLine, HelpAndVersionEndWithStatusZero) {
                                                     {"attach", "--help"},
                                                     {"password", "--help"},
                                                     {"types", "--help"},
+                                                    {"diff", "--help"},
                                                     {"compare", "--help"},
                                                     {"--version"}}) {
     testing::internal::CaptureStdout();
