@@ -53,7 +53,7 @@ void Sort(std::vector<Finding>& findings) {
 LintResult LintCatalogue(const Catalogue& catalogue, const Population* population) {
   const UndisturbedLibrary undisturbed;
   const LintSubject subject(catalogue);
-  PatternFindings patterns(subject);
+  const PatternFindings patterns(subject);
   LintResult result = FindGrave(subject, patterns);
   patterns.AddOverlaps(result.findings);
   AddDroppedValues(subject, result.findings);

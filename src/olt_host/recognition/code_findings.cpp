@@ -10,6 +10,8 @@ namespace olt_host {
 namespace {
 
 constexpr std::uint16_t kLampAttribute = 3;
+constexpr std::uint16_t kLanPort = 3;
+constexpr std::uint16_t kOtherDataUni = 7;
 
 // Whether one of the words of a name, which '_' stands between, is among these.
 bool HasWord(const std::string& name, const std::set<std::string>& words) {
@@ -49,9 +51,36 @@ Finding FindingAbout(const CodeEntry& code, FindingKind kind, Severity severity)
   return finding;
 }
 
+// A code that is not defined counts as compared, and the library derives the totals all
+// the same.
+void AddUndefinedTotals(const LintSubject& subject, std::vector<Finding>& findings) {
+  const Catalogue& catalogue = subject.Stated();
+  for (const std::uint16_t total : {kAllLanCode, kDataUniCode}) {
+    const bool counts =
+        std::any_of(catalogue.codes.begin(), catalogue.codes.end(), [total](const CodeEntry& code) {
+          const std::uint16_t port_type = code.Attribute(kPortTypeAttribute);
+          return port_type == kLanPort || (port_type == kOtherDataUni && total == kDataUniCode);
+        });
+    OnuAbilityCodeInfo* registry = OnuAbilityCodeInfo::GetInstance();
+    if (!counts || registry->IsExist(total) != 0) continue;
+    Finding finding;
+    finding.kind = FindingKind::kUndefinedTotal;
+    finding.severity = Severity::kWarning;
+    finding.subject = "code " + std::to_string(total);
+    finding.position = catalogue.position;
+    finding.reason =
+        "It is not defined, but the library derives this total of ports in every "
+        "profile and report and compares it: an ONU with a port more than the match "
+        "profile names does not fit.";
+    finding.remedy = "Define the code without attributes.";
+    findings.push_back(finding);
+  }
+}
+
 }  // namespace
 
 void AddCodes(const LintSubject& subject, std::vector<Finding>& findings) {
+  AddUndefinedTotals(subject, findings);
   std::set<std::uint16_t> used = HeldCodes(subject);
   // These the library fills itself.
   used.insert({kAllLanCode, kDataUniCode, subject.Stated().key_ability_code});

@@ -137,18 +137,14 @@ OnuReport MakeReport(const PatternBoxes& boxes, const ReportSpace& space, const 
   return made;
 }
 
-PositionSet LibraryTrial::Fitting(const OnuReport& report) {
+PositionSet LibraryTrial::Fitting(const OnuReport& report) const {
   const OneReport source(report);
   SilentObserver observer;
   const ScopedHookContext context(source, observer);
   ConfirmOnuType gathered(report.place, report.onu);
   gathered.Init();
   gathered.UpdateOnucapaFromSpecialMe();
-  PositionSet fitting(_profiles.size());
-  for (std::size_t i = 0; i < _profiles.size(); ++i) {
-    if ((_profiles[i] == static_cast<const OnuAbilityProfile&>(gathered)) != 0) fitting.Insert(i);
-  }
-  return fitting;
+  return _boxes.Fitting(_boxes.Read(gathered));
 }
 
 bool HasDependentColumns(const PatternBoxes& boxes) {
@@ -159,7 +155,7 @@ bool HasDependentColumns(const PatternBoxes& boxes) {
 }
 
 std::optional<OnuReport> FindReport(const PatternBoxes& boxes, const ReportSpace& space,
-                                    const BoxReport& report, LibraryTrial& trial,
+                                    const BoxReport& report, const LibraryTrial& trial,
                                     const std::function<bool(const PositionSet&)>& holds) {
   const OnuReport made = MakeReport(boxes, space, report);
   if (!HasDependentColumns(boxes) || holds(trial.Fitting(made))) return made;

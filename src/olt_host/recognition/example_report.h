@@ -17,19 +17,17 @@ namespace olt_host {
 // library derives that from the ports is another matter.
 OnuReport MakeReport(const PatternBoxes& boxes, const ReportSpace& space, const BoxReport& report);
 
-// The profiles, by their positions, that the library finds to fit the report.
+// The profiles, by their positions, that fit a report as the library itself gathers it.
 //
-// REQUIRES: the hooks are registered.
+// REQUIRES: the hooks are registered; the boxes outlive this.
 class LibraryTrial {
  public:
-  explicit LibraryTrial(std::vector<OnuAbilityProfile> match_profiles)
-      : _profiles(std::move(match_profiles)) {}
+  explicit LibraryTrial(const PatternBoxes& boxes) : _boxes(boxes) {}
 
-  PositionSet Fitting(const OnuReport& report);
+  PositionSet Fitting(const OnuReport& report) const;
 
  private:
-  // Copies, which a comparison may give an unset entry.
-  std::vector<OnuAbilityProfile> _profiles;
+  const PatternBoxes& _boxes;
 };
 
 // Whether the sums of ports or a key under a code that the library itself fills make
@@ -40,7 +38,7 @@ bool HasDependentColumns(const PatternBoxes& boxes);
 // The report for which `holds` is true of what fits it: as it stands, or with other ports,
 // so that a total comes out that it asks for. Nothing when none of those will do.
 std::optional<OnuReport> FindReport(const PatternBoxes& boxes, const ReportSpace& space,
-                                    const BoxReport& report, LibraryTrial& trial,
+                                    const BoxReport& report, const LibraryTrial& trial,
                                     const std::function<bool(const PositionSet&)>& holds);
 
 }  // namespace olt_host

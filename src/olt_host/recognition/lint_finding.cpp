@@ -26,6 +26,7 @@ constexpr KindText kKinds[] = {
     {FindingKind::kPortWithoutType, "port-without-type", "port codes that no total counts"},
     {FindingKind::kLampWithoutAttribute, "lamp-without-attribute",
      "lamp codes that no total counts"},
+    {FindingKind::kUndefinedTotal, "undefined-total", "totals of ports that are compared unasked"},
     {FindingKind::kUndecided, "undecided", "match profiles of which nothing is proven"},
     {FindingKind::kOverlap, "overlap", "match profiles of which only the order decides"},
     {FindingKind::kStandsBehind, "stands-behind", "general match profiles behind special ones"},

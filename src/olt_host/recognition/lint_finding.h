@@ -32,6 +32,7 @@ enum class FindingKind {
   kLongText,
   kPortWithoutType,
   kLampWithoutAttribute,
+  kUndefinedTotal,
   kUndecided,
   kOverlap,
   kStandsBehind,

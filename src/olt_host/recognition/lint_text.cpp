@@ -98,16 +98,15 @@ std::string NoteCounts(const LintResult& result) {
 }
 
 std::string Head(const LintResult& result) {
-  std::string text = "Looked at " + Counted(result.codes, "code") + ", " +
-                     Counted(result.real_profiles, "real profile") + ", " +
-                     Counted(result.proofs.size(), "match profile");
-  if (result.population) text += " and " + Counted(*result.population, "report");
   const std::size_t errors = result.Count(Severity::kError);
   const std::size_t warnings = result.Count(Severity::kWarning);
-  return Wrapped("",
-                 text + ": " + (errors == 0 ? "no errors" : Counted(errors, "error")) + ", " +
-                     (warnings == 0 ? "no warnings" : Counted(warnings, "warning")) + ".",
-                 2);
+  const std::string graveness = (errors == 0 ? "No errors" : Counted(errors, "error")) + ", " +
+                                (warnings == 0 ? "no warnings" : Counted(warnings, "warning"));
+  std::string text = Counted(result.codes, "code") + ", " +
+                     Counted(result.real_profiles, "real profile") + ", " +
+                     Counted(result.proofs.size(), "match profile");
+  if (result.population) text += ", " + Counted(*result.population, "report");
+  return Wrapped("", graveness + " in " + text + ".", 2);
 }
 
 }  // namespace

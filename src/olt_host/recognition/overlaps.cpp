@@ -87,7 +87,7 @@ std::vector<Form> Forms(const PatternBoxes& boxes, const ReportSpace& space) {
 
 class Search {
  public:
-  Search(const PatternBoxes& boxes, const ReportSpace& space, LibraryTrial& trial)
+  Search(const PatternBoxes& boxes, const ReportSpace& space, const LibraryTrial& trial)
       : _boxes(boxes), _space(space), _trial(trial), _forms(Forms(boxes, space)) {
     for (std::size_t profile = 0; profile < boxes.Profiles(); ++profile) {
       _wider.push_back(boxes.AtLeastAsWide(profile));
@@ -135,7 +135,7 @@ class Search {
 
   const PatternBoxes& _boxes;
   const ReportSpace& _space;
-  LibraryTrial& _trial;
+  const LibraryTrial& _trial;
   std::vector<Form> _forms;
   std::vector<PositionSet> _wider;  // of each profile, those at least as wide
 };
@@ -143,7 +143,7 @@ class Search {
 }  // namespace
 
 std::vector<PatternOverlaps> FindOverlaps(const PatternBoxes& boxes, const ReportSpace& space,
-                                          LibraryTrial& trial, std::size_t examples) {
+                                          const LibraryTrial& trial, std::size_t examples) {
   Search search(boxes, space, trial);
   std::vector<PatternOverlaps> overlaps;
   overlaps.reserve(boxes.Profiles());

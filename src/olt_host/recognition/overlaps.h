@@ -39,7 +39,7 @@ struct PatternOverlaps {
 // that ask for no more than the older one are left out: they hide it. REQUIRES: the three
 // were made of the same profiles.
 std::vector<PatternOverlaps> FindOverlaps(const PatternBoxes& boxes, const ReportSpace& space,
-                                          LibraryTrial& trial, std::size_t examples);
+                                          const LibraryTrial& trial, std::size_t examples);
 
 }  // namespace olt_host
 

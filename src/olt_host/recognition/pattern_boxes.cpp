@@ -78,7 +78,6 @@ void PatternBoxes::AddColumn(std::uint16_t code, const std::vector<OnuAbilityPro
   BoxColumn column;
   column.code = code;
   column.channel = space.Of(code);
-  std::map<ReportValue, int> numbers;
   for (const OnuAbilityProfile& profile : profiles) {
     const Wish wish = WishOf(profile, code, ReportSpace::HoldsText(column.channel), key_code);
     if (wish.asks != Asks::kValue) {
@@ -87,7 +86,7 @@ void PatternBoxes::AddColumn(std::uint16_t code, const std::vector<OnuAbilityPro
       continue;
     }
     const auto [number, is_new] =
-        numbers.emplace(wish.value, static_cast<int>(column.values.size()));
+        column.numbers.emplace(wish.value, static_cast<int>(column.values.size()));
     if (is_new) {
       column.values.push_back(wish.value);
       column.can_hold.push_back(space.CanHold(code, wish.value));
@@ -132,6 +131,26 @@ const PositionSet& PatternBoxes::Passing(std::size_t column, int reported) const
     default:
       return passes.by_value[static_cast<std::size_t>(reported)];
   }
+}
+
+BoxReport PatternBoxes::Read(const OnuAbilityProfile& gathered) const {
+  BoxReport report;
+  for (const BoxColumn& column : _columns) {
+    const auto held = gathered._common_ability.find(column.code);
+    if (held == gathered._common_ability.end()) {
+      report.push_back(kNothingThere);
+      continue;
+    }
+    const bool is_text = ReportSpace::HoldsText(column.channel);
+    const ReportValue value = {is_text ? 0 : held->second.ability_ushort_value,
+                               is_text ? held->second.ability_string_value : ""};
+    const bool is_wildcard = is_text ? value.text.empty() : value.number == kAnyNumber;
+    const auto number = column.numbers.find(value);
+    report.push_back(is_wildcard                      ? kHeldWildcard
+                     : number == column.numbers.end() ? kFresh
+                                                      : number->second);
+  }
+  return report;
 }
 
 PositionSet PatternBoxes::Fitting(const BoxReport& report) const {

@@ -33,8 +33,9 @@ constexpr int kRefuses = -5;   // of a profile
 struct BoxColumn {
   std::uint16_t code = 0;
   Channel channel = Channel::kNothing;
-  std::vector<ReportValue> values;  // that profiles name, each once
-  std::vector<int> cells;           // a profile each
+  std::vector<ReportValue> values;     // that profiles name, each once
+  std::map<ReportValue, int> numbers;  // of the values
+  std::vector<int> cells;              // a profile each
   // Whether a report can hold the value.
   std::vector<bool> can_hold;
   bool can_hold_fresh = true;
@@ -56,6 +57,8 @@ class PatternBoxes {
 
   // The profiles that this under the column does not decide against.
   const PositionSet& Passing(std::size_t column, int reported) const;
+  // What a report that the library has gathered holds, the capability brought in.
+  BoxReport Read(const OnuAbilityProfile& gathered) const;
   // The profiles that fit the report.
   PositionSet Fitting(const BoxReport& report) const;
   // Whether only ONUs of which no type is known fit the profile: it asks for a type that

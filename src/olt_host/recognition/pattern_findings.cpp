@@ -44,7 +44,7 @@ PatternFindings::PatternFindings(const LintSubject& subject)
     : _subject(subject),
       _space(subject.Match()),
       _boxes(subject.Match(), _space),
-      _trial(subject.Match()),
+      _trial(_boxes),
       _reach(FindReach(_boxes, _space, _trial)) {
   std::map<std::uint32_t, std::size_t> newest;
   for (std::size_t i = 0; i < subject.Match().size(); ++i) {
@@ -187,7 +187,7 @@ void PatternFindings::AddOverlap(std::vector<Finding>& findings, std::size_t old
   findings.push_back(finding);
 }
 
-void PatternFindings::AddOverlaps(std::vector<Finding>& findings) {
+void PatternFindings::AddOverlaps(std::vector<Finding>& findings) const {
   const std::vector<PatternOverlaps> overlaps =
       FindOverlaps(_boxes, _space, _trial, kListedOverlaps);
   for (std::size_t older = 0; older < overlaps.size(); ++older) {

@@ -16,13 +16,15 @@ class PatternFindings {
  public:
   // REQUIRES: the hooks are registered, and the library holds the subject's profiles.
   explicit PatternFindings(const LintSubject& subject);
+  PatternFindings(const PatternFindings&) = delete;
+  PatternFindings& operator=(const PatternFindings&) = delete;
 
   // Unreachable, dead, equal and all-taking profiles, and what could not be decided.
   void AddReach(std::vector<Finding>& findings) const;
   // Entries that ask for what no report holds.
   void AddUnheld(std::vector<Finding>& findings) const;
   // Profiles of which only the order decides. Takes longest.
-  void AddOverlaps(std::vector<Finding>& findings);
+  void AddOverlaps(std::vector<Finding>& findings) const;
 
   std::vector<PatternProof> Proofs() const;
   // The profile that a reported type leads to is the newest with that key.

@@ -13,7 +13,7 @@ namespace {
 // The newest profile of a set and whether the given one is it.
 bool Wins(const PositionSet& fitting, std::size_t profile) { return fitting.Highest() == profile; }
 
-PatternReach ReachOf(const PatternBoxes& boxes, const ReportSpace& space, LibraryTrial& trial,
+PatternReach ReachOf(const PatternBoxes& boxes, const ReportSpace& space, const LibraryTrial& trial,
                      std::size_t profile) {
   PatternReach result;
   std::set<std::size_t, std::greater<>> takers;
@@ -42,7 +42,7 @@ PatternReach ReachOf(const PatternBoxes& boxes, const ReportSpace& space, Librar
 }  // namespace
 
 std::vector<PatternReach> FindReach(const PatternBoxes& boxes, const ReportSpace& space,
-                                    LibraryTrial& trial) {
+                                    const LibraryTrial& trial) {
   std::vector<PatternReach> reach;
   reach.reserve(boxes.Profiles());
   for (std::size_t profile = 0; profile < boxes.Profiles(); ++profile) {

@@ -47,7 +47,7 @@ struct PatternReach {
 
 // Of every profile, by its position. REQUIRES: the three were made of the same profiles.
 std::vector<PatternReach> FindReach(const PatternBoxes& boxes, const ReportSpace& space,
-                                    LibraryTrial& trial);
+                                    const LibraryTrial& trial);
 
 }  // namespace olt_host
 

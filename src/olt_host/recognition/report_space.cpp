@@ -43,15 +43,15 @@ ReportSpace::ReportSpace(const std::vector<OnuAbilityProfile>& match_profiles)
   for (const ONU_ABILITY_CODE_ATTR_INFO& record : records) {
     const std::uint16_t code = record.ability_code;
     _registered.insert(code);
-    if (AttributeOf(record, kValueTypeAttribute) != kNumberValueType ||
-        (AttributeOf(record, kConfirmTypeAttribute) & kAskedFromOnu) == 0) {
-      continue;
-    }
-    _asked.insert(code);
+    if (AttributeOf(record, kValueTypeAttribute) != kNumberValueType) continue;
+    const bool asked = (AttributeOf(record, kConfirmTypeAttribute) & kAskedFromOnu) != 0;
+    if (asked) _asked.insert(code);
+    if (!asked && code != kCapabilityCode && code != kReportTypeCode && code != _key_code) continue;
     const unsigned short port_type = AttributeOf(record, kPortTypeAttribute);
-    if (!IsTotal(code) && (port_type == kLanPort || port_type == kOtherDataUni)) {
-      _ports.push_back(code);
-    }
+    if (IsTotal(code) || (port_type != kLanPort && port_type != kOtherDataUni)) continue;
+    if (asked) _ports.push_back(code);
+    _derived.insert(kDataUniCode);
+    if (port_type == kLanPort) _derived.insert(kAllLanCode);
   }
   for (const OnuAbilityProfile& profile : match_profiles) {
     _keys.insert(KeyOf(profile));
@@ -59,14 +59,15 @@ ReportSpace::ReportSpace(const std::vector<OnuAbilityProfile>& match_profiles)
 }
 
 Channel ReportSpace::Of(std::uint16_t code) const {
-  // The reported type is stored under the key code whether or not that is registered.
+  // The library stores totals, and the reported type under the key code, without asking
+  // whether the code is registered.
+  if (IsTotal(code) && _derived.count(code) != 0) return Channel::kTotal;
   if (_registered.count(code) == 0) {
     return code == _key_code ? Channel::kReportedType : Channel::kNothing;
   }
   if (code == kVendorIdCode) return Channel::kVendorId;
   if (code == kTypeNameCode) return Channel::kDeviceName;
   if (code == kCapabilityCode) return Channel::kCapability;
-  if (IsTotal(code)) return IsAsked(code) || !_ports.empty() ? Channel::kTotal : Channel::kNothing;
   if (code == kSetAsideCode && IsAsked(code)) return Channel::kSetAside;
   if (IsAsked(code)) return Channel::kAsked;
   return code == _key_code || code == kReportTypeCode ? Channel::kReportedType : Channel::kNothing;

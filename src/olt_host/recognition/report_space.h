@@ -77,7 +77,7 @@ class ReportSpace {
   bool TypeMayBeUnknown() const { return _keys.count(0xFFFFFFFFU) == 0; }
   // Whether a match profile has the key.
   bool IsKey(std::uint32_t type) const { return _keys.count(type) != 0; }
-  // Codes that count into 1001 or 65533 when a report holds them.
+  // Asked codes that count into 1001 or 65533 when a report holds them.
   const std::vector<std::uint16_t>& Ports() const { return _ports; }
 
   static bool HoldsText(Channel channel) {
@@ -89,6 +89,7 @@ class ReportSpace {
   std::set<std::uint16_t> _registered;
   std::set<std::uint16_t> _asked;
   std::vector<std::uint16_t> _ports;
+  std::set<std::uint16_t> _derived;  // totals into which some code counts
   std::set<std::uint32_t> _keys;
 };
 

@@ -94,6 +94,8 @@ class MatchTable {
     return _profiles;
   }
 
+  const olt_host::Catalogue& catalogue() const { return _catalogue; }
+
   // The report as the library gathers it.
   static ConfirmOnuType Gather(const olt_host::OnuReport& report) {
     const OneReport source(report);

@@ -180,7 +180,7 @@ class EveryList {
     const std::vector<OnuAbilityProfile>& profiles = _table.Fill(patterns);
     const olt_host::ReportSpace space(profiles);
     const olt_host::PatternBoxes boxes(profiles, space);
-    olt_host::LibraryTrial trial(profiles);
+    const olt_host::LibraryTrial trial(boxes);
     RunReports(list.size());
     CheckReach(olt_host::FindReach(boxes, space, trial));
     CheckOverlaps(olt_host::FindOverlaps(boxes, space, trial, 10));
@@ -384,6 +384,20 @@ TEST(Reachability, AgreesWithTheLibraryOnCodesThatNoReportHolds) {
   EXPECT_GT(lists.unreachable(), 100U);
 }
 
+// A total that is not defined is derived and compared all the same.
+TEST(Reachability, IsNeverWrongAboutTotalsThatAreNotDefined) {
+  Alphabet alphabet;
+  alphabet.codes = {{24, {3, false, 3}}, {47, {3, false, 7}}};
+  alphabet.cells = {{24, {kAbsentCell, Number(1), Number(2)}},
+                    {47, {kAbsentCell, Number(1), Number(2)}}};
+  alphabet.answers.numbers = {{24, {kNoAnswer, 0, 1, 2, 3, 4}}, {47, {kNoAnswer, 0, 1, 2, 3}}};
+  alphabet.may_be_undecided = true;
+  EveryList lists(alphabet);
+  lists.Check();
+  EXPECT_GT(lists.unreachable(), 100U);
+  EXPECT_LT(lists.undecided(), lists.checked() / 10);
+}
+
 TEST(Reachability, IsNeverWrongAboutTotalsOfPorts) {
   Alphabet alphabet;
   alphabet.codes = {{24, {3, false, 3}}, {47, {3, false, 3}}, {1001, {3, false, 0}}};
@@ -412,7 +426,7 @@ TEST(Reachability, ManyProfilesTogetherTakeAllCapabilities) {
     const std::vector<OnuAbilityProfile>& profiles = table.Fill(patterns);
     const olt_host::ReportSpace space(profiles);
     const olt_host::PatternBoxes boxes(profiles, space);
-    olt_host::LibraryTrial trial(profiles);
+    const olt_host::LibraryTrial trial(boxes);
     const auto reach = olt_host::FindReach(boxes, space, trial);
     ASSERT_EQ(reach[0].reach, all ? Reach::kNever : Reach::kReached);
     if (all) {
