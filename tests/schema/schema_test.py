@@ -162,6 +162,8 @@ MAPS = [
     ("reports", "definitions/onu", "onus: [{@: 1}]\n"),
     ("reports", "definitions/expectation",
      "onus: [{place: 1, onu: 1, reported_type: 1, expect: {@: 1}}]\n"),
+    ("reports", "definitions/truth",
+     "onus: [{place: 1, onu: 1, reported_type: 1, truth: {@: 1}}]\n"),
 ]
 
 

@@ -55,6 +55,27 @@ class Hooks : public testing::Test {
 
 TEST_F(Hooks, AllTenAreRegistered) { EXPECT_TRUE(_hooks.WhetherExternFuncRegistered()); }
 
+TEST(HookBuffers, HoldWhatStandsBehindTheTerminatorWithinTheLimit) {
+  olt_host::Reports reports;
+  olt_host::OnuReport report;
+  report.vendor_id = "ZK";
+  report.behind_vendor_id = "\x01xyz";
+  report.device_name = "NAME";
+  report.behind_device_name = "garbage";
+  reports.onus = {report};
+  const olt_host::Population population(reports);
+  SilentObserver observer;
+  const olt_host::ScopedHookContext context(population, observer);
+  olt_host::RegisterHooks();
+  OnuAbilityRegExternFunc& hooks = *OnuAbilityRegExternFunc::GetInstance();
+  char vendor_id[5] = {};
+  hooks._get_vendor_id(0, 0, vendor_id);
+  EXPECT_EQ(std::string(vendor_id, sizeof(vendor_id)), std::string("ZK\0\x01\0", 5));
+  char name[21] = {};
+  hooks._get_device_name(0, 0, 20, name);
+  EXPECT_EQ(std::string(name, 13), std::string("NAME\0garbage\0", 13));
+}
+
 TEST_F(Hooks, VendorIdentifier) {
   char vendor_id[5] = {};
   EXPECT_EQ(_hooks._get_vendor_id(7, 1, vendor_id), 0U);
