@@ -28,6 +28,14 @@ Profiles CopiesOfMatchProfiles() {
   return {std::make_move_iterator(profiles.rbegin()), std::make_move_iterator(profiles.rend())};
 }
 
+// Neither unset nor a wildcard.
+bool AsksForSomething(const ONU_ABILITY_COMMON_ABILITY_VALUE& value) {
+  return value.ability_value_type == ONU_ABILITY_VALUE_TYPE_STRING
+             ? !value.ability_string_value.empty()
+             : value.ability_value_type == ONU_ABILITY_VALUE_TYPE_USHORT &&
+                   value.ability_ushort_value != ONU_ABILITY_WILDCARD;
+}
+
 std::optional<std::uint32_t> KeyOf(const OnuAbilityProfile& profile) {
   unsigned int key = 0;
   return profile.Get(key) == ONU_ABILITY_RET_OK ? std::optional(key) : std::nullopt;
@@ -137,8 +145,8 @@ void Explainer::DescribeWinner(const GatheredReport& report, Explanation& explan
   explanation.origin = _origins.Of(winner);
   explanation.winner_abilities = ComparedReport(report.compared).Compare(winner);
   for (const auto& [code, value] : winner._common_ability) {
-    const bool is_set = value.ability_value_type != ONU_ABILITY_VALUE_TYPE_NONE;
-    if (is_set && report.compared._common_ability.count(code) == 0 && IsCompared(code)) {
+    const bool is_told = report.compared._common_ability.count(code) != 0;
+    if (!is_told && AsksForSomething(value) && IsCompared(code)) {
       explanation.unreported.push_back(code);
     }
   }

@@ -51,7 +51,8 @@ struct Explanation {
   std::optional<std::size_t> winner;     // index of `profiles`
   ProfileOrigin origin;                  // of the winner
   std::vector<AbilityComparison> winner_abilities;
-  std::vector<std::uint16_t> unreported;  // compared codes of the winner that the ONU left out
+  // Compared codes for which the winner has a value and the ONU told none: they pass.
+  std::vector<std::uint16_t> unreported;
   // Who would have won by abilities alone; nothing when no profile fits.
   std::optional<std::size_t> by_abilities;
 

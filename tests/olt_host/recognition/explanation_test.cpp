@@ -184,7 +184,8 @@ TEST_F(ExplanationOfAnOnu, TellsValuesApartFromWildcardsAndWhatIsMissing) {
 }
 
 TEST_F(ExplanationOfAnOnu, ReportWithoutAnythingFitsTheNewest) {
-  Patterns({Pattern(9, 102, {{kGe, 2}}), Pattern(8, 101, {{kGe, 4}})});
+  Patterns(
+      {Pattern(9, 102, {{kGe, 2}, {kFe, kAny}}, {{kVendor, ""}}), Pattern(8, 101, {{kGe, 4}})});
   report_.read_abilities = false;
   report_.abilities = {{kGe, 4}};
   const Explanation explanation = Explain();
