@@ -226,7 +226,9 @@ bool ChangesLibrary(const cmd_element& command) {
 void InstallTried(cmd_element* original) {
   TriedCommand& tried = TriedCommands().emplace_back();
   tried.original = original;
-  tried.syntax = "try " + std::string(original->string) + " {[json]}*1";
+  tried.syntax = "try " + std::string(original->string);
+  tried.syntax.erase(tried.syntax.find_last_not_of(' ') + 1);
+  tried.syntax += " {[json]}*1";
   const Syntax syntax = ParseSyntax(original->string, original->doc);
   tried.help = HelpFor(*original, syntax);
   tried.fixed_arguments = CountFixedArguments(syntax.items);
