@@ -158,7 +158,7 @@ void WriteShort(struct vty& terminal, const Explanation& explanation) {
 }
 
 std::string ToldText(const ReportedValue& value) {
-  const std::string text = value.has_value ? ValueText(value.value) : "";
+  std::string text = value.has_value ? ValueText(value.value) : "";
   switch (value.told) {
     case Told::kValue:
       return text;

@@ -84,7 +84,7 @@ std::optional<Value> ToldUnder(std::uint16_t code, const OnuReport& report) {
   if (code == ONU_ABILITY_CODE_ONU_CAPA && report.private_capability) {
     return Number(trans_1_type_to_4_type(*report.private_capability));
   }
-  if (const auto ability = AbilityOf(code, report)) return ability;
+  if (auto ability = AbilityOf(code, report)) return ability;
   return IsTypeCode(code) && report.reported_type != kUnknownReportedType
              ? std::optional(Number(report.reported_type))
              : std::nullopt;
