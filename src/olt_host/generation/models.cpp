@@ -114,6 +114,7 @@ Model MakeModel(const RealType& type, const std::vector<OnuAbilityProfile>& patt
 std::vector<Model> ReadModels(const std::vector<std::string>& calls) {
   const std::vector<RealType> types = RealTypes();
   std::vector<const RealType*> wanted;
+  wanted.reserve(types.size());
   for (const std::string& call : calls) wanted.push_back(&FindType(types, call));
   if (calls.empty()) {
     for (const RealType& type : types) {
@@ -127,6 +128,7 @@ std::vector<Model> ReadModels(const std::vector<std::string>& calls) {
   std::vector<ONU_ABILITY_CODE_ATTR_INFO> codes;
   onu_ability_get_all_ability_attr_info(codes);
   std::vector<Model> models;
+  models.reserve(wanted.size());
   for (const RealType* type : wanted) models.push_back(MakeModel(*type, patterns, codes));
   return models;
 }

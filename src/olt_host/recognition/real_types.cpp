@@ -86,6 +86,7 @@ std::string Ambiguity(const std::string& call, const std::vector<const RealType*
 
 std::string NothingCalled(const std::vector<RealType>& types, const std::string& call) {
   std::vector<std::string> names;
+  names.reserve(types.size());
   for (const RealType& type : types) names.push_back(type.Name());
   const std::string nearest = NearestName(call, names);
   return "No type is called " + Quoted(call) + "; expected " +
