@@ -26,9 +26,9 @@ TEST_F(GenerateProgram, WritesWhatConfirmTakesAtOnce) {
   const auto summary = nlohmann::json::parse(confirmed.out)["summary"];
   EXPECT_EQ(summary["onus"], 2000);
   EXPECT_GT(summary["with_expectation"], 1000);
-  EXPECT_EQ(ReadFile(file).substr(0, 115),
-            "# Generated: 2000 ONUs of 3 types, seed 5, faults all=5,case=0.\n"
-            "reports: {name: \"Generated, seed 5\"}\nonus:\n  - {plac");
+  EXPECT_EQ(ReadFile(file).find("# Generated: 2000 ONUs of 3 types, seed 5, faults all=5,case=0.\n"
+                                "reports: {name: \"Generated, seed 5\"}\nonus:\n  - {place: 0, "),
+            0U);
 }
 
 TEST_F(GenerateProgram, WritesToStandardOutputTheSame) {
@@ -47,11 +47,13 @@ TEST_F(GenerateProgram, SaysWhichTypesCannotBeTold) {
   const ProgramResult made =
       RunProgram({"generate", _directory.Write("c.yaml", text), "--onus", "1", "--models", "1003"});
   EXPECT_EQ(made.status, 0);
-  EXPECT_EQ(made.err,
-            "olt_host: 1 of 1 types cannot be told by the type that they report (1003): no "
-            "expectation for them\n"
-            "olt_host: 1 of 1 types cannot be told by what they can do (1003): no expectation for "
-            "them\n");
+  // Behind what loading says of such a catalogue.
+  const std::string said =
+      "olt_host: 1 of 1 types cannot be told by the type that they report (1003): no expectation "
+      "for them\n"
+      "olt_host: 1 of 1 types cannot be told by what they can do (1003): no expectation for them\n";
+  ASSERT_GE(made.err.size(), said.size());
+  EXPECT_EQ(made.err.substr(made.err.size() - said.size()), said);
 }
 
 TEST_F(GenerateProgram, EndsWithTwoAndOneMessageForBadOptions) {
