@@ -107,6 +107,7 @@ TEST(CommandLine, HelpAndVersionEndWithStatusZero) {
                                                     {"types", "--help"},
                                                     {"diff", "--help"},
                                                     {"compare", "--help"},
+                                                    {"generate", "--help"},
                                                     {"--version"}}) {
     testing::internal::CaptureStdout();
     const auto parsed = Parse(arguments);
