@@ -129,7 +129,7 @@ OnuReport MakeReport(const PatternBoxes& boxes, const ReportSpace& space, const 
     if (report[i] >= 0) {
       SetValue(made, column, column.values[static_cast<std::size_t>(report[i])]);
     } else if (report[i] == kFresh) {
-      SetValue(made, column, boxes.FreshValue(i));
+      SetValue(made, column, column.fresh);
     } else if (report[i] == kHeldWildcard) {
       SetWildcard(made, column);
     }

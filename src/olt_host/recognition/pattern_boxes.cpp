@@ -62,6 +62,18 @@ std::string TextNumber(std::size_t number) {
   return text;
 }
 
+ReportValue FreshValue(const std::map<ReportValue, int>& named, bool is_text) {
+  ReportValue fresh;
+  for (std::size_t number = 0; number == 0 || named.count(fresh) != 0; ++number) {
+    if (is_text) {
+      fresh.text = TextNumber(number);
+    } else {
+      fresh.number = static_cast<std::uint32_t>(number);
+    }
+  }
+  return fresh;
+}
+
 }  // namespace
 
 PatternBoxes::PatternBoxes(const std::vector<OnuAbilityProfile>& match_profiles,
@@ -93,6 +105,7 @@ void PatternBoxes::AddColumn(std::uint16_t code, const std::vector<OnuAbilityPro
     }
     column.cells.push_back(number->second);
   }
+  column.fresh = FreshValue(column.numbers, ReportSpace::HoldsText(column.channel));
   if (column.channel == Channel::kCapability) {
     const auto named = std::count(column.can_hold.begin(), column.can_hold.end(), true);
     column.can_hold_fresh = static_cast<std::uint32_t>(named) <= kHighestCapability;
@@ -190,21 +203,6 @@ bool PatternBoxes::TakesEverything(std::size_t profile) const {
   return std::all_of(_columns.begin(), _columns.end(), [profile](const BoxColumn& column) {
     return column.cells[profile] == kAnything;
   });
-}
-
-ReportValue PatternBoxes::FreshValue(std::size_t column) const {
-  const BoxColumn& asked = _columns[column];
-  const std::set<ReportValue> named(asked.values.begin(), asked.values.end());
-  const bool is_text = ReportSpace::HoldsText(asked.channel);
-  ReportValue fresh;
-  for (std::size_t number = 0; number == 0 || named.count(fresh) != 0; ++number) {
-    if (is_text) {
-      fresh.text = TextNumber(number);
-    } else {
-      fresh.number = static_cast<std::uint32_t>(number);
-    }
-  }
-  return fresh;
 }
 
 }  // namespace olt_host

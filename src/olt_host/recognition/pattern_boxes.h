@@ -38,6 +38,7 @@ struct BoxColumn {
   std::vector<int> cells;              // a profile each
   // Whether a report can hold the value.
   std::vector<bool> can_hold;
+  ReportValue fresh;  // a value that no profile names
   bool can_hold_fresh = true;
   bool some_refuse = false;
 };
@@ -68,8 +69,6 @@ class PatternBoxes {
   PositionSet AtLeastAsWide(std::size_t profile) const;
   // Whether the profile asks for anything at all.
   bool TakesEverything(std::size_t profile) const;
-  // A value of a column of numbers or texts that no profile names.
-  ReportValue FreshValue(std::size_t column) const;
 
  private:
   struct Passes {
