@@ -21,8 +21,8 @@ enum class Severity { kNote, kWarning, kError };
 const char* ToText(Severity severity);
 
 enum class FindingKind {
-  kDeadPattern,
   kTakesEverything,
+  kDeadPattern,
   kEqualPattern,
   kUnreachablePattern,
   kImpossibleValue,
