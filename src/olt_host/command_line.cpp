@@ -26,6 +26,10 @@ void AddServingOptions(CLI::App& command, CommandLine& result) {
       .add_option("--passwords", serving.passwords,
                   "Who may log in by telnet; a must beyond loopback")
       ->type_name("FILE");
+  command
+      .add_option("--metrics", serving.metrics,
+                  "Answer GET /metrics on a Unix socket, for monitoring")
+      ->type_name("PATH");
   command.add_option("--sessions", serving.limits.sessions, "Most sessions at once (default 16)")
       ->check(CLI::Range(1, 1000))
       ->type_name("N");

@@ -35,6 +35,7 @@ struct ServingOptions {
   std::string socket;     // path; empty for none
   std::string listen;     // [HOST:]PORT; empty for none
   std::string passwords;  // file; empty for none
+  std::string metrics;    // path; empty for none
   SessionLimits limits;
 };
 

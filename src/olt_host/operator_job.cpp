@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "commands/host_context.h"
+#include "commands/statistics_exposition.h"
 #include "exit_status.h"
 #include "jobs.h"
 #include "session/line_session.h"
@@ -23,7 +24,7 @@ std::string ProcessOwner() {
   return owner != nullptr ? owner->pw_name : "uid " + std::to_string(geteuid());
 }
 
-void Listen(const ServingOptions& serving, Transports& transports) {
+void Listen(const ServingOptions& serving, CommandThread& commands, Transports& transports) {
   if (!serving.socket.empty()) {
     transports.ListenUnix(serving.socket);
     std::cerr << "olt_host: operators may attach to " << serving.socket << std::endl;
@@ -33,6 +34,12 @@ void Listen(const ServingOptions& serving, Transports& transports) {
     address.port = transports.ListenTcp(address, !serving.passwords.empty());
     std::cerr << "olt_host: operators may telnet to " << address.host << " port " << address.port
               << std::endl;
+  }
+  if (!serving.metrics.empty()) {
+    transports.ListenMetrics(serving.metrics, [&commands](auto ready) {
+      commands.Post([ready = std::move(ready)] { ready(ExpositionText(ReportStatistics())); });
+    });
+    std::cerr << "olt_host: metrics are at " << serving.metrics << ", GET /metrics" << std::endl;
   }
 }
 
@@ -46,7 +53,7 @@ int ServeOperators(const CommandLine& command_line) {
   CommandThread commands;
   SessionServer sessions(kCommandNode, commands, users.get(), serving.limits);
   Transports transports(sessions);
-  Listen(serving, transports);
+  Listen(serving, commands, transports);
   transports.OnStopSignal([&commands] { commands.Stop(); });
   if (command_line.job == Job::kConsole) {
     transports.OpenTerminal(ProcessOwner(), [&commands] { commands.Stop(); });
@@ -62,10 +69,11 @@ int ServeOperators(const CommandLine& command_line) {
 }
 
 int RunPipedCommands(const CommandLine& command_line) {
-  if (!command_line.serving.socket.empty() || !command_line.serving.listen.empty()) {
+  const ServingOptions& serving = command_line.serving;
+  if (!serving.socket.empty() || !serving.listen.empty() || !serving.metrics.empty()) {
     throw std::runtime_error(
-        "the console's standard input is no terminal; expected \"serve\" for --socket and "
-        "--listen");
+        "the console's standard input is no terminal; expected \"serve\" for --socket, "
+        "--listen and --metrics");
   }
   struct vty terminal(kCommandNode, [](const char* bytes, std::size_t length) {
     return std::fwrite(bytes, 1, length, stdout) == length;

@@ -39,6 +39,7 @@ void InstallCommands() {
   InstallLintCommands();
   InstallAttributeCommands();
   InstallTypeCommands();
+  InstallStatisticsCommands();
   InstallStateCommands();
   InstallLogCommands();
   InstallTryCommands();

@@ -17,6 +17,8 @@ void InstallLintCommands();
 void InstallLogCommands();
 // register attribute, show attribute.
 void InstallAttributeCommands();
+// show statistics, clear statistics.
+void InstallStatisticsCommands();
 // show type, compare type.
 void InstallTypeCommands();
 // save, restore, show running-config.

@@ -12,6 +12,7 @@
 #include "catalogue/catalogue_files.h"
 #include "commands/operator_register.h"
 #include "commands/unconfirmed_change.h"
+#include "confirmation/confirmation_statistics.h"
 #include "confirmation/confirmed_onus.h"
 #include "confirmation/population.h"
 #include "session/session_server.h"
@@ -28,6 +29,7 @@ struct HostContext {
   // The live ONUs and what became of them; empty without reports.
   std::shared_ptr<const Population> population;
   ConfirmedOnus confirmed;
+  ConfirmationStatistics statistics;
 
   // The sessions, for `who`; null where there are none.
   const SessionServer* sessions = nullptr;

@@ -22,13 +22,38 @@ unsigned int KeyOfType(std::uint16_t real_type) {
   return key;
 }
 
+MatchProfileName NameOf(const OnuAbilityProfile& winner) {
+  MatchProfileName name;
+  name.source = winner._profile_source;
+  if (winner.Get(Host().catalogue.catalogue.key_ability_code, name.key) != ONU_ABILITY_RET_OK) {
+    name.key = 0;
+  }
+  // Those without a key count as one.
+  if (name.key == 0) return name;
+  std::vector<OnuAbilityProfile> newest_first;
+  OnuAbilityTableManager::GetInstance()->Get(ONU_ABILITY_PROFILE_TYPE_MATCH, winner._profile_source,
+                                             name.key, newest_first);
+  for (std::size_t i = 0; i < newest_first.size(); ++i) {
+    if (newest_first[i]._id != winner._id) continue;
+    name.number = static_cast<unsigned int>(newest_first.size() - i);
+    break;
+  }
+  return name;
+}
+
 }  // namespace
 
 const ConfirmedOnu& ConfirmLiveOnu(const OnuReport& report) {
   ConfirmedOnu onu;
-  onu.result = ConfirmOnu(*Host().population, report);
+  ConfirmationTrace trace;
+  const auto start = std::chrono::steady_clock::now();
+  onu.result = ConfirmOnu(*Host().population, report, &trace);
+  const auto duration = std::chrono::steady_clock::now() - start;
   if (onu.result.real_type) onu.key = KeyOfType(*onu.result.real_type);
   onu.when = std::chrono::system_clock::now();
+  std::optional<MatchProfileName> winner;
+  if (trace.winner) winner = NameOf(*trace.winner);
+  Host().statistics.Count(onu.result, winner, trace.hook_calls, duration, onu.when);
   return Host().confirmed[{report.place, report.onu}] = onu;
 }
 

@@ -1,5 +1,5 @@
 // Confirming the live ONUs of Host(), one by one or all, and keeping what became
-// of them.
+// of them. Each confirmation is counted in Host().statistics.
 //
 // On the command thread.
 #ifndef OLT_HOST_COMMANDS_LIVE_ONUS_H

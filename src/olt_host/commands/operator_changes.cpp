@@ -144,6 +144,7 @@ void KeepOperatorChanges() {
                    },
                    [](struct vty& terminal, bool may_change) {
                      TakePendingProfile(terminal);
+                     Host().statistics.CountCommand(may_change);
                      if (!may_change) return;
                      NoteChange(terminal);
                      WarnOfGoingBack(terminal);

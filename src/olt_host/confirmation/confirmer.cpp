@@ -55,9 +55,11 @@ unsigned int ReportTypeOfPattern(const ConfirmOnuType& confirmed) {
 
 }  // namespace
 
-ConfirmationResult ConfirmOnu(const ReportSource& source, const OnuReport& report) {
+ConfirmationResult ConfirmOnu(const ReportSource& source, const OnuReport& report,
+                              ConfirmationTrace* trace) {
   Recorder recorder;
-  const ScopedHookContext context(source, recorder);
+  const ScopedHookContext context(source, recorder,
+                                  trace == nullptr ? nullptr : &trace->hook_calls);
   ConfirmOnuType confirmed(report.place, report.onu);
   if (confirmed.Perform() != ONU_ABILITY_RET_OK) {
     throw std::logic_error("an ONU was confirmed before the hooks were registered");
@@ -70,6 +72,7 @@ ConfirmationResult ConfirmOnu(const ReportSource& source, const OnuReport& repor
   result.how = HowRecognised(confirmed);
   if (result.how != Recognition::kNone) {
     result.real_type = recorder.real_type;
+    if (trace != nullptr) trace->winner = static_cast<const OnuAbilityProfile&>(confirmed);
   }
   confirmed.Get(ONU_ABILITY_CODE_TYPE_NAME, result.type_name);
   const unsigned int before_translation = result.how == Recognition::kNone

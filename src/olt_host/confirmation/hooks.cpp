@@ -12,6 +12,11 @@ constexpr unsigned int kNoAnswer = 1;
 
 thread_local const ReportSource* current_source = nullptr;
 thread_local ConfirmationObserver* current_observer = nullptr;
+thread_local HookCalls* current_calls = nullptr;
+
+void CountCall(std::size_t hook) {
+  if (current_calls != nullptr) ++(*current_calls)[hook];
+}
 
 const OnuReport* FindReport(unsigned short place, unsigned char onu) {
   return current_source == nullptr ? nullptr : current_source->Find(place, onu);
@@ -27,6 +32,7 @@ unsigned int CopyText(const std::string& text, const std::string& behind, std::s
 }
 
 unsigned int GetVendorId(unsigned short place, unsigned char onu, char* vendor_id) {
+  CountCall(0);
   const OnuReport* report = FindReport(place, onu);
   if (report == nullptr || !report->vendor_id) {
     return kNoAnswer;
@@ -36,12 +42,14 @@ unsigned int GetVendorId(unsigned short place, unsigned char onu, char* vendor_i
 }
 
 unsigned int GetReportedType(unsigned short place, unsigned char onu) {
+  CountCall(1);
   const OnuReport* report = FindReport(place, onu);
   return report == nullptr ? kUnknownReportedType : report->reported_type;
 }
 
 unsigned int GetPrivateCapability(unsigned short place, unsigned char onu,
                                   unsigned short /*setting_3*/, unsigned char* private_capability) {
+  CountCall(2);
   const OnuReport* report = FindReport(place, onu);
   // An ONU that has none leaves what it answered for the ONU capability.
   if (report == nullptr || !report->private_capability) {
@@ -53,6 +61,7 @@ unsigned int GetPrivateCapability(unsigned short place, unsigned char onu,
 
 unsigned int TakeProfile(unsigned short /*place*/, unsigned char /*onu*/, unsigned int stage,
                          ConfirmOnuType* profile) {
+  CountCall(3);
   if (current_observer != nullptr) {
     current_observer->OnProfile(stage, *profile);
   }
@@ -61,6 +70,7 @@ unsigned int TakeProfile(unsigned short /*place*/, unsigned char /*onu*/, unsign
 
 unsigned int TakeRealType(unsigned short /*place*/, unsigned char /*onu*/,
                           unsigned short real_type) {
+  CountCall(4);
   if (current_observer != nullptr) {
     current_observer->OnRealType(real_type);
   }
@@ -69,6 +79,7 @@ unsigned int TakeRealType(unsigned short /*place*/, unsigned char /*onu*/,
 
 unsigned int TakeReportType(unsigned short /*place*/, unsigned char /*onu*/,
                             unsigned short report_type) {
+  CountCall(5);
   if (current_observer != nullptr) {
     current_observer->OnReportType(report_type);
   }
@@ -77,6 +88,7 @@ unsigned int TakeReportType(unsigned short /*place*/, unsigned char /*onu*/,
 
 unsigned int GetAbility(unsigned short place, unsigned char onu, unsigned short ability_code,
                         unsigned int* value) {
+  CountCall(6);
   const OnuReport* report = FindReport(place, onu);
   if (report == nullptr) {
     return kNoAnswer;
@@ -90,6 +102,7 @@ unsigned int GetAbility(unsigned short place, unsigned char onu, unsigned short 
 }
 
 unsigned int GetIdentifySetting(unsigned int index, unsigned short place, unsigned short* setting) {
+  CountCall(7);
   if (current_source == nullptr) {
     return kNoAnswer;
   }
@@ -113,12 +126,14 @@ unsigned int GetIdentifySetting(unsigned int index, unsigned short place, unsign
 }
 
 unsigned int ReadOneByOne(unsigned short place, unsigned char onu) {
+  CountCall(8);
   const OnuReport* report = FindReport(place, onu);
   return report != nullptr && report->read_abilities ? 1 : 0;
 }
 
 unsigned int GetDeviceName(unsigned short place, unsigned char onu, unsigned int length,
                            char* device_name) {
+  CountCall(9);
   const OnuReport* report = FindReport(place, onu);
   if (report == nullptr || !report->device_name) {
     return kNoAnswer;
@@ -134,15 +149,20 @@ void Register(unsigned short id, Hook hook) {
 
 }  // namespace
 
-ScopedHookContext::ScopedHookContext(const ReportSource& source, ConfirmationObserver& observer)
-    : _previous_source(current_source), _previous_observer(current_observer) {
+ScopedHookContext::ScopedHookContext(const ReportSource& source, ConfirmationObserver& observer,
+                                     HookCalls* calls)
+    : _previous_source(current_source),
+      _previous_observer(current_observer),
+      _previous_calls(current_calls) {
   current_source = &source;
   current_observer = &observer;
+  current_calls = calls;
 }
 
 ScopedHookContext::~ScopedHookContext() {
   current_source = _previous_source;
   current_observer = _previous_observer;
+  current_calls = _previous_calls;
 }
 
 void RegisterHooks() {

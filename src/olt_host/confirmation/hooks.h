@@ -11,6 +11,7 @@
 #include <cstdint>
 
 #include "catalogue/reports.h"
+#include "confirmation/hook_calls.h"
 
 class ConfirmOnuType;
 
@@ -38,10 +39,11 @@ class ConfirmationObserver {
 };
 
 // Serves `source` and `observer` on this thread until destroyed, then whatever
-// was served before. Both must outlive it.
+// was served before. All must outlive it. `calls`, unless null, counts the calls meanwhile.
 class ScopedHookContext {
  public:
-  ScopedHookContext(const ReportSource& source, ConfirmationObserver& observer);
+  ScopedHookContext(const ReportSource& source, ConfirmationObserver& observer,
+                    HookCalls* calls = nullptr);
   ~ScopedHookContext();
   ScopedHookContext(const ScopedHookContext&) = delete;
   ScopedHookContext& operator=(const ScopedHookContext&) = delete;
@@ -49,6 +51,7 @@ class ScopedHookContext {
  private:
   const ReportSource* _previous_source;
   ConfirmationObserver* _previous_observer;
+  HookCalls* _previous_calls;
 };
 
 // Registers all ten with the library. Once, at start-up.

@@ -19,6 +19,9 @@ void CommandThread::Serve() {
     WaitForWork(lock);
     if (_stopped) return;
     if (RunIfDue(lock)) continue;
+    // One after the other, so that neither kind keeps the other from its turn.
+    RunPosted(lock);
+    if (_stopped || _tasks.empty()) continue;
     Task& task = *_tasks.front();
     _tasks.pop_front();
     lock.unlock();
@@ -33,9 +36,9 @@ void CommandThread::Serve() {
   }
 }
 
-// Returns with a task, a call that is due, or stopped.
+// Returns with a task, a posted one, a call that is due, or stopped.
 void CommandThread::WaitForWork(std::unique_lock<std::mutex>& lock) {
-  const auto has_task = [this] { return _stopped || !_tasks.empty(); };
+  const auto has_task = [this] { return _stopped || !_tasks.empty() || !_posted.empty(); };
   if (_call) {
     _changed.wait_until(lock, _call_at, has_task);
   } else {
@@ -45,7 +48,8 @@ void CommandThread::WaitForWork(std::unique_lock<std::mutex>& lock) {
 
 // True also where the wait ended for nothing, so that Serve looks again.
 bool CommandThread::RunIfDue(std::unique_lock<std::mutex>& lock) {
-  if (!_call || std::chrono::steady_clock::now() < _call_at) return _tasks.empty();
+  if (!_call || std::chrono::steady_clock::now() < _call_at)
+    return _tasks.empty() && _posted.empty();
   const std::function<void()> call = std::exchange(_call, nullptr);
   lock.unlock();
   try {
@@ -55,6 +59,26 @@ bool CommandThread::RunIfDue(std::unique_lock<std::mutex>& lock) {
   }
   lock.lock();
   return true;
+}
+
+void CommandThread::RunPosted(std::unique_lock<std::mutex>& lock) {
+  if (_posted.empty()) return;
+  const std::function<void()> task = std::move(_posted.front());
+  _posted.pop_front();
+  lock.unlock();
+  try {
+    task();
+  } catch (...) {
+    // Nobody waits for it.
+  }
+  lock.lock();
+}
+
+void CommandThread::Post(std::function<void()> task) {
+  const std::lock_guard<std::mutex> lock(_mutex);
+  if (_stopped) return;
+  _posted.push_back(std::move(task));
+  _changed.notify_all();
 }
 
 void CommandThread::CallAt(std::chrono::steady_clock::time_point when, std::function<void()> task) {
@@ -68,6 +92,7 @@ void CommandThread::Stop() {
   _stopped = true;
   for (Task* const task : _tasks) task->state = Task::kDropped;
   _tasks.clear();
+  _posted.clear();
   _changed.notify_all();
 }
 

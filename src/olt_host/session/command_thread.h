@@ -31,6 +31,10 @@ class CommandThread {
   // of the task is thrown here.
   bool Run(const std::function<void()>& task);
 
+  // Runs `task` on the command thread some time, or never after Stop; waits for nothing. What
+  // it throws is lost. From any thread.
+  void Post(std::function<void()> task);
+
   // Serve runs `task` once it is `when`, or later when it is busy then; instead of an
   // earlier one that did not run yet. What it throws is lost. On the command thread.
   void CallAt(std::chrono::steady_clock::time_point when, std::function<void()> task);
@@ -40,11 +44,13 @@ class CommandThread {
 
   void WaitForWork(std::unique_lock<std::mutex>& lock);
   bool RunIfDue(std::unique_lock<std::mutex>& lock);
+  void RunPosted(std::unique_lock<std::mutex>& lock);
 
   const std::thread::id _thread;
   std::mutex _mutex;
   std::condition_variable _changed;
   std::deque<Task*> _tasks;
+  std::deque<std::function<void()>> _posted;
   std::function<void()> _call;  // empty for none
   std::chrono::steady_clock::time_point _call_at;
   bool _stopped = false;

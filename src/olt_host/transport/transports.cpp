@@ -17,6 +17,7 @@
 #include "transport/accept_loop.h"
 #include "transport/carrier_set.h"
 #include "transport/mailbox.h"
+#include "transport/metrics_server.h"
 #include "transport/tcp_listener.h"
 #include "transport/telnet_connection.h"
 #include "transport/terminal_stream.h"
@@ -66,6 +67,7 @@ struct Transports::Impl {
   asio::io_context io{1};
   std::shared_ptr<Mailbox> mailbox = std::make_shared<Mailbox>(io);
   CarrierSet carriers;
+  std::vector<std::unique_ptr<MetricsServer>> metrics_servers;
   std::vector<std::unique_ptr<UnixListener>> unix_listeners;
   std::vector<std::unique_ptr<AcceptLoop>> accept_loops;
   asio::signal_set stop_signals{io};
@@ -96,6 +98,7 @@ void Transports::Impl::Carry() {
 // have got the last words of their sessions.
 void Transports::Impl::Stop() {
   for (const std::unique_ptr<AcceptLoop>& loop : accept_loops) loop->Stop();
+  for (const std::unique_ptr<MetricsServer>& metrics : metrics_servers) metrics->CloseAll();
   last_words.expires_after(kLastWords);
   last_words.async_wait([this](const asio::error_code& error) {
     if (!error) io.stop();
@@ -124,6 +127,18 @@ void Transports::ListenUnix(const std::string& path) {
       listener->TakeAcceptor(), path, [impl = _impl.get()](ClientSocket client) {
         const SessionOrigin origin = UnixClientOrigin(client);
         impl->Serve(std::move(client), origin);
+      }));
+  _impl->unix_listeners.push_back(std::move(listener));
+}
+
+void Transports::ListenMetrics(const std::string& path, MetricsSource source) {
+  auto listener = std::make_unique<UnixListener>(_impl->io, path);
+  _impl->metrics_servers.push_back(
+      std::make_unique<MetricsServer>(_impl->io, _impl->mailbox, std::move(source)));
+  _impl->accept_loops.push_back(std::make_unique<AcceptLoop>(
+      listener->TakeAcceptor(), path,
+      [metrics = _impl->metrics_servers.back().get()](ClientSocket client) {
+        metrics->Serve(std::move(client));
       }));
   _impl->unix_listeners.push_back(std::move(listener));
 }

@@ -22,6 +22,10 @@ struct TcpAddress {
 // Throws std::runtime_error, saying what was expected.
 TcpAddress ParseTcpAddress(const std::string& text);
 
+// Makes the text of the metrics and gives it to `ready`, once, now or later and on any
+// thread, or not at all. Called on the carrying thread, so it must not wait.
+using MetricsSource = std::function<void(std::function<void(std::string text)> ready)>;
+
 class Transports {
  public:
   // Carries nothing yet. Keeps the signals that it takes (see below, and those of
@@ -42,6 +46,10 @@ class Transports {
   // Takes telnet sessions; with `must_log_in`, after a login. Outside loopback
   // that is required. Throws std::runtime_error. Returns the port.
   unsigned short ListenTcp(const TcpAddress& address, bool must_log_in);
+
+  // Answers GET /metrics of HTTP/1 with the text of `source` on a Unix socket at `path`, a
+  // request a connection. The file is like that of ListenUnix. Throws std::runtime_error.
+  void ListenMetrics(const std::string& path, MetricsSource source);
 
   // A session on the terminal of this process (standard input and output), which
   // is in raw mode until `ended` is called, on whatever thread; after a stop signal
