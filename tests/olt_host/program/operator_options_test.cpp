@@ -61,6 +61,12 @@ TEST(OperatorOptions, AServerHasItsWaysIn) {
   EXPECT_EQ(line.state_file, "f");
 }
 
+TEST(OperatorOptions, MetricsHaveASocketOfTheirOwn) {
+  EXPECT_EQ(Parsed({"serve", "c", "--socket", "s", "--metrics", "m"}).serving.metrics, "m");
+  EXPECT_EQ(Parsed({"console", "c", "--metrics", "m"}).serving.metrics, "m");
+  EXPECT_EQ(Parsed({"serve", "c", "--socket", "s"}).serving.metrics, "");
+}
+
 TEST(OperatorOptions, SessionsHaveLimitsUnlessToldOtherwise) {
   const CommandLine line = Parsed({"serve", "--socket", "s"});
   EXPECT_EQ(line.serving.limits.sessions, 16U);

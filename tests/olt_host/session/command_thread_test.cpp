@@ -48,6 +48,33 @@ TEST(TheCommandThread, RunsACallOnceItIsTime) {
   EXPECT_EQ(called.get_future().get(), own);
 }
 
+TEST(TheCommandThread, RunsWhatIsPostedInItsOrderWithoutAWait) {
+  ServedCommands commands;
+  std::vector<int> order;
+  std::promise<std::thread::id> last;
+  std::thread::id own;
+  (*commands).Run([&] {
+    own = std::this_thread::get_id();
+    (*commands).Post([&order] { order.push_back(1); });
+    (*commands).Post([] { throw std::runtime_error("lost"); });
+    (*commands).Post([&last] { last.set_value(std::this_thread::get_id()); });
+    order.push_back(0);
+  });
+  EXPECT_EQ(last.get_future().get(), own);
+  EXPECT_EQ(order, (std::vector<int>{0, 1}));
+}
+
+TEST(TheCommandThread, RunsNothingThatIsPostedOnceStopped) {
+  bool is_run = false;
+  CommandThread commands;
+  commands.Post([&commands] { commands.Stop(); });
+  commands.Post([&is_run] { is_run = true; });
+  commands.Serve();
+  commands.Post([&is_run] { is_run = true; });
+  commands.Serve();
+  EXPECT_FALSE(is_run);
+}
+
 TEST(TheCommandThread, RunsTheLaterOfTwoCallsOnly) {
   ServedCommands commands;
   bool first = false;
