@@ -5,10 +5,10 @@
 #include <stdexcept>
 
 #include "catalogue/input_error.h"
+#include "catalogue/yaml_report_writer.h"
 #include "confirmation/progress_bar.h"
 #include "exit_status.h"
 #include "generation/population_generator.h"
-#include "generation/yaml_report_writer.h"
 #include "jobs.h"
 #include "startup.h"
 
@@ -43,8 +43,9 @@ std::string Remark(const GenerateOptions& options, std::size_t models) {
 void WritePopulation(const PopulationGenerator& generator, const GenerateOptions& options,
                      bool shows_progress, std::ostream& out) {
   YamlReportWriter writer(out);
-  writer.Begin("Generated, seed " + std::to_string(options.seed),
-               Remark(options, generator.models().size()));
+  writer.Begin({"Generated, seed " + std::to_string(options.seed),
+                Remark(options, generator.models().size()),
+                {}});
   ProgressBar progress(std::cerr, shows_progress, options.onus);
   for (std::uint32_t onu = 0; onu < options.onus && out; ++onu) {
     writer.Write(generator.Onu(onu));

@@ -10,6 +10,8 @@ namespace olt_host {
 
 namespace {
 
+constexpr std::size_t kSerialNumberBytes = 32;
+
 const char* const kSettingKeys[] = {"sfu_mode", "setting_1", "hgu_mode", "setting_3"};
 
 void ReadSettings(const YamlMap& map, IdentifySettings& settings) {
@@ -72,8 +74,18 @@ Recognition ReadRecognition(const YamlView& value) {
   value.FailValue("type, abilities or none");
 }
 
+std::vector<std::uint32_t> ReadAmbiguity(const YamlView& value) {
+  std::vector<std::uint32_t> keys;
+  for (const YamlView& key : value.Items("a key")) keys.push_back(key.Number(0, kAnyNumber));
+  if (keys.size() < 2) {
+    value.Fail("ambiguous names " + std::string(keys.empty() ? "no key" : "one key"),
+               "the keys of all match profiles that fit, or no entry when no more than one does");
+  }
+  return keys;
+}
+
 Expectation ReadExpectation(const YamlView& view) {
-  const YamlMap map = view.Map({"real_type", "how", "report_type"});
+  const YamlMap map = view.Map({"real_type", "how", "report_type", "ambiguous"});
   Expectation expect;
   const YamlView real_type = map.Get("real_type", "a number from 0 to 65535, or none");
   if (!real_type.IsWord("none")) {
@@ -89,6 +101,9 @@ Expectation ReadExpectation(const YamlView& view) {
   }
   if (const auto report_type = map.Find("report_type")) {
     expect.report_type = report_type->Number16(0, 65535);
+  }
+  if (const auto ambiguous = map.Find("ambiguous")) {
+    expect.ambiguous = ReadAmbiguity(*ambiguous);
   }
   return expect;
 }
@@ -128,6 +143,9 @@ Truth ReadTruth(const YamlView& view) {
 void ReadIdentity(const YamlMap& map, OnuReport& report) {
   report.place = map.Get("place", "a number from 0 to 65535").Number16(0, 65535);
   report.onu = static_cast<std::uint8_t>(map.Get("onu", "a number from 0 to 255").Number(0, 255));
+  if (const auto serial_number = map.Find("serial_number")) {
+    report.serial_number = serial_number->TextUpTo(kSerialNumberBytes);
+  }
   const YamlView type = map.Get("reported_type", "a number from 0 to 4294967295, or unknown");
   report.reported_type =
       type.IsWord("unknown") ? kUnknownReportedType : type.Number(0, kAnyNumber, ", or unknown");
@@ -141,7 +159,7 @@ void ReadIdentity(const YamlMap& map, OnuReport& report) {
 
 OnuReport ReadReport(const YamlView& item, const Catalogue& catalogue) {
   const YamlMap map =
-      item.Map({"place", "onu", "vendor_id", "reported_type", "read_abilities",
+      item.Map({"place", "onu", "serial_number", "vendor_id", "reported_type", "read_abilities",
                 "private_capability", "device_name", "abilities", "expect", "truth"});
   OnuReport report;
   report.position = item.Position();

@@ -36,6 +36,9 @@ struct Expectation {
   std::optional<std::uint16_t> real_type;  // nothing: not recognised
   std::optional<Recognition> how;
   std::optional<std::uint16_t> report_type;  // after translation
+  // Keys of all match profiles that fit when more than one does and only their order
+  // decides; of each as often as it fits. Empty: no more than one fits.
+  std::vector<std::uint32_t> ambiguous;
 };
 
 // What is so whatever an ONU reports, as generated populations tell it.
@@ -47,6 +50,7 @@ struct Truth {
 struct OnuReport {
   std::uint16_t place = 0;
   std::uint8_t onu = 0;
+  std::string serial_number;             // or its hash; empty: not told
   std::optional<std::string> vendor_id;  // nothing: the ONU does not tell
   std::string behind_vendor_id;          // bytes behind its terminator
   std::uint32_t reported_type = kUnknownReportedType;

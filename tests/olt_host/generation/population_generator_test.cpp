@@ -1,5 +1,5 @@
-// Generated populations: the same for the same seed, with the faults that were
-// asked for and no others, and recognised by the library wherever they say so.
+// Generated populations: the same for the same seed, with the faults that were asked for
+// and no others, and recognised by the library wherever they say so.
 #include "generation/population_generator.h"
 
 #include <gtest/gtest.h>
@@ -11,9 +11,9 @@
 
 #include "catalogue/hash.h"
 #include "catalogue/report_reader.h"
+#include "catalogue/yaml_report_writer.h"
 #include "confirmation/confirmer.h"
 #include "confirmation/population.h"
-#include "generation/yaml_report_writer.h"
 #include "recognition/loaded_catalogue.h"
 
 namespace olt_host_test {
@@ -35,7 +35,7 @@ PopulationGenerator Generator(const std::string& faults, std::uint64_t seed = 7,
 std::string Written(const PopulationGenerator& generator, std::uint32_t onus) {
   std::ostringstream out;
   olt_host::YamlReportWriter writer(out);
-  writer.Begin("Population", "Made by a test.");
+  writer.Begin({"Population", "Made by a test.", {}});
   for (std::uint32_t onu = 0; onu < onus; ++onu) writer.Write(generator.Onu(onu));
   writer.End();
   return out.str();
@@ -109,9 +109,8 @@ TEST(PopulationGenerator, OneRateDoesNotChangeWhatOthersDo) {
 TEST(PopulationGenerator, EveryFaultOccursAtItsRateAndOnlyThen) {
   const LoadedCatalogue catalogue;
   constexpr std::uint32_t kOnus = 20000;
-  const PopulationGenerator generator = Generator(
-      "missing=1,ones=2,truncated=3,case=4,padding=5,garbage=6,"
-      "unknown=0,changed=12.5");
+  const PopulationGenerator generator =
+      Generator("missing=1,ones=2,truncated=3,case=4,padding=5,garbage=6,unknown=0,changed=12.5");
   std::array<std::uint32_t, olt_host::kFaultKinds.size()> counts = {};
   for (std::uint32_t onu = 0; onu < kOnus; ++onu) {
     const OnuReport report = generator.Onu(onu);
@@ -281,8 +280,7 @@ TEST(PopulationGenerator, ChangedOnesTellSomethingElseWhenAskedAgainAndOnlyThey)
   EXPECT_NEAR(changed, 400, 80);
 }
 
-// The reports as a population, and how many of them the library confirmed as
-// the truth is.
+// The reports as a population, and how many of them the library confirmed as the truth is.
 std::size_t ConfirmedTruths(const PopulationGenerator& generator, std::uint32_t onus,
                             std::size_t& expected) {
   olt_host::Reports reports;
@@ -325,16 +323,13 @@ TEST(PopulationGenerator, WithFaultsTheLibraryConfirmsWhateverIsExpected) {
 TEST(PopulationGenerator, TypesThatTheLibraryCannotTellStateNoExpectation) {
   const TemporaryDirectory directory;
   std::string text = ReadFile(Fixture("small_catalogue.yaml"));
-  // Key 1004 looks like 1001 and is tried before it; 1005 has no pattern at
-  // all.
+  // Key 1004 looks like 1001 and is tried before it; 1005 has no pattern at all.
   text = With(text, "match_profiles:",
-              "  - {key: 1004, abilities: {REAL_TYPE: 1004, TYPE_NAME: TWIN, GE_PORTS: "
-              "1}}\n"
+              "  - {key: 1004, abilities: {REAL_TYPE: 1004, TYPE_NAME: TWIN, GE_PORTS: 1}}\n"
               "  - {key: 1005, abilities: {REAL_TYPE: 1005, TYPE_NAME: NO-PATTERN}}\n\n"
               "match_profiles:");
   text +=
-      "  - {key: 1004, abilities: {REPORT_TYPE: 1004, REAL_TYPE: 1004, "
-      "GE_PORTS: 1,\n"
+      "  - {key: 1004, abilities: {REPORT_TYPE: 1004, REAL_TYPE: 1004, GE_PORTS: 1,\n"
       "     FE_PORTS: 0, VENDOR_ID: ACME}}\n";
   const LoadedCatalogue catalogue(directory.Write("c.yaml", text));
   const PopulationGenerator generator = Generator("");
@@ -412,10 +407,8 @@ TEST(YamlReportWriter, WritesOneOnuALine) {
   olt_host::YamlReportWriter writer(out);
   writer.Write(report);
   EXPECT_EQ(out.str(),
-            "\n  - {place: 3, onu: 200, vendor_id: \"A\\\"\\\\\", "
-            "reported_type: unknown, "
-            "device_name: \"N\\0\\0\\x01\\x7Fx\", abilities: {GE_PORTS: 4, "
-            "60000: 9}, "
+            "\n  - {place: 3, onu: 200, vendor_id: \"A\\\"\\\\\", reported_type: unknown, "
+            "device_name: \"N\\0\\0\\x01\\x7Fx\", abilities: {GE_PORTS: 4, 60000: 9}, "
             "truth: {real_type: 1001, faults: [garbage, unknown]}}\n");
 }
 

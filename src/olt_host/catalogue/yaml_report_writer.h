@@ -1,12 +1,12 @@
 // Reports as a YAML reports file, an ONU a line.
-#ifndef OLT_HOST_GENERATION_YAML_REPORT_WRITER_H
-#define OLT_HOST_GENERATION_YAML_REPORT_WRITER_H
+#ifndef OLT_HOST_CATALOGUE_YAML_REPORT_WRITER_H
+#define OLT_HOST_CATALOGUE_YAML_REPORT_WRITER_H
 
 #include <map>
 #include <ostream>
 #include <string>
 
-#include "generation/report_writer.h"
+#include "catalogue/report_writer.h"
 
 namespace olt_host {
 
@@ -15,13 +15,16 @@ class YamlReportWriter : public ReportWriter {
   // Codes stand by the names that the registry has for them now.
   explicit YamlReportWriter(std::ostream& out);
 
-  void Begin(const std::string& name, const std::string& remark) override;
+  void Begin(const ReportsHeader& header) override;
   void Write(const OnuReport& report) override;
   void End() override;
 
  private:
+  void WriteSettings(const std::map<std::uint16_t, IdentifySettings>& settings);
+  void WriteIdentity(const OnuReport& report);
   void WriteAbilities(const std::map<std::uint16_t, std::uint32_t>& abilities);
-  void WriteTruth(const OnuReport& report);
+  void WriteExpectation(const Expectation& expect);
+  void WriteTruth(const Truth& truth);
 
   std::ostream& _out;
   std::map<std::uint16_t, std::string> _names;  // of codes, as far as they are plain words
@@ -30,4 +33,4 @@ class YamlReportWriter : public ReportWriter {
 
 }  // namespace olt_host
 
-#endif  // OLT_HOST_GENERATION_YAML_REPORT_WRITER_H
+#endif  // OLT_HOST_CATALOGUE_YAML_REPORT_WRITER_H
