@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 
+#include "capture_command_line.h"
 #include "command_options.h"
 #include "diff_command_line.h"
 #include "exit_status.h"
@@ -187,6 +188,7 @@ ParsedCommandLine ParseCommandLine(int argc, const char* const* argv) {
       {Job::kAttach, AddAttach(app, result)},     {Job::kPassword, AddPassword(app, result)},
       {Job::kTypes, AddTypes(app, result)},       {Job::kCompare, AddCompare(app, result)},
       {Job::kGenerate, AddGenerate(app, result)}, {Job::kExplain, AddExplain(app, result)},
+      {Job::kCapture, AddCapture(app, result)},   {Job::kReplay, AddReplay(app, result)},
       {Job::kLint, AddLint(app, result)},         {Job::kDiff, AddDiff(app, result)},
   };
   try {

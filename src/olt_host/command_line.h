@@ -23,6 +23,8 @@ enum class Job {
   kAttach,
   kPassword,
   kExplain,
+  kCapture,
+  kReplay,
   kTypes,
   kCompare,
   kLint,
@@ -52,6 +54,21 @@ struct ExplainOptions {
   std::uint16_t place = 0;
   std::uint8_t onu = 0;
   bool all = false;  // every profile
+  bool json = false;
+};
+
+// What `capture` takes down, and where.
+struct CaptureOptions {
+  bool one_onu = false;  // else all
+  std::uint16_t place = 0;
+  std::uint8_t onu = 0;
+  std::string file;
+  bool replace = false;
+};
+
+// What `replay` confirms.
+struct ReplayOptions {
+  std::vector<std::string> reports;
   bool json = false;
 };
 
@@ -103,6 +120,9 @@ struct CommandLine {
   TypesOptions types;  // of types and compare
 
   ExplainOptions explain;
+
+  CaptureOptions capture;
+  ReplayOptions replay;
 
   LintOptions lint;
 

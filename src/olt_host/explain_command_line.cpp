@@ -1,29 +1,9 @@
 #include "explain_command_line.h"
 
 #include "command_options.h"
-#include "vty/number.h"
+#include "onu_name.h"
 
 namespace olt_host {
-
-namespace {
-
-// "PLACE/ONU"; false, and the numbers unchanged, for anything else.
-bool ReadOnuName(const std::string& text, ExplainOptions& options) {
-  constexpr unsigned int kHighestPlace = 65535;
-  constexpr unsigned int kHighestOnu = 255;
-  const std::size_t slash = text.find('/');
-  unsigned int place = 0;
-  unsigned int onu = 0;
-  if (slash == std::string::npos || !ReadNumber(text.substr(0, slash), place) ||
-      !ReadNumber(text.substr(slash + 1), onu) || place > kHighestPlace || onu > kHighestOnu) {
-    return false;
-  }
-  options.place = static_cast<std::uint16_t>(place);
-  options.onu = static_cast<std::uint8_t>(onu);
-  return true;
-}
-
-}  // namespace
 
 CLI::App* AddExplain(CLI::App& app, CommandLine& result) {
   ExplainOptions& options = result.explain;
@@ -34,7 +14,7 @@ CLI::App* AddExplain(CLI::App& app, CommandLine& result) {
       ->add_option_function<std::string>(
           "--onu",
           [&options](const std::string& text) {
-            if (!ReadOnuName(text, options)) {
+            if (!ReadOnuName(text, options.place, options.onu)) {
               throw CLI::ValidationError(
                   "--onu", "\"" + text + "\" is no ONU; expected its place and number, as in 1/2");
             }

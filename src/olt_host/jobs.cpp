@@ -23,6 +23,10 @@ int RunJob(const CommandLine& command_line) {
       return RunLintJob(command_line);
     case Job::kExplain:
       return RunExplainJob(command_line);
+    case Job::kCapture:
+      return RunCaptureJob(command_line);
+    case Job::kReplay:
+      return RunReplayJob(command_line);
     case Job::kTypes:
       return RunTypesJob(command_line);
     case Job::kGenerate:

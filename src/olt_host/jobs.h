@@ -18,6 +18,8 @@ int RunScriptJob(const CommandLine& command_line);    // run
 int RunPasswordJob(const CommandLine& command_line);  // password
 int RunLintJob(const CommandLine& command_line);      // lint
 int RunExplainJob(const CommandLine& command_line);   // explain
+int RunCaptureJob(const CommandLine& command_line);   // capture
+int RunReplayJob(const CommandLine& command_line);    // replay
 int RunTypesJob(const CommandLine& command_line);     // types
 int RunGenerateJob(const CommandLine& command_line);  // generate
 int RunCompareJob(const CommandLine& command_line);   // compare

@@ -35,6 +35,7 @@ void InstallCommands() {
   InstallSystemCommands();
   InstallOnuCommands();
   InstallExplainCommands();
+  InstallCaptureCommands();
   InstallCatalogueCommands();
   InstallLintCommands();
   InstallAttributeCommands();

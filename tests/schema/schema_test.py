@@ -117,6 +117,11 @@ class GoodFiles(unittest.TestCase):
             self.assertEqual(text.splitlines()[0], MODELINE.format(kind))
             self.assertEqual(errors(kind, text), [])
 
+    def test_corpus(self):
+        for path in sorted((ROOT / "data" / "corpus").glob("*.yaml")):
+            with self.subTest(path.name):
+                self.assertEqual(errors("reports", path.read_text("utf-8")), [])
+
     def test_fixtures(self):
         for path in sorted(FIXTURES.glob("*.yaml")):
             kind = "reports" if "reports" in path.name else "catalogue"

@@ -9,6 +9,8 @@ namespace olt_host {
 void InstallOnuCommands();
 // explain onu.
 void InstallExplainCommands();
+// capture onu, replay.
+void InstallCaptureCommands();
 // show catalogue, reload.
 void InstallCatalogueCommands();
 // lint catalogue.
