@@ -24,7 +24,7 @@ unsigned int KeyOfType(std::uint16_t real_type) {
 
 MatchProfileName NameOf(const OnuAbilityProfile& winner) {
   MatchProfileName name;
-  name.source = winner._profile_source;
+  name.source = static_cast<unsigned int>(winner._profile_source);
   if (winner.Get(Host().catalogue.catalogue.key_ability_code, name.key) != ONU_ABILITY_RET_OK) {
     name.key = 0;
   }

@@ -32,7 +32,7 @@ std::vector<MatchProfileName> NamesInTable() {
   std::vector<MatchProfileName> names;
   for (const OnuAbilityProfile& profile : AllOf(ONU_ABILITY_PROFILE_TYPE_MATCH)) {
     MatchProfileName name;
-    name.source = profile._profile_source;
+    name.source = static_cast<unsigned int>(profile._profile_source);
     name.key = KeyOf(profile);
     // Those without a key count as one.
     if (name.key != 0) name.number = ++seen[{name.source, name.key}];
