@@ -68,7 +68,7 @@ inline std::string MetricOf(const Exposition& read, const std::string& name) {
   for (const char* ending : {"_bucket", "_sum", "_count"}) {
     const std::string part = ending;
     if (name.size() <= part.size() || name.substr(name.size() - part.size()) != part) continue;
-    const std::string metric = name.substr(0, name.size() - part.size());
+    std::string metric = name.substr(0, name.size() - part.size());
     const auto type = read.types.find(metric);
     if (type != read.types.end() && type->second == "histogram") return metric;
   }

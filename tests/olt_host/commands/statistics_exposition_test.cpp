@@ -9,7 +9,6 @@
 namespace olt_host_test {
 namespace {
 
-using olt_host::CountedProfile;
 using olt_host::ExpositionNumber;
 using olt_host::ExpositionWriter;
 using olt_host::StatisticsReport;
