@@ -60,7 +60,7 @@ class OnuCommandsOnMoreOnus : public OnuCommands {
     surprising.place = 4;
     surprising.onu = 3;
     surprising.reported_type = 1001;
-    surprising.expect = olt_host::Expectation{1002, olt_host::Recognition::kType, std::nullopt};
+    surprising.expect = olt_host::Expectation{1002, olt_host::Recognition::kType, std::nullopt, {}};
     reports.onus = {of_operator, surprising};
     olt_host::Host().population = std::make_shared<const olt_host::Population>(reports);
   }

@@ -26,7 +26,7 @@ ConfirmationResult Widest() {
   result.how = Recognition::kAbilities;
   result.translated = true;
   result.report_type = 65535;
-  result.expect = olt_host::Expectation{65534, Recognition::kAbilities, 65535};
+  result.expect = olt_host::Expectation{65534, Recognition::kAbilities, 65535, {}};
   result.position = {"r.yaml", 4};
   return result;
 }
@@ -50,7 +50,7 @@ ConfirmationResult Wrong() {
   result.type_name = "Caf\xc3\xa9 \"4,2\"";
   result.how = Recognition::kType;
   result.report_type = 18;
-  result.expect = olt_host::Expectation{17, Recognition::kType, std::nullopt};
+  result.expect = olt_host::Expectation{17, Recognition::kType, std::nullopt, {}};
   result.position = {"r.yaml", 6};
   return result;
 }
@@ -111,7 +111,7 @@ TEST(ResultSummary, ShowsCountsAndWhatWasNotAsExpected) {
 TEST(ResultSummary, ShowsTheFirstTenFailuresOnly) {
   std::vector<ConfirmationResult> results(12, NotRecognised());
   for (ConfirmationResult& result : results) {
-    result.expect = olt_host::Expectation{5, std::nullopt, std::nullopt};
+    result.expect = olt_host::Expectation{5, std::nullopt, std::nullopt, {}};
   }
   const std::string text = Written(OutputFormat::kTable, true, results);
   EXPECT_NE(text.find("  r.yaml:5: ONU 1/2 is not recognised; expected real type 5\n"
@@ -171,7 +171,7 @@ TEST(ResultCsv, QuotesWhatNeedsIt) {
 
 TEST(ResultCsv, TellsExpectedNoneFromNoExpectation) {
   ConfirmationResult result = NotRecognised();
-  result.expect = olt_host::Expectation{std::nullopt, std::nullopt, std::nullopt};
+  result.expect = olt_host::Expectation{std::nullopt, std::nullopt, std::nullopt, {}};
   const std::string text = Written(OutputFormat::kCsv, false, {result});
   EXPECT_NE(text.find("\n1,2,,,,,none,no,65535,none,,,yes\n"), std::string::npos) << text;
 }
