@@ -95,8 +95,9 @@ std::unique_ptr<RunningLibrary> StartHost(const CommandLine& command_line) {
   OpenLog(command_line.log);
   auto library = std::make_unique<RunningLibrary>(Host().catalogue.catalogue);
   InstallCommands();
-  RestoreAtStart();
+  // Of the catalogue alone: what operators made comes with their state.
   if (command_line.job != Job::kLint) SayFindings(command_line);
+  RestoreAtStart();
   return library;
 }
 
