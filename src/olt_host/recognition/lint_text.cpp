@@ -92,7 +92,8 @@ std::string NoteCounts(const LintResult& result) {
     name.resize(width, ' ');
     std::string number = std::to_string(count);
     number.insert(0, number.size() < 5 ? 5 - number.size() : 0, ' ');
-    text += "  " + name + " " + number + "  " + SummaryOf(kind) + "\n";
+    text.append("  ").append(name).append(" ").append(number).append("  ");
+    text.append(SummaryOf(kind)).append("\n");
   }
   return text;
 }
