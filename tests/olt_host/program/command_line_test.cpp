@@ -81,7 +81,8 @@ TEST(CommandLine, RefusesBadUsageWithOneMessage) {
        {std::pair<std::vector<const char*>, std::string>({}, "a command is missing"),
         {{"conform", "c", "r"}, "\"conform\" is no command"}}) {
     const std::string message = Refusal(arguments);
-    const std::string beginning = "olt_host: " + problem + "; expected " + commands;
+    const std::string beginning =
+        std::string("olt_host: ").append(problem).append("; expected ").append(commands);
     EXPECT_EQ(message.substr(0, beginning.size()), beginning);
     EXPECT_NE(message.find(" or "), std::string::npos);
     EXPECT_EQ(message.substr(message.size() - end.size()), end);

@@ -18,7 +18,6 @@ using olt_host::Capture;
 using olt_host::ConfirmationResult;
 using olt_host::OnuReport;
 using olt_host::Population;
-using olt_host::Recognition;
 
 class CaptureTest : public testing::Test {
  protected:

@@ -352,6 +352,7 @@ TEST(CatalogueLintAtLarge, HoldsForTwoThousandProfiles) {
   std::map<std::uint16_t, MatchTable::Code> codes = {{1082, {1, true, 0}}, {1083, {1, true, 0}}};
   for (const std::uint16_t code : numbers) codes[code] = {};
   MatchTable table(codes);
+  // NOLINTNEXTLINE(cert-msc32-c,cert-msc51-cpp): the same each time
   std::mt19937 random(7);
   std::vector<Cells> patterns(2000);
   for (Cells& pattern : patterns) {
@@ -394,13 +395,13 @@ TEST(CatalogueLintAtLarge, ShippedDataIsSound) {
   const olt_host::Population population(olt_host::ReadReports(reports, loaded.catalogue()));
   const LintResult result = olt_host::LintCatalogue(loaded.catalogue(), &population);
   EXPECT_EQ(result.Gravest(), Severity::kNote) << olt_host::LintText(result, false, "");
-  for (std::size_t i = 0; i < result.proofs.size(); ++i) {
-    ASSERT_EQ(result.proofs[i].by_abilities, true);
-    const ConfirmOnuType gathered = MatchTable::Gather(*result.proofs[i].witness);
+  for (const auto& proof : result.proofs) {
+    ASSERT_EQ(proof.by_abilities, true);
+    const ConfirmOnuType gathered = MatchTable::Gather(*proof.witness);
     ConfirmOnuType confirmed = gathered;
     ASSERT_NE(confirmed.IsValidOnuType(), ONU_ABILITY_RET_OK);
     confirmed.ConfirmOnuTypeByAbilities();
-    EXPECT_EQ(confirmed._id, result.proofs[i].profile.id);
+    EXPECT_EQ(confirmed._id, proof.profile.id);
   }
 }
 

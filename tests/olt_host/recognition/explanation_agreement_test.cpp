@@ -210,7 +210,11 @@ struct Kept {
 class LargeAgreement : public RandomAgreement {};
 
 TEST_P(LargeAgreement, OnEightThousandOnusAndTwoThousandPatterns) {
+#ifdef __SANITIZE_ADDRESS__
+  constexpr std::uint32_t kSlices = 32;  // of which the sanitizers see eight
+#else
   constexpr std::uint32_t kSlices = 8;
+#endif
   constexpr std::size_t kOnus = 8192;
   RandomNetwork random(77);
   InstallLibrary(random.Library(2000, true));

@@ -17,7 +17,6 @@
 namespace olt_host_test {
 namespace {
 
-using olt_host::AbilityVerdict;
 using olt_host::CommonType;
 using olt_host::Explanation;
 using olt_host::IdentifySetting;
