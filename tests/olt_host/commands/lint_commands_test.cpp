@@ -28,7 +28,8 @@ TEST_F(LintCommands, CountsNotesOfASoundCatalogue) {
 TEST_F(LintCommands, ListsNotes) {
   const std::string text = _session.Type("lint catalogue all");
   ExpectFitsScreen(text);
-  EXPECT_NE(text.find("note: real profile\r\n  1001 [dropped-value]\r\n"), std::string::npos) << text;
+  EXPECT_NE(text.find("note: real profile\r\n  1001 [dropped-value]\r\n"), std::string::npos)
+      << text;
 }
 
 TEST_F(LintCommands, FindsWhatAnOperatorMade) {

@@ -15,7 +15,6 @@
 namespace olt_host_test {
 namespace {
 
-using olt_host::HttpRequest;
 using olt_host::HttpStatus;
 using olt_host::MetricsConnection;
 using olt_host::ReadHttpRequest;
