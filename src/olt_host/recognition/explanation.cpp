@@ -102,7 +102,7 @@ Explainer::Explainer(const ProfileOrigins& origins) : _origins(origins) {
     ProfileVerdict verdict;
     verdict.turn = _verdicts.size() + 1;
     verdict.id = profile._id;
-    verdict.source = profile._profile_source;
+    verdict.source = static_cast<unsigned int>(profile._profile_source);
     verdict.key = KeyOf(profile);
     if (verdict.key) verdict.name = TypeNameOf(*verdict.key);
     _verdicts.push_back(std::move(verdict));
