@@ -6,6 +6,7 @@
 #include "catalogue/catalogue.h"
 #include "confirmation/confirmer.h"
 #include "recognition/ability_reading.h"
+#include "recognition/one_report.h"
 
 namespace olt_host {
 
@@ -14,20 +15,6 @@ namespace {
 using Value = ONU_ABILITY_COMMON_ABILITY_VALUE;
 
 constexpr unsigned short kAskedFromOnu = 0x2;  // bit of the confirm-type attribute
-
-// The only ONU of an OLT without settings.
-class OneReport : public ReportSource {
- public:
-  explicit OneReport(const OnuReport& report) : _report(report) {}
-  const OnuReport* Find(std::uint16_t /*place*/, std::uint8_t /*onu*/) const override {
-    return &_report;
-  }
-  const IdentifySettings& Settings(std::uint16_t /*place*/) const override { return _settings; }
-
- private:
-  const OnuReport& _report;
-  IdentifySettings _settings;
-};
 
 std::uint16_t AttributeOf(const ONU_ABILITY_CODE_ATTR_INFO& record,
                           ONU_ABILITY_ENUM_ABILITY_ATTR_ID id) {

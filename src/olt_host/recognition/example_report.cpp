@@ -5,24 +5,12 @@
 #include <utility>
 
 #include "catalogue/catalogue.h"
+#include "recognition/one_report.h"
 #include "recognition/silent_observer.h"
 
 namespace olt_host {
 
 namespace {
-
-class OneReport : public ReportSource {
- public:
-  explicit OneReport(const OnuReport& report) : _report(report) {}
-  const OnuReport* Find(std::uint16_t /*place*/, std::uint8_t /*onu*/) const override {
-    return &_report;
-  }
-  const IdentifySettings& Settings(std::uint16_t /*place*/) const override { return _settings; }
-
- private:
-  const OnuReport& _report;
-  IdentifySettings _settings;
-};
 
 // The lowest type that is no key and that no profile names.
 std::uint32_t FreshType(const PatternBoxes& boxes, const ReportSpace& space) {
