@@ -47,6 +47,9 @@ LAYERS = [
     ("host generation", ["olt_host/generation/*"],
      LIBRARY + ["host platform", "host catalogue", "host confirmation", "host state",
                 "host recognition"]),
+    ("host network", ["olt_host/network/*"],
+     LIBRARY + ["host platform", "host catalogue", "host confirmation", "host state",
+                "host recognition", "host generation"]),
     ("host session", ["olt_host/session/*"], LIBRARY + ["host platform", "host vty"]),
     ("host transport", ["olt_host/transport/*"],
      LIBRARY + ["host platform", "host vty", "host session"]),
@@ -55,8 +58,8 @@ LAYERS = [
                 "host recognition", "host session"]),
     ("host program", ["olt_host/*"],
      LIBRARY + ["host platform", "host vty", "host catalogue", "host confirmation", "host state",
-                "host recognition", "host generation", "host session", "host transport",
-                "host commands"]),
+                "host recognition", "host generation", "host network", "host session",
+                "host transport", "host commands"]),
 ]
 
 # Where an include by bare name is looked for.

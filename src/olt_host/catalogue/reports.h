@@ -64,6 +64,14 @@ struct OnuReport {
   SourcePosition position;
 };
 
+// A report out of a whole network: with the OLT that the ONU is at, and with what that one is
+// set to for it.
+struct NetworkReport {
+  std::string olt;
+  IdentifySettings settings;
+  OnuReport report;
+};
+
 struct Reports {
   std::string name;
   IdentifySettings default_settings;

@@ -1,0 +1,42 @@
+// How far a long run came, kept in a file so that the next one goes on from there.
+#ifndef OLT_HOST_NETWORK_CHECKPOINT_H
+#define OLT_HOST_NETWORK_CHECKPOINT_H
+
+#include <cstdint>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+
+namespace olt_host {
+
+struct Progress {
+  std::uint64_t offset = 0;        // of the input, or of what is counted instead: that much is done
+  std::uint64_t line = 1;          // of the input, that begins there
+  std::uint64_t written = 0;       // bytes of the output that belong to what is done
+  nlohmann::ordered_json summary;  // of what is done
+};
+
+class Checkpoint {
+ public:
+  // `path`: empty for none, then nothing is read or written. `run`: an object that names
+  // everything on which the result depends: job, catalogues, input, options.
+  Checkpoint(std::string path, nlohmann::ordered_json run);
+
+  // What an earlier run of the same came to; nothing when there is no file. Throws
+  // std::runtime_error when the file cannot be read or is of another run, naming what
+  // differs and how to start anew.
+  std::optional<Progress> Read() const;
+
+  // Keeps `progress`, unless the last was kept less than a second ago; a crash leaves the
+  // earlier one or this one. Throws std::runtime_error.
+  void Keep(const Progress& progress);
+  // Keeps it in any case.
+  void KeepNow(const Progress& progress);
+
+  // The run is done: nothing to go on from.
+  void Remove();
+};
+
+}  // namespace olt_host
+
+#endif  // OLT_HOST_NETWORK_CHECKPOINT_H

@@ -1,0 +1,42 @@
+// A file of lines, or standard input, block by block: as much as memory is set aside for,
+// whole lines only, whatever the size of the file.
+#ifndef OLT_HOST_NETWORK_LINE_BLOCKS_H
+#define OLT_HOST_NETWORK_LINE_BLOCKS_H
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace olt_host {
+
+constexpr std::size_t kBlockBytes = 1U << 20U;
+
+struct LineBlock {
+  std::uint64_t first_line = 1;  // number of its first line in the input
+  std::uint64_t end = 0;         // offset of the first byte behind it
+  std::string text;              // whole lines; the last of the input may lack its line break
+};
+
+class LineBlocks {
+ public:
+  // `path`, or standard input for "-". Throws std::runtime_error when it cannot be opened.
+  explicit LineBlocks(const std::string& path);
+  ~LineBlocks();
+  LineBlocks(const LineBlocks&) = delete;
+  LineBlocks& operator=(const LineBlocks&) = delete;
+
+  // Goes on behind `offset`, where `line` begins. REQUIRES: nothing was read; a file.
+  void Skip(std::uint64_t offset, std::uint64_t line);
+
+  // The next block; nothing at the end. Throws std::runtime_error for a read error and,
+  // naming the line, for a line longer than kBlockBytes.
+  std::optional<LineBlock> Next();
+
+  // Bytes of the file; nothing where that is not known beforehand.
+  std::optional<std::uint64_t> size() const;
+};
+
+}  // namespace olt_host
+
+#endif  // OLT_HOST_NETWORK_LINE_BLOCKS_H
