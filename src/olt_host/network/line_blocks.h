@@ -8,6 +8,8 @@
 #include <optional>
 #include <string>
 
+#include "state/file_descriptor.h"
+
 namespace olt_host {
 
 constexpr std::size_t kBlockBytes = 1U << 20U;
@@ -22,19 +24,30 @@ class LineBlocks {
  public:
   // `path`, or standard input for "-". Throws std::runtime_error when it cannot be opened.
   explicit LineBlocks(const std::string& path);
-  ~LineBlocks();
-  LineBlocks(const LineBlocks&) = delete;
-  LineBlocks& operator=(const LineBlocks&) = delete;
 
-  // Goes on behind `offset`, where `line` begins. REQUIRES: nothing was read; a file.
+  // Goes on behind `offset`, where `line` begins. Throws std::runtime_error when no line
+  // begins there. REQUIRES: nothing was read; a file.
   void Skip(std::uint64_t offset, std::uint64_t line);
 
-  // The next block; nothing at the end. Throws std::runtime_error for a read error and,
-  // naming the line, for a line longer than kBlockBytes.
+  // The next block; nothing at the end. Throws std::runtime_error for a read error, for a
+  // file that became shorter and, naming the line, for one longer than kBlockBytes with its
+  // line break.
   std::optional<LineBlock> Next();
 
   // Bytes of the file; nothing where that is not known beforehand.
   std::optional<std::uint64_t> size() const;
+
+ private:
+  bool Fill(std::string& text, std::size_t bytes);
+  void CutAtLastBreak(std::string& text);
+  [[noreturn]] void FailWith(const std::string& reason) const;
+
+  std::string _name;
+  FileDescriptor _file;
+  std::optional<std::uint64_t> _size;
+  std::uint64_t _offset = 0;  // of the first byte not handed out
+  std::uint64_t _line = 1;    // that begins there
+  std::string _begun;         // read already: the beginning of a line
 };
 
 }  // namespace olt_host
