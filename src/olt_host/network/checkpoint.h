@@ -2,6 +2,7 @@
 #ifndef OLT_HOST_NETWORK_CHECKPOINT_H
 #define OLT_HOST_NETWORK_CHECKPOINT_H
 
+#include <chrono>
 #include <cstdint>
 #include <nlohmann/json.hpp>
 #include <optional>
@@ -9,6 +10,8 @@
 
 namespace olt_host {
 
+// Moving JSON does not throw, though the linter thinks so.
+// NOLINTNEXTLINE(bugprone-exception-escape)
 struct Progress {
   std::uint64_t offset = 0;        // of the input, or of what is counted instead: that much is done
   std::uint64_t line = 1;          // of the input, that begins there
@@ -20,7 +23,7 @@ class Checkpoint {
  public:
   // `path`: empty for none, then nothing is read or written. `run`: an object that names
   // everything on which the result depends: job, catalogues, input, options.
-  Checkpoint(std::string path, nlohmann::ordered_json run);
+  Checkpoint(std::string path, const nlohmann::ordered_json& run);
 
   // What an earlier run of the same came to; nothing when there is no file. Throws
   // std::runtime_error when the file cannot be read or is of another run, naming what
@@ -35,6 +38,13 @@ class Checkpoint {
 
   // The run is done: nothing to go on from.
   void Remove();
+
+ private:
+  std::string TextFor(const Progress& progress) const;
+
+  std::string _path;
+  nlohmann::ordered_json _run;
+  std::optional<std::chrono::steady_clock::time_point> _kept;  // the last time
 };
 
 }  // namespace olt_host
