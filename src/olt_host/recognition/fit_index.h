@@ -13,6 +13,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -28,6 +29,15 @@ class FitIndex {
 
   // The positions of the patterns that fit, ascending: the last is the newest.
   std::vector<std::size_t> Fitting(const OnuAbilityProfile& report);
+
+  // The pattern that the fewest abilities of the report decide against, of several the
+  // newest; nothing without patterns.
+  struct Nearest {
+    std::size_t position = 0;
+    std::size_t against = 0;
+    std::uint16_t first_code = 0;  // of those that decide against it
+  };
+  std::optional<Nearest> NearestTo(const OnuAbilityProfile& report);
 
  private:
   using Bits = std::vector<std::uint64_t>;

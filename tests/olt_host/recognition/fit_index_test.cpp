@@ -1,5 +1,5 @@
-// The fast way to the patterns that fit, against the library's comparison of each pattern
-// as a whole.
+// The fast way to the patterns that fit, and to the nearest one, against the library's comparison
+// of each pattern as a whole.
 #include "recognition/fit_index.h"
 
 #include <gtest/gtest.h>
@@ -24,6 +24,25 @@ std::vector<std::size_t> FittingOneByOne(const std::vector<OnuAbilityProfile>& p
   return fitting;
 }
 
+void ExpectNearestAsOneByOne(const std::vector<OnuAbilityProfile>& patterns,
+                             const OnuAbilityProfile& report, olt_host::FitIndex& index) {
+  const olt_host::ComparedReport compared(report);
+  std::size_t nearest = 0;
+  olt_host::AbilityTally of_nearest;
+  for (std::size_t i = 0; i < patterns.size(); ++i) {
+    OnuAbilityProfile pattern = patterns[i];
+    const olt_host::AbilityTally tally = compared.Tally(pattern);
+    if (i > 0 && tally.against > of_nearest.against) continue;
+    nearest = i;
+    of_nearest = tally;
+  }
+  const auto found = index.NearestTo(report);
+  ASSERT_TRUE(found);
+  EXPECT_EQ(found->position, nearest);
+  EXPECT_EQ(found->against, of_nearest.against);
+  EXPECT_EQ(found->first_code, of_nearest.decider ? of_nearest.decider->code : 0);
+}
+
 class FitIndexTest : public testing::Test {
  protected:
   FitIndexTest() {
@@ -41,6 +60,8 @@ class FitIndexTest : public testing::Test {
       ASSERT_EQ(fitting, FittingOneByOne(library.match_profiles, report))
           << "ONU " << onu.place << "/" << int{onu.onu};
       fitting_at_all += fitting.size();
+      ExpectNearestAsOneByOne(library.match_profiles, report, index);
+      if (HasFailure()) return;
     }
     EXPECT_GT(fitting_at_all, 0U);
   }
@@ -75,6 +96,7 @@ TEST_F(FitIndexTest, TakesEveryPatternForAReportOfNothing) {
                ONU_ABILITY_MATCH_TYPE_PATTERN);
   EXPECT_EQ(olt_host::FitIndex(library.match_profiles).Fitting(nothing).size(), 130U);
   EXPECT_EQ(olt_host::FitIndex({}).Fitting(nothing), std::vector<std::size_t>());
+  EXPECT_FALSE(olt_host::FitIndex({}).NearestTo(nothing));
 }
 
 // The library sets the unset entry before it compares: a pattern without a key never fits
