@@ -4,22 +4,17 @@
 #include <utility>
 
 #include "catalogue/ability_reader.h"
+#include "catalogue/report_rules.h"
 #include "catalogue/yaml_document.h"
 
 namespace olt_host {
 
 namespace {
 
-constexpr std::size_t kSerialNumberBytes = 32;
-
-const char* const kSettingKeys[] = {"sfu_mode", "setting_1", "hgu_mode", "setting_3"};
-
 void ReadSettings(const YamlMap& map, IdentifySettings& settings) {
-  std::uint16_t* const fields[] = {&settings.sfu_mode, &settings.setting_1, &settings.hgu_mode,
-                                   &settings.setting_3};
-  for (std::size_t i = 0; i < 4; ++i) {
+  for (std::size_t i = 0; i < kSettings.size(); ++i) {
     if (const auto value = map.Find(kSettingKeys[i])) {
-      *fields[i] = value->Number16(0, 65535);
+      settings.*kSettings[i] = value->Number16(0, 65535);
     }
   }
 }
@@ -27,7 +22,8 @@ void ReadSettings(const YamlMap& map, IdentifySettings& settings) {
 void ReadIdentify(const YamlView& identify, Reports& reports) {
   const YamlMap map = identify.Map({"default", "places"});
   if (const auto settings = map.Find("default")) {
-    ReadSettings(settings->Map({kSettingKeys, kSettingKeys + 4}), reports.default_settings);
+    ReadSettings(settings->Map({kSettingKeys.begin(), kSettingKeys.end()}),
+                 reports.default_settings);
   }
   const auto places = map.Find("places");
   if (!places) {
@@ -35,7 +31,7 @@ void ReadIdentify(const YamlView& identify, Reports& reports) {
   }
   std::map<std::uint16_t, SourcePosition> seen;
   for (const YamlView& item : places->Items("a place")) {
-    std::vector<std::string> keys(kSettingKeys, kSettingKeys + 4);
+    std::vector<std::string> keys(kSettingKeys.begin(), kSettingKeys.end());
     keys.insert(keys.begin(), "place");
     const YamlMap place_map = item.Map(keys);
     const std::uint16_t place =
@@ -53,35 +49,14 @@ void ReadIdentify(const YamlView& identify, Reports& reports) {
 }
 
 std::uint8_t ReadPrivateCapability(const YamlView& value) {
-  if (value.IsWord("sfu")) {
-    return 0;
-  }
-  if (value.IsWord("hgu")) {
-    return 1;
-  }
-  if (value.IsWord("unknown")) {
-    return kUnknownPrivateCapability;
-  }
+  if (const auto capability = PrivateCapabilityOf(value.Word())) return *capability;
   return static_cast<std::uint8_t>(value.Number(0, 255, ", or sfu, hgu or unknown"));
 }
 
 Recognition ReadRecognition(const YamlView& value) {
-  for (const Recognition how : {Recognition::kType, Recognition::kAbilities, Recognition::kNone}) {
-    if (value.IsWord(ToText(how))) {
-      return how;
-    }
-  }
-  value.FailValue("type, abilities or none");
-}
-
-std::vector<std::uint32_t> ReadAmbiguity(const YamlView& value) {
-  std::vector<std::uint32_t> keys;
-  for (const YamlView& key : value.Items("a key")) keys.push_back(key.Number(0, kAnyNumber));
-  if (keys.size() < 2) {
-    value.Fail("ambiguous names " + std::string(keys.empty() ? "no key" : "one key"),
-               "the keys of all match profiles that fit, or no entry when no more than one does");
-  }
-  return keys;
+  const auto how = RecognitionOf(value.Word());
+  if (!how) value.FailValue("type, abilities or none");
+  return *how;
 }
 
 Expectation ReadExpectation(const YamlView& view) {
@@ -93,17 +68,16 @@ Expectation ReadExpectation(const YamlView& view) {
   }
   if (const auto how = map.Find("how")) {
     expect.how = ReadRecognition(*how);
-    if ((*expect.how == Recognition::kNone) == expect.real_type.has_value()) {
-      how->Fail("real_type " + real_type.Description() + " and how " + how->Description() +
-                    " exclude each other",
-                "none for both or for neither");
-    }
+    CheckHow(expect, how->Position());
   }
   if (const auto report_type = map.Find("report_type")) {
     expect.report_type = report_type->Number16(0, 65535);
   }
   if (const auto ambiguous = map.Find("ambiguous")) {
-    expect.ambiguous = ReadAmbiguity(*ambiguous);
+    for (const YamlView& key : ambiguous->Items("a key")) {
+      expect.ambiguous.push_back(key.Number(0, kAnyNumber));
+    }
+    CheckAmbiguous(expect, ambiguous->Position());
   }
   return expect;
 }
@@ -120,14 +94,6 @@ std::map<std::uint16_t, std::uint32_t> ReadReportedAbilities(const YamlView& vie
     }
   }
   return abilities;
-}
-
-// A text, and what stands behind its terminator.
-std::string ReadBuffer(const YamlView& value, std::size_t max_bytes, std::string& behind) {
-  const std::string bytes = value.BufferUpTo(max_bytes);
-  const std::size_t terminator = bytes.find('\0');
-  if (terminator != std::string::npos) behind = bytes.substr(terminator + 1);
-  return bytes.substr(0, terminator);
 }
 
 Truth ReadTruth(const YamlView& view) {
@@ -150,10 +116,11 @@ void ReadIdentity(const YamlMap& map, OnuReport& report) {
   report.reported_type =
       type.IsWord("unknown") ? kUnknownReportedType : type.Number(0, kAnyNumber, ", or unknown");
   if (const auto vendor_id = map.Find("vendor_id")) {
-    report.vendor_id = ReadBuffer(*vendor_id, kVendorIdBytes, report.behind_vendor_id);
+    SplitBuffer(vendor_id->BufferUpTo(kVendorIdBytes), report.vendor_id, report.behind_vendor_id);
   }
   if (const auto device_name = map.Find("device_name")) {
-    report.device_name = ReadBuffer(*device_name, kDeviceNameBytes, report.behind_device_name);
+    SplitBuffer(device_name->BufferUpTo(kDeviceNameBytes), report.device_name,
+                report.behind_device_name);
   }
 }
 
@@ -183,18 +150,6 @@ OnuReport ReadReport(const YamlView& item, const Catalogue& catalogue) {
 }
 
 }  // namespace
-
-const char* ToText(Recognition recognition) {
-  switch (recognition) {
-    case Recognition::kType:
-      return "type";
-    case Recognition::kAbilities:
-      return "abilities";
-    case Recognition::kNone:
-      break;
-  }
-  return "none";
-}
 
 Reports ReadReports(const std::string& file, const Catalogue& catalogue) {
   const YamlMap root = OpenYaml(file, "a reports file").Map({"reports", "identify", "onus"});

@@ -3,55 +3,15 @@
 #include <algorithm>
 
 #include "catalogue/nearest_name.h"
+#include "catalogue/scalar_text.h"
 
 namespace olt_host {
 
 namespace {
 
-constexpr std::uint64_t kTooLarge = 0x100000000;
-
 unsigned int LineOf(const YAML::Node& node, unsigned int otherwise) {
   const YAML::Mark mark = node.Mark();
   return mark.is_null() || node.IsNull() ? otherwise : static_cast<unsigned int>(mark.line) + 1;
-}
-
-bool IsDigitOf(unsigned int base, char character) {
-  const bool decimal = character >= '0' && character <= '9';
-  const bool hex = (character >= 'a' && character <= 'f') || (character >= 'A' && character <= 'F');
-  return decimal || (base == 16 && hex);
-}
-
-unsigned int DigitValue(char character) {
-  if (character <= '9') {
-    return static_cast<unsigned int>(character - '0');
-  }
-  return static_cast<unsigned int>((character | 0x20) - 'a') + 10;
-}
-
-// The number that `text` spells; kTooLarge and above stand for all that 32
-// bits do not hold.
-std::optional<std::uint64_t> ParseNumber(const std::string& text) {
-  const bool hex = text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
-  const unsigned int base = hex ? 16 : 10;
-  const std::string digits = hex ? text.substr(2) : text;
-  if (digits.empty()) {
-    return std::nullopt;
-  }
-  std::uint64_t value = 0;
-  for (const char character : digits) {
-    if (!IsDigitOf(base, character)) {
-      return std::nullopt;
-    }
-    value = std::min(value * base + DigitValue(character), kTooLarge);
-  }
-  return value;
-}
-
-bool HasControlCharacter(const std::string& text) {
-  return std::any_of(text.begin(), text.end(), [](char character) {
-    const auto byte = static_cast<unsigned char>(character);
-    return byte < 0x20 || byte == 0x7F;
-  });
 }
 
 }  // namespace
@@ -104,6 +64,8 @@ bool YamlView::IsWord(const std::string& word) const {
   return IsPlainScalar() && _node.Scalar() == word;
 }
 
+std::string YamlView::Word() const { return IsPlainScalar() ? _node.Scalar() : ""; }
+
 bool YamlView::LooksLikeNumber() const {
   return IsPlainScalar() && ParseNumber(_node.Scalar()).has_value();
 }
@@ -144,7 +106,7 @@ std::string YamlView::BufferUpTo(std::size_t max_bytes) const {
   if (terminator == std::string::npos || _node.Scalar().size() > max_bytes) {
     return TextUpTo(max_bytes);
   }
-  if (HasControlCharacter(_node.Scalar().substr(0, terminator))) {
+  if (HasControlCharacter(std::string_view(_node.Scalar()).substr(0, terminator))) {
     FailValue("a text without control characters, and bytes behind \"\\0\" only");
   }
   return _node.Scalar();

@@ -45,6 +45,8 @@ class YamlView {
   bool IsEmpty() const { return _node.IsNull(); }
   // Whether the value is this word, written without quotes.
   bool IsWord(const std::string& word) const;
+  // The word that stands there without quotes, "" when it is none.
+  std::string Word() const;
   // Whether the value is a number as Number takes them, whatever its range.
   bool LooksLikeNumber() const;
 
