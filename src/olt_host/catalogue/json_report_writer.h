@@ -15,11 +15,14 @@ class JsonReportWriter {
   // Codes stand by the names that the registry has for them now.
   JsonReportWriter();
 
-  // With its line break.
+  // With its line break. Texts may hold any bytes; where they are UTF-8, so is the line.
   std::string Line(const NetworkReport& report) const;
 
  private:
-  std::map<std::uint16_t, std::string> _names;  // of codes
+  void AddAbilities(const std::map<std::uint16_t, std::uint32_t>& abilities,
+                    std::string& line) const;
+
+  std::map<std::uint16_t, std::string> _names;  // of codes, as far as they are plain words
 };
 
 }  // namespace olt_host
