@@ -15,13 +15,12 @@ PopulationGenerator::PopulationGenerator(std::vector<Model> models, const FaultR
   }
 }
 
-OnuReport PopulationGenerator::Onu(std::uint32_t number) const {
-  constexpr std::uint32_t kOnusOfAPlace = 256;
+OnuReport PopulationGenerator::Onu(std::uint64_t number) const {
   RandomStream choices(_seed, number, 0);
   const Model& model = _models[choices.Below(static_cast<std::uint32_t>(_models.size()))];
   const bool tells_type = choices.Coin();
   OnuReport report = model.report;
-  report.place = static_cast<std::uint16_t>(number / kOnusOfAPlace);
+  report.place = static_cast<std::uint16_t>(number / kOnusOfAPlace % (kMostOnus / kOnusOfAPlace));
   report.onu = static_cast<std::uint8_t>(number % kOnusOfAPlace);
   if (!tells_type) report.reported_type = kUnknownReportedType;
   report.truth = Truth{model.real_type, {}};

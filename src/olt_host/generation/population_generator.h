@@ -16,6 +16,7 @@ namespace olt_host {
 
 // Every place with every number.
 constexpr std::uint32_t kMostOnus = 65536U * 256U;
+constexpr std::uint32_t kOnusOfAPlace = 256;
 
 class PopulationGenerator {
  public:
@@ -24,8 +25,9 @@ class PopulationGenerator {
   PopulationGenerator(std::vector<Model> models, const FaultRates& rates, std::uint64_t seed,
                       bool asked_again);
 
-  // REQUIRES: `number` is less than kMostOnus.
-  OnuReport Onu(std::uint32_t number) const;
+  // Its place and its number there are those in an OLT with all ONUs up to this one, and
+  // start anew behind the last that an OLT has.
+  OnuReport Onu(std::uint64_t number) const;
 
   const std::vector<Model>& models() const { return _models; }
 
