@@ -145,9 +145,12 @@ std::optional<Progress> Checkpoint::Read() const {
   }
 }
 
+bool Checkpoint::IsDue() const {
+  return !_path.empty() && (!_kept || std::chrono::steady_clock::now() - *_kept >= kBetween);
+}
+
 void Checkpoint::Keep(const Progress& progress) {
-  if (_kept && std::chrono::steady_clock::now() - *_kept < kBetween) return;
-  KeepNow(progress);
+  if (IsDue()) KeepNow(progress);
 }
 
 void Checkpoint::KeepNow(const Progress& progress) {

@@ -30,8 +30,11 @@ class Checkpoint {
   // differs and how to start anew.
   std::optional<Progress> Read() const;
 
-  // Keeps `progress`, unless the last was kept less than a second ago; a crash leaves the
-  // earlier one or this one. Throws std::runtime_error.
+  // Whether Keep would keep: there is a file, and the last was kept a second ago or longer.
+  // Before it a caller need not make the summary up.
+  bool IsDue() const;
+  // Keeps `progress` if that is due; a crash leaves the earlier one or this one. Throws
+  // std::runtime_error.
   void Keep(const Progress& progress);
   // Keeps it in any case.
   void KeepNow(const Progress& progress);

@@ -59,13 +59,16 @@ TEST(Checkpoint, WhatIsKeptComesBack) {
 TEST(Checkpoint, IsKeptOnceASecond) {
   const TemporaryDirectory directory;
   Checkpoint checkpoint(directory.Path("c"), OneRun());
+  EXPECT_TRUE(checkpoint.IsDue());
   checkpoint.Keep(At(10));
   ExpectAt(checkpoint, 10);
+  EXPECT_FALSE(checkpoint.IsDue());
   checkpoint.Keep(At(20));
   ExpectAt(checkpoint, 10);
   checkpoint.KeepNow(At(30));
   ExpectAt(checkpoint, 30);
   std::this_thread::sleep_for(std::chrono::milliseconds(1050));
+  EXPECT_TRUE(checkpoint.IsDue());
   checkpoint.Keep(At(40));
   ExpectAt(checkpoint, 40);
 }
@@ -82,6 +85,7 @@ TEST(Checkpoint, IsGoneWhenTheRunIsDone) {
 
 TEST(Checkpoint, WithoutAFileNothingIsKept) {
   Checkpoint checkpoint("", OneRun());
+  EXPECT_FALSE(checkpoint.IsDue());
   checkpoint.KeepNow(At(10));
   EXPECT_FALSE(checkpoint.Read());
   checkpoint.Remove();
