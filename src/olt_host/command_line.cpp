@@ -11,6 +11,7 @@
 #include "generate_command_line.h"
 #include "lint_command_line.h"
 #include "types_command_line.h"
+#include "unknown_command_line.h"
 
 namespace olt_host {
 
@@ -188,8 +189,9 @@ ParsedCommandLine ParseCommandLine(int argc, const char* const* argv) {
       {Job::kAttach, AddAttach(app, result)},     {Job::kPassword, AddPassword(app, result)},
       {Job::kTypes, AddTypes(app, result)},       {Job::kCompare, AddCompare(app, result)},
       {Job::kGenerate, AddGenerate(app, result)}, {Job::kExplain, AddExplain(app, result)},
-      {Job::kCapture, AddCapture(app, result)},   {Job::kReplay, AddReplay(app, result)},
-      {Job::kLint, AddLint(app, result)},         {Job::kDiff, AddDiff(app, result)},
+      {Job::kUnknown, AddUnknown(app, result)},   {Job::kCapture, AddCapture(app, result)},
+      {Job::kReplay, AddReplay(app, result)},     {Job::kLint, AddLint(app, result)},
+      {Job::kDiff, AddDiff(app, result)},
   };
   try {
     app.parse(argc, argv);

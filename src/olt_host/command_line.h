@@ -23,6 +23,7 @@ enum class Job {
   kAttach,
   kPassword,
   kExplain,
+  kUnknown,
   kCapture,
   kReplay,
   kTypes,
@@ -54,6 +55,13 @@ struct ExplainOptions {
   std::uint16_t place = 0;
   std::uint8_t onu = 0;
   bool all = false;  // every profile
+  bool json = false;
+};
+
+// How `unknown` shows what it finds.
+struct UnknownOptions {
+  bool all = false;      // every group
+  bool entries = false;  // nothing but the entries
   bool json = false;
 };
 
@@ -120,6 +128,8 @@ struct CommandLine {
   TypesOptions types;  // of types and compare
 
   ExplainOptions explain;
+
+  UnknownOptions unknown;
 
   CaptureOptions capture;
   ReplayOptions replay;

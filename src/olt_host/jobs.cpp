@@ -23,6 +23,8 @@ int RunJob(const CommandLine& command_line) {
       return RunLintJob(command_line);
     case Job::kExplain:
       return RunExplainJob(command_line);
+    case Job::kUnknown:
+      return RunUnknownJob(command_line);
     case Job::kCapture:
       return RunCaptureJob(command_line);
     case Job::kReplay:

@@ -18,6 +18,7 @@ int RunScriptJob(const CommandLine& command_line);    // run
 int RunPasswordJob(const CommandLine& command_line);  // password
 int RunLintJob(const CommandLine& command_line);      // lint
 int RunExplainJob(const CommandLine& command_line);   // explain
+int RunUnknownJob(const CommandLine& command_line);   // unknown
 int RunCaptureJob(const CommandLine& command_line);   // capture
 int RunReplayJob(const CommandLine& command_line);    // replay
 int RunTypesJob(const CommandLine& command_line);     // types

@@ -35,6 +35,7 @@ void InstallCommands() {
   InstallSystemCommands();
   InstallOnuCommands();
   InstallExplainCommands();
+  InstallUnknownCommands();
   InstallCaptureCommands();
   InstallCatalogueCommands();
   InstallLintCommands();

@@ -9,6 +9,8 @@ namespace olt_host {
 void InstallOnuCommands();
 // explain onu.
 void InstallExplainCommands();
+// show onu unknown.
+void InstallUnknownCommands();
 // capture onu, replay.
 void InstallCaptureCommands();
 // show catalogue, reload.
