@@ -70,7 +70,9 @@ std::string ReportText(const AlikeOnus& group) {
 }
 
 std::string ProfileName(const NearProfile& near) {
-  return std::to_string(near.profile.key) + (near.name.empty() ? "" : " " + near.name);
+  const bool is_operators = near.profile.source == ONU_ABILITY_PROFILE_SOURCE_EXTERNAL;
+  return std::to_string(near.profile.key) + (near.name.empty() ? "" : " " + near.name) +
+         (is_operators ? " (operator)" : "");
 }
 
 std::string TallyText(const AbilityTally& tally) {
