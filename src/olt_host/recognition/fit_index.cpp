@@ -73,6 +73,12 @@ std::vector<std::size_t> FitIndex::Fitting(const OnuAbilityProfile& report) {
   return PositionsOf(fitting);
 }
 
+std::size_t FitIndex::Remembered() const {
+  std::size_t values = 0;
+  for (const auto& entry : _columns) values += entry.second.reported.size();
+  return values;
+}
+
 FitIndex::Column& FitIndex::ColumnOf(std::uint16_t code) {
   const auto known = _columns.find(code);
   if (known != _columns.end()) return known->second;
@@ -109,10 +115,11 @@ FitIndex::Column FitIndex::MakeColumn(std::uint16_t code) const {
 }
 
 FitIndex::Reported& FitIndex::ReportedIn(Column& column, std::uint16_t code, const Value& value) {
-  const auto [entry, is_new] = column.reported.try_emplace(
-      {value.ability_value_type, value.ability_ushort_value, value.ability_string_value});
-  Reported& reported = entry->second;
-  if (!is_new) return reported;
+  ValueKey key{value.ability_value_type, value.ability_ushort_value, value.ability_string_value};
+  const auto known = column.reported.find(key);
+  if (known != column.reported.end()) return known->second;
+  if (column.reported.size() == kMostReported) column.reported.clear();
+  Reported& reported = column.reported[std::move(key)];
   reported.report = MakeReport(code, value);
   reported.verdicts.assign(column.held.size(), kNotAsked);
   if (column.held.size() > kFewValues || column.held.empty()) return reported;

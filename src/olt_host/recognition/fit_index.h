@@ -24,11 +24,18 @@ namespace olt_host {
 
 class FitIndex {
  public:
+  // Of one code so many values are remembered: ONUs report garbage without end, and what is
+  // forgotten is asked for again.
+  static constexpr std::size_t kMostReported = 2048;
+
   // Keeps copies of what it needs.
   explicit FitIndex(const std::vector<OnuAbilityProfile>& patterns);
 
   // The positions of the patterns that fit, ascending: the last is the newest.
   std::vector<std::size_t> Fitting(const OnuAbilityProfile& report);
+
+  // Reported values that are remembered, of all codes.
+  std::size_t Remembered() const;
 
   // The pattern that the fewest abilities of the report decide against, of several the
   // newest; nothing without patterns.

@@ -117,5 +117,26 @@ TEST_F(FitIndexTest, TakesNoPatternWithoutAKeyWhereTheKeyIsCompared) {
             std::vector<std::size_t>{0});
 }
 
+// A million ONUs report names without end.
+TEST_F(FitIndexTest, ForgetsReportedValuesBeforeTheyAreTooMany) {
+  LargeNetwork network(5);
+  const LibraryState library = network.Library(100);
+  olt_host::InstallLibrary(library);
+  olt_host::FitIndex index(library.match_profiles);
+  constexpr std::size_t kMost = olt_host::FitIndex::kMostReported;
+  OnuAbilityProfile report;
+  report.Init(ONU_ABILITY_PROFILE_TYPE_MATCH, ONU_ABILITY_PROFILE_SOURCE_ALL,
+              ONU_ABILITY_MATCH_TYPE_PATTERN);
+  for (std::size_t i = 0; i < 2 * kMost + 10; ++i) {
+    report.UpdateInit(1083, (i % 3 == 0 ? "MODEL-" : "GARBAGE-") + std::to_string(i));
+    const std::vector<std::size_t> fitting = index.Fitting(report);
+    ASSERT_LE(index.Remembered(), kMost);
+    if (i % 50 == 0) {
+      EXPECT_EQ(fitting, FittingOneByOne(library.match_profiles, report));
+    }
+  }
+  EXPECT_LT(index.Remembered(), kMost / 2) << "nothing was forgotten";
+}
+
 }  // namespace
 }  // namespace olt_host_test
