@@ -26,13 +26,11 @@ Catalogue ReadCatalogue(const std::string& path) {
   return ReadCatalogueFiles(request).catalogue;
 }
 
-// Both catalogues, the population and what became of it under each.
+// Both catalogues, the population and what becomes of it otherwise.
 struct Comparison {
   Catalogue older;
   Catalogue newer;
   ReportsOfBoth reports;
-  PopulationOutcome before;
-  PopulationOutcome after;
   PopulationDifference difference;
 };
 
@@ -46,15 +44,16 @@ std::size_t CountOnus(const Populations& populations) {
 void CompareUnderBoth(Comparison& comparison) {
   const std::size_t onus = CountOnus(comparison.reports.for_older);
   ProgressBar progress(std::cerr, isatty(STDERR_FILENO) != 0, 2 * onus);
-  comparison.before = OutcomeOf(comparison.reports.for_older,
-                                [&progress](std::size_t done) { progress.Show(done); });
+  const PopulationOutcome before = OutcomeOf(
+      comparison.reports.for_older, [&progress](std::size_t done) { progress.Show(done); });
   LoadInstead(comparison.newer);
-  comparison.after = OutcomeOf(comparison.reports.for_newer,
-                               [&progress, onus](std::size_t done) { progress.Show(onus + done); });
-  comparison.difference = Compare(comparison.before, comparison.after);
-  AskAfter(comparison.difference, comparison.before, comparison.reports.for_newer);
+  const PopulationOutcome after =
+      OutcomeOf(comparison.reports.for_newer,
+                [&progress, onus](std::size_t done) { progress.Show(onus + done); });
+  comparison.difference = Compare(before, after);
+  AskAfter(comparison.difference, ExamplesOf(comparison.reports.for_newer));
   LoadInstead(comparison.older);
-  AskBefore(comparison.difference, comparison.after, comparison.reports.for_older);
+  AskBefore(comparison.difference, ExamplesOf(comparison.reports.for_older));
 }
 
 std::string CatalogueLine(const char* which, const std::string& path, const Catalogue& catalogue) {
@@ -112,8 +111,7 @@ int RunDiffJob(const CommandLine& command_line) {
   OpenLog(command_line.log);
   const RunningLibrary library(comparison.older);
   CompareUnderBoth(comparison);
-  const DifferenceView view{comparison.difference, comparison.before, comparison.after,
-                            options.reports};
+  const DifferenceView view{comparison.difference, options.reports};
   (options.json ? WriteJson : WriteText)(options, comparison, view);
   if (!std::cout.flush()) throw std::runtime_error("standard output cannot be written");
   return comparison.difference.Changed() == 0 ? kExitOk : kExitNotAsExpected;

@@ -23,8 +23,7 @@ void WriteText(struct vty& terminal, const std::string& text) {
 
 DifferenceView ViewOf(const TriedChange& tried) {
   static const std::vector<std::string> no_files;
-  return {tried.difference, tried.before,           tried.after,
-          no_files,         "the library as it is", "the tried change"};
+  return {tried.difference, no_files, "the library as it is", "the tried change"};
 }
 
 Json LinesOf(const std::string& text) {

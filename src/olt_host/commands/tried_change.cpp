@@ -106,17 +106,17 @@ std::shared_ptr<TriedChange> Try(const TriedChange* earlier, const Populations& 
   tried->base = earlier == nullptr ? library.state() : earlier->base;
   tried->base_pending = earlier == nullptr ? library.pending() : earlier->base_pending;
   tried->lines = (earlier == nullptr ? 0 : earlier->lines) + 1;
-  tried->before = OutcomeOf(populations);
+  const PopulationOutcome before = OutcomeOf(populations);
   InstallLibrary(earlier == nullptr ? *library.state() : *earlier->wanted);
   if (earlier != nullptr) PutBack::Lend(earlier->wanted_pending);
   if (!change()) return nullptr;
   tried->wanted = std::make_shared<const LibraryState>(CaptureLibrary());
   tried->wanted_pending = CopyOfPending();
-  tried->after = OutcomeOf(populations);
-  tried->difference = Compare(tried->before, tried->after);
-  AskAfter(tried->difference, tried->before, populations);
+  const PopulationOutcome after = OutcomeOf(populations);
+  tried->difference = Compare(before, after);
+  AskAfter(tried->difference, ExamplesOf(populations));
   InstallLibrary(*library.state());
-  AskBefore(tried->difference, tried->after, populations);
+  AskBefore(tried->difference, ExamplesOf(populations));
   return tried;
 }
 

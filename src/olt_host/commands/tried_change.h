@@ -29,8 +29,6 @@ struct TriedChange {
   std::shared_ptr<const OnuAbilityProfile> wanted_pending;
   std::size_t lines = 0;
 
-  PopulationOutcome before;
-  PopulationOutcome after;
   PopulationDifference difference;
 
   bool ChangesLibrary() const { return !SameForOperators(*base, *wanted); }

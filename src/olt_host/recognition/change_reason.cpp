@@ -47,7 +47,7 @@ std::string ReportedTypeText(const SideOfChange& side) {
   return "it reports type " + std::to_string(side.winner.key);
 }
 
-std::string TranslationText(const OnuOutcome& before, const OnuOutcome& after) {
+std::string TranslationText(const SideOfChange& before, const SideOfChange& after) {
   const std::string from = std::to_string(before.report_type);
   const std::string to = std::to_string(after.report_type);
   if (before.type_to_translate != after.type_to_translate) {
@@ -62,9 +62,9 @@ std::string TranslationText(const OnuOutcome& before, const OnuOutcome& after) {
          (is_left ? "leaves it" : "makes it " + to);
 }
 
-std::string ByAbilities(const ChangeGroup& group, const OnuOutcome& before) {
+std::string ByAbilities(const ChangeGroup& group) {
   if (!group.after.real_type) return LoserText(group) + "; no other profile fits";
-  if (!before.real_type) return WinnerText(group);
+  if (!group.before.real_type) return WinnerText(group);
   return LoserText(group) + "; " + WinnerText(group);
 }
 
@@ -74,7 +74,9 @@ std::string NamedNumber(std::uint32_t number, const std::string& name) {
   return std::to_string(number) + (name.empty() ? "" : " " + Quoted(name));
 }
 
-std::string ReasonOf(const ChangeGroup& group, const OnuOutcome& before, const OnuOutcome& after) {
+std::string ReasonOf(const ChangeGroup& group) {
+  const SideOfChange& before = group.before;
+  const SideOfChange& after = group.after;
   const bool same_profile =
       before.real_type && after.real_type && before.winner.key == after.winner.key;
   if (group.kind == OnuChange::kReportType && (same_profile || !before.real_type)) {
@@ -90,7 +92,7 @@ std::string ReasonOf(const ChangeGroup& group, const OnuOutcome& before, const O
     return ReportedTypeText(group.before) + ", and no profile has that key any more; " +
            (after.real_type ? WinnerText(group) : "none fits its abilities");
   }
-  return ByAbilities(group, before);
+  return ByAbilities(group);
 }
 
 std::string ReasonOf(const LuckGroup& group) {

@@ -11,8 +11,8 @@ namespace olt_host {
 // `1077 "EXAMPLE-SFU"`, or the number alone without a name.
 std::string NamedNumber(std::uint32_t number, const std::string& name);
 
-// Of the group's first example, whose outcomes these are.
-std::string ReasonOf(const ChangeGroup& group, const OnuOutcome& before, const OnuOutcome& after);
+// Of the group's first example.
+std::string ReasonOf(const ChangeGroup& group);
 
 // "profile 1077 "A" is tried before 1078 "B", which fits as well, and 2 more do".
 std::string ReasonOf(const LuckGroup& group);

@@ -7,17 +7,19 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-Json OnuJson(const DifferenceView& view, const OnuOutcome& onu) {
+Json OnuJson(const DifferenceView& view, const OnuAddress& onu) {
   Json json = {{"place", onu.place}, {"onu", onu.onu}};
-  if (view.files.size() > 1) json["reports"] = view.files[onu.population];
+  if (!onu.olt.empty()) {
+    json["olt"] = onu.olt;
+  } else if (view.files.size() > 1) {
+    json["reports"] = view.files[onu.file];
+  }
   return json;
 }
 
-Json ExamplesJson(const DifferenceView& view, const std::vector<std::size_t>& examples) {
+Json ExamplesJson(const DifferenceView& view, const std::vector<OnuAddress>& examples) {
   Json onus = Json::array();
-  for (const std::size_t example : examples) {
-    onus.push_back(OnuJson(view, view.before.onus[example]));
-  }
+  for (const OnuAddress& onu : examples) onus.push_back(OnuJson(view, onu));
   return onus;
 }
 
@@ -25,13 +27,14 @@ Json PatternJson(const PatternName& pattern, const std::string& name) {
   return {{"key", pattern.key}, {"source", pattern.source}, {"id", pattern.id}, {"name", name}};
 }
 
-Json SideJson(const SideOfChange& side, const OnuOutcome& onu) {
+Json SideJson(const SideOfChange& side) {
   Json json = {{"real_type", nullptr},
                {"type_name", side.type_name},
+               {"type_to_translate", side.type_to_translate},
                {"report_type", side.report_type},
-               {"recognised_by", ToText(onu.how)},
+               {"recognised_by", ToText(side.how)},
                {"profile", nullptr},
-               {"fitting_profiles", onu.fitting}};
+               {"fitting_profiles", side.fitting}};
   if (!side.real_type) return json;
   json["real_type"] = *side.real_type;
   json["profile"] = PatternJson(side.winner, side.type_name);
@@ -55,13 +58,12 @@ Json StandingJson(const PatternStanding& standing) {
 }
 
 Json GroupJson(const DifferenceView& view, const ChangeGroup& group) {
-  const std::size_t example = group.examples.front();
   Json json = {{"change", ToText(group.kind)},
                {"onus", group.onus},
-               {"before", SideJson(group.before, view.before.onus[example])},
-               {"after", SideJson(group.after, view.after.onus[example])},
+               {"before", SideJson(group.before)},
+               {"after", SideJson(group.after)},
                {"examples", ExamplesJson(view, group.examples)},
-               {"why", ReasonOf(group, view.before.onus[example], view.after.onus[example])}};
+               {"why", ReasonOf(group)}};
   if (group.before.real_type) json["old_profile_after"] = StandingJson(group.loser_after);
   if (group.after.real_type) json["new_profile_before"] = StandingJson(group.winner_before);
   return json;

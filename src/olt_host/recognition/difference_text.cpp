@@ -43,10 +43,10 @@ class TextWriter {
     _out << "  " << std::left << std::setw(56) << what << std::right << std::setw(8) << count
          << "\n";
   }
-  // Breaks between words; every line begins with the indent.
-  void Wrapped(const std::string& text) {
+  // Breaks between words; every line begins with the indent, the first with `head` in it.
+  void Wrapped(const std::string& text, const std::string& head = "") {
     std::istringstream words(text);
-    std::string line(kIndent, ' ');
+    std::string line = head + std::string(kIndent - head.size(), ' ');
     std::string word;
     bool is_first = true;
     while (words >> word) {
@@ -63,8 +63,8 @@ class TextWriter {
   // A count in front of a text.
   void Counted(std::size_t count, const std::string& text) {
     std::ostringstream head;
-    head << std::setw(8) << count << "  " << text;
-    Line(head.str());
+    head << std::setw(8) << count;
+    Wrapped(text, head.str());
   }
   void More(std::size_t hidden) {
     if (hidden > 0) {
@@ -77,18 +77,19 @@ class TextWriter {
   std::ostringstream _out;
 };
 
-std::string OnuName(const DifferenceView& view, const OnuOutcome& onu) {
-  std::string name = std::to_string(onu.place) + "/" + std::to_string(onu.onu);
+std::string OnuName(const DifferenceView& view, const OnuAddress& onu) {
+  const std::string name = std::to_string(onu.place) + "/" + std::to_string(onu.onu);
+  if (!onu.olt.empty()) return name + " of " + onu.olt;
   if (view.files.size() < 2) return name;
-  const std::string& file = view.files[onu.population];
+  const std::string& file = view.files[onu.file];
   return name + " of " + file.substr(file.rfind('/') + 1);
 }
 
-std::string ExamplesText(const DifferenceView& view, const std::vector<std::size_t>& examples,
+std::string ExamplesText(const DifferenceView& view, const std::vector<OnuAddress>& examples,
                          std::size_t onus) {
   std::string text = onus == 1 ? "ONU " : "ONUs ";
   for (std::size_t i = 0; i < examples.size(); ++i) {
-    text += (i == 0 ? "" : ", ") + OnuName(view, view.before.onus[examples[i]]);
+    text += (i == 0 ? "" : ", ") + OnuName(view, examples[i]);
   }
   return onus > examples.size() ? text + ", ..." : text;
 }
@@ -114,11 +115,6 @@ std::string WhatOf(const ChangeGroup& group) {
   }
 }
 
-std::string ReasonText(const DifferenceView& view, const ChangeGroup& group) {
-  const std::size_t example = group.examples.front();
-  return ReasonOf(group, view.before.onus[example], view.after.onus[example]);
-}
-
 void WriteGroups(const DifferenceView& view, const KindTexts& kind, TextWriter& out) {
   std::size_t shown = 0;
   std::size_t groups = 0;
@@ -129,7 +125,7 @@ void WriteGroups(const DifferenceView& view, const KindTexts& kind, TextWriter& 
     ++shown;
     out.Counted(group.onus, WhatOf(group));
     out.Wrapped(ExamplesText(view, group.examples, group.onus));
-    out.Wrapped("Why: " + ReasonText(view, group));
+    out.Wrapped("Why: " + ReasonOf(group));
   }
   out.More(groups - shown);
 }

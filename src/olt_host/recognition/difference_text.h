@@ -14,9 +14,8 @@ namespace olt_host {
 // Everything that is shown; what it refers to must outlive it.
 struct DifferenceView {
   const PopulationDifference& difference;
-  const PopulationOutcome& before;
-  const PopulationOutcome& after;
-  // The report files by their names; one of them is not named beside ONUs.
+  // The report files by their names; one of them is not named beside ONUs, and none where
+  // OLTs are.
   const std::vector<std::string>& files;
   const char* before_name = "OLD";  // as in "under OLD"
   const char* after_name = "NEW";

@@ -1,82 +1,13 @@
 #include "recognition/population_outcome.h"
 
-#include "recognition/fit_index.h"
+#include "recognition/outcome_reader.h"
+#include "recognition/silent_observer.h"
 
 namespace olt_host {
 
 namespace {
 
 OnuAbilityTableManager& Tables() { return *OnuAbilityTableManager::GetInstance(); }
-
-class Unheard : public ConfirmationObserver {
- public:
-  void OnProfile(unsigned int /*stage*/, const ConfirmOnuType& /*profile*/) override {}
-  void OnRealType(std::uint16_t /*real_type*/) override {}
-  void OnReportType(std::uint16_t /*report_type*/) override {}
-};
-
-// Among the fitting patterns the newest but one.
-PatternName NextOf(const std::vector<std::size_t>& fitting,
-                   const std::vector<OnuAbilityProfile>& patterns) {
-  return NameOf(patterns[fitting[fitting.size() - 2]]);
-}
-
-class OutcomeReader {
- public:
-  OutcomeReader() : _patterns(MatchProfiles()), _index(_patterns) {}
-
-  OnuOutcome Read(const ReportSource& source, const OnuReport& report) {
-    Unheard unheard;
-    const ScopedHookContext context(source, unheard);
-    ConfirmOnuType onu(report.place, report.onu);
-    onu.Init();
-    OnuOutcome outcome;
-    outcome.place = report.place;
-    outcome.onu = report.onu;
-    Recognise(onu, outcome);
-    onu.Get(ONU_ABILITY_CODE_REPORT_TYPE, outcome.type_to_translate);
-    onu.TransOnutypeByHswSwitch();
-    outcome.report_type = static_cast<std::uint16_t>(onu._report_type);
-    if (outcome.how != Recognition::kNone) {
-      unsigned int real_type = 0;
-      onu.Get(ONU_ABILITY_CODE_REAL_TYPE, real_type);
-      outcome.real_type = static_cast<std::uint16_t>(real_type);
-      outcome.winner = NameOf(onu);
-    }
-    return outcome;
-  }
-
- private:
-  void Recognise(ConfirmOnuType& onu, OnuOutcome& outcome) {
-    if (onu.IsValidOnuType() == ONU_ABILITY_RET_OK) {
-      // A profile without a key is what an ONU without a type names.
-      outcome.how = onu._type_from_onu_report == kUnknownReportedType ? Recognition::kAbilities
-                                                                      : Recognition::kType;
-      return;
-    }
-    onu._type_from_onu_report = kUnknownReportedType;
-    onu.UpdateOnucapaFromSpecialMe();
-    const std::vector<std::size_t> fitting = _index.Fitting(onu);
-    outcome.fitting = fitting.size();
-    if (fitting.size() > 1) outcome.next = NextOf(fitting, _patterns);
-    if (Tables() == onu) outcome.how = Recognition::kAbilities;
-  }
-
-  const std::vector<OnuAbilityProfile> _patterns;
-  FitIndex _index;
-};
-
-std::map<std::uint32_t, std::string> TypeNames() {
-  std::vector<OnuAbilityProfile> profiles;
-  Tables().GetAll(ONU_ABILITY_PROFILE_TYPE_REAL, ONU_ABILITY_PROFILE_SOURCE_ALL, profiles);
-  std::map<std::uint32_t, std::string> names;
-  for (const OnuAbilityProfile& profile : profiles) {
-    std::string name;
-    profile.Get(ONU_ABILITY_CODE_TYPE_NAME, name);
-    names[NameOf(profile).key] = name;
-  }
-  return names;
-}
 
 }  // namespace
 
@@ -89,8 +20,8 @@ PatternName NameOf(const OnuAbilityProfile& pattern) {
 }
 
 OnuAbilityProfile GatherForComparison(const ReportSource& source, const OnuReport& report) {
-  Unheard unheard;
-  const ScopedHookContext context(source, unheard);
+  SilentObserver silent;
+  const ScopedHookContext context(source, silent);
   ConfirmOnuType onu(report.place, report.onu);
   onu.Init();
   onu.UpdateOnucapaFromSpecialMe();
@@ -108,8 +39,20 @@ PopulationOutcome OutcomeOf(const Populations& populations,
       if (progress) progress(outcome.onus.size());
     }
   }
-  outcome.type_names = TypeNames();
+  outcome.type_names = ReadTypeNames();
   return outcome;
+}
+
+NamesByKey ReadTypeNames() {
+  std::vector<OnuAbilityProfile> profiles;
+  Tables().GetAll(ONU_ABILITY_PROFILE_TYPE_REAL, ONU_ABILITY_PROFILE_SOURCE_ALL, profiles);
+  NamesByKey names;
+  for (const OnuAbilityProfile& profile : profiles) {
+    std::string name;
+    profile.Get(ONU_ABILITY_CODE_TYPE_NAME, name);
+    names[NameOf(profile).key] = name;
+  }
+  return names;
 }
 
 std::vector<OnuAbilityProfile> MatchProfiles() {

@@ -52,9 +52,11 @@ struct OnuOutcome {
   bool ByLuck() const { return fitting > 1; }
 };
 
+using NamesByKey = std::map<std::uint32_t, std::string>;  // of the real profiles, by key
+
 struct PopulationOutcome {
-  std::vector<OnuOutcome> onus;                     // in the order of the populations
-  std::map<std::uint32_t, std::string> type_names;  // of the real profiles, by key
+  std::vector<OnuOutcome> onus;  // in the order of the populations
+  NamesByKey type_names;
 };
 
 // The ONU as it is compared with match profiles, the private capability brought in.
@@ -62,14 +64,16 @@ struct PopulationOutcome {
 // REQUIRES: the hooks are registered; `source` knows the ONU of `report`.
 OnuAbilityProfile GatherForComparison(const ReportSource& source, const OnuReport& report);
 
-// By the library's own steps of a confirmation; the host is told nothing. Match profiles
-// without a key may gain the unset entry that every comparison leaves. `progress` (may be
-// empty) is called with the number of ONUs done.
+// As an OutcomeReader tells it. `progress` (may be empty) is called with the number of ONUs
+// done.
 //
 // REQUIRES: the hooks are registered, the library is loaded. On the thread that works with
 // the library.
 PopulationOutcome OutcomeOf(const Populations& populations,
                             const std::function<void(std::size_t)>& progress = {});
+
+// Of the library as it is.
+NamesByKey ReadTypeNames();
 
 // The match profiles of the library, oldest first.
 std::vector<OnuAbilityProfile> MatchProfiles();

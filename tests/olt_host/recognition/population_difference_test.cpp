@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <ctime>
 #include <iostream>
 #include <set>
@@ -35,6 +36,14 @@ struct Asked {
   PopulationDifference difference;
 };
 
+std::size_t IndexOf(const PopulationOutcome& outcome, const olt_host::OnuAddress& onu) {
+  const auto found = std::find_if(
+      outcome.onus.begin(), outcome.onus.end(), [&onu](const olt_host::OnuOutcome& other) {
+        return onu.file == other.population && onu.place == other.place && onu.onu == other.onu;
+      });
+  return static_cast<std::size_t>(found - outcome.onus.begin());
+}
+
 Asked Ask(const LibraryState& older, const LibraryState& newer, const Populations& populations) {
   Asked asked;
   olt_host::InstallLibrary(older);
@@ -42,9 +51,9 @@ Asked Ask(const LibraryState& older, const LibraryState& newer, const Population
   olt_host::InstallLibrary(newer);
   asked.after = olt_host::OutcomeOf(populations);
   asked.difference = olt_host::Compare(asked.before, asked.after);
-  olt_host::AskAfter(asked.difference, asked.before, populations);
+  olt_host::AskAfter(asked.difference, olt_host::ExamplesOf(populations));
   olt_host::InstallLibrary(older);
-  olt_host::AskBefore(asked.difference, asked.after, populations);
+  olt_host::AskBefore(asked.difference, olt_host::ExamplesOf(populations));
   return asked;
 }
 
@@ -72,8 +81,8 @@ Counted CountOneByOne(const LibraryState& library, const olt_host::Population& p
 
 using Types = std::pair<std::optional<std::uint16_t>, std::optional<std::uint16_t>>;
 
-void ExpectSame(const PopulationDifference& difference, const Counted& before,
-                const Counted& after) {
+void ExpectSame(const Asked& asked, const Counted& before, const Counted& after) {
+  const PopulationDifference& difference = asked.difference;
   std::map<Types, std::size_t> changes;
   std::size_t report_types = 0;
   for (std::size_t i = 0; i < before.results.size(); ++i) {
@@ -91,8 +100,12 @@ void ExpectSame(const PopulationDifference& difference, const Counted& before,
       EXPECT_TRUE(told.emplace(types, group.onus).second) << "two groups of the same change";
     }
     ASSERT_FALSE(group.examples.empty());
-    EXPECT_EQ(before.results[group.examples.front()].real_type, types.first);
-    EXPECT_EQ(after.results[group.examples.front()].real_type, types.second);
+    for (const olt_host::OnuAddress& onu : group.examples) {
+      const std::size_t example = IndexOf(asked.before, onu);
+      ASSERT_LT(example, before.results.size());
+      EXPECT_EQ(before.results[example].real_type, types.first);
+      EXPECT_EQ(after.results[example].real_type, types.second);
+    }
   }
   EXPECT_EQ(told, changes);
   EXPECT_EQ(difference.CountOf(OnuChange::kReportType), report_types);
@@ -133,8 +146,7 @@ TEST_F(PopulationDifferenceTest, IsWhatCountingOneByOneGives) {
     newer.hgu_common_type = 4711;
     const Populations populations = OnePopulation(network.Population(120));
     const Asked asked = Ask(older, newer, populations);
-    ExpectSame(asked.difference, CountOneByOne(older, *populations[0]),
-               CountOneByOne(newer, *populations[0]));
+    ExpectSame(asked, CountOneByOne(older, *populations[0]), CountOneByOne(newer, *populations[0]));
     EXPECT_EQ(SumOf(asked.difference.luck_after), asked.difference.luck_after.onus);
     changed += asked.difference.Changed();
     if (HasFailure()) return;
@@ -163,7 +175,7 @@ TEST_F(PopulationDifferenceTest, StandingsAreTheLibrarysVerdicts) {
   for (const ChangeGroup& group : asked.difference.groups) {
     if (!group.before.real_type) continue;
     const OnuAbilityProfile report = olt_host::GatherForComparison(
-        *populations[0], populations[0]->Onus()[group.examples.front()]);
+        *populations[0], populations[0]->Onus()[IndexOf(asked.before, group.examples.front())]);
     bool is_there = false;
     bool fits = false;
     for (const OnuAbilityProfile& pattern : newer.match_profiles) {
