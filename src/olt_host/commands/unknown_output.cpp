@@ -119,11 +119,10 @@ std::string WhyNoEntry(const AlikeOnus& group, const ProposedEntry& entry) {
 
 // Whom the entry takes beside the group.
 void WriteTaken(struct vty& terminal, const ProposedEntry& entry) {
-  if (!entry.takes_safe.empty()) {
+  if (entry.takes_safe != 0) {
     WriteWrapped(terminal, "   Careful  ",
-                 "the entry changes the type of " +
-                     CountText(entry.takes_safe.size(), "ONU", "ONUs") +
-                     " that only one profile fits now: " + Examples(entry.takes_safe),
+                 "the entry changes the type of " + CountText(entry.takes_safe, "ONU", "ONUs") +
+                     " that only one profile fits now: " + Examples(entry.safe_onus),
                  12);
   }
   const std::size_t others = entry.takes_by_luck + entry.takes_unrecognised;
@@ -196,7 +195,8 @@ Json OnusJson(const std::vector<const OnuReport*>& onus) {
 Json EntryJson(const ProposedEntry& entry) {
   if (!entry.Exists()) return nullptr;
   return {{"key", entry.key},
-          {"takes_safe", OnusJson(entry.takes_safe)},
+          {"takes_safe", entry.takes_safe},
+          {"safe_onus", OnusJson(entry.safe_onus)},
           {"takes_by_luck", entry.takes_by_luck},
           {"takes_unrecognised", entry.takes_unrecognised},
           {"yaml", EntriesYaml({entry})}};
@@ -274,7 +274,7 @@ std::string UnknownEntries() {
   std::vector<ProposedEntry> entries;
   for (std::size_t i = 0; i < inbox.entries.size(); ++i) {
     const ProposedEntry& entry = inbox.entries[i];
-    if (!inbox.unknown.groups[i].IsRecognised() && entry.takes_safe.empty()) {
+    if (!inbox.unknown.groups[i].IsRecognised() && entry.takes_safe == 0) {
       entries.push_back(entry);
     }
   }

@@ -170,6 +170,8 @@ OnuAbilityProfile PatternOf(const ProposedEntry& entry) {
   return pattern;
 }
 
+constexpr std::size_t kMostNamed = 100;
+
 // Which ONUs each entry would take, by the library's comparison.
 class Takers {
  public:
@@ -190,7 +192,10 @@ class Takers {
   }
   void CountSafe(const AlikeOnus& alike) {
     for (ProposedEntry* entry : Of(alike)) {
-      entry->takes_safe.insert(entry->takes_safe.end(), alike.onus.begin(), alike.onus.end());
+      entry->takes_safe += alike.onus.size();
+      for (const OnuReport* onu : alike.onus) {
+        if (entry->safe_onus.size() < kMostNamed) entry->safe_onus.push_back(onu);
+      }
     }
   }
 

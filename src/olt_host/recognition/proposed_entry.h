@@ -35,7 +35,8 @@ struct ProposedEntry {
   // ONUs beside the group that the match profile would take, the newest of the catalogue:
   // those that exactly one profile fits now, those of the other groups that several fit,
   // and those of the others that none fits.
-  std::vector<const OnuReport*> takes_safe;
+  std::size_t takes_safe = 0;
+  std::vector<const OnuReport*> safe_onus;  // the first hundred of those
   std::size_t takes_by_luck = 0;
   std::size_t takes_unrecognised = 0;
 

@@ -103,7 +103,8 @@ TEST(UnknownCommands, AsJsonHasEveryGroup) {
             R"({"key":1003,"source":0,"id":9,"type_name":"SFU-4FE","agree":0,"wildcard":0,)"
             R"("absent":0,"against":[{"code":47,"name":"GE_PORTS","reported":9,"profile":0}]})");
   EXPECT_EQ(first["entry"]["key"], 6666);
-  EXPECT_EQ(first["entry"]["takes_safe"].size(), 0U);
+  EXPECT_EQ(first["entry"]["takes_safe"], 0);
+  EXPECT_EQ(first["entry"]["safe_onus"].dump(), "[]");
   EXPECT_EQ(first["entry"]["takes_by_luck"], 1);
   EXPECT_EQ(first["entry"]["takes_unrecognised"], 0);
   EXPECT_EQ(first["no_entry"], nullptr);

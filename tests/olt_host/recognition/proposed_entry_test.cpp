@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 #include <sstream>
 
@@ -14,7 +15,6 @@
 namespace olt_host_test {
 namespace {
 
-using olt_host::AlikeOnus;
 using olt_host::ConfirmationResult;
 using olt_host::NoEntry;
 using olt_host::OnuReport;
@@ -105,8 +105,9 @@ class ProposedEntryTest : public testing::Test {
         unrecognised += before.fitting == 0 ? 1 : 0;
       }
     }
-    const std::set<const OnuReport*> said(entry.takes_safe.begin(), entry.takes_safe.end());
-    EXPECT_EQ(safe, said);
+    EXPECT_EQ(safe.size(), entry.takes_safe);
+    EXPECT_EQ(std::min<std::size_t>(safe.size(), 100), entry.safe_onus.size());
+    for (const OnuReport* onu : entry.safe_onus) EXPECT_EQ(safe.count(onu), 1U);
     EXPECT_EQ(by_luck, entry.takes_by_luck);
     EXPECT_EQ(unrecognised, entry.takes_unrecognised);
   }
@@ -153,7 +154,8 @@ TEST_F(ProposedEntryTest, AllTogetherMakeEveryUnrecognisedOnuKnown) {
       may_change.insert(_unknown.groups[i].onus.begin(), _unknown.groups[i].onus.end());
       continue;
     }
-    may_change.insert(_entries[i].takes_safe.begin(), _entries[i].takes_safe.end());
+    ASSERT_EQ(_entries[i].takes_safe, _entries[i].safe_onus.size());
+    may_change.insert(_entries[i].safe_onus.begin(), _entries[i].safe_onus.end());
     entries.push_back(_entries[i]);
   }
   std::string yaml;
@@ -229,6 +231,21 @@ TEST_F(ProposedEntryTest, KeyIsFreeWhereTheTypeIsOthersToo) {
   EXPECT_EQ(ExpectEachTakesWhomItSays(3), 3U);
 }
 
+TEST_F(ProposedEntryTest, NamesAHundredOfManyThatItTakes) {
+  std::string reports =
+      "onus:\n  - {place: 1, onu: 0, reported_type: 5, abilities: {GE_PORTS: 9}}\n";
+  for (int onu = 1; onu <= 120; ++onu) {
+    reports += "  - {place: 1, onu: " + std::to_string(onu) +
+               ", reported_type: 6, vendor_id: ACME, abilities: {FE_PORTS: 0}}\n";
+  }
+  LoadText(reports);
+  ASSERT_EQ(_entries.size(), 1U);
+  EXPECT_EQ(_entries[0].takes_safe, 120U);
+  EXPECT_EQ(_entries[0].safe_onus.size(), 100U);
+  EXPECT_EQ(_entries[0].safe_onus.front()->onu, 1);
+  EXPECT_EQ(ExpectEachTakesWhomItSays(1), 1U);
+}
+
 TEST_F(ProposedEntryTest, NothingIsProposedForWhoToldNothing) {
   LoadText("onus: [{place: 1, onu: 1, reported_type: unknown}]\n");
   ASSERT_EQ(_entries.size(), 1U);
@@ -256,11 +273,12 @@ TEST_F(ProposedEntryTest, TellsWhomItWouldTakeBeside) {
   const std::vector<const OnuReport*> safe = {&_population->Onus()[2], &_population->Onus()[3]};
   ASSERT_EQ(_unknown.groups.size(), 4U);
   EXPECT_EQ(_unknown.groups[0].onus[0]->onu, 2);
-  EXPECT_EQ(_entries[0].takes_safe, safe);
+  EXPECT_EQ(_entries[0].takes_safe, 2U);
+  EXPECT_EQ(_entries[0].safe_onus, safe);
   EXPECT_EQ(_entries[0].takes_by_luck, 2U);
   EXPECT_EQ(_entries[0].takes_unrecognised, 1U);
   EXPECT_EQ(_unknown.groups[2].onus[0]->onu, 1);
-  EXPECT_EQ(_entries[2].takes_safe, safe);
+  EXPECT_EQ(_entries[2].safe_onus, safe);
   EXPECT_EQ(_entries[2].takes_by_luck, 1U);
   EXPECT_EQ(_entries[2].takes_unrecognised, 2U);
   EXPECT_EQ(ExpectEachTakesWhomItSays(4), 3U);
@@ -292,7 +310,7 @@ TEST_F(ProposedEntryTest, NothingIsProposedForWhomAnOperatorsProfileTakes) {
     Ask();
   }
   ASSERT_EQ(_unknown.groups.size(), 2U);
-  EXPECT_EQ(_entries[0].takes_safe, std::vector<const OnuReport*>());
+  EXPECT_EQ(_entries[0].takes_safe, 0U);
   EXPECT_EQ(_unknown.groups[1].winner.key, 7000U);
   EXPECT_EQ(_entries[1].why_none, NoEntry::kOperatorIsFirst);
   EXPECT_EQ(_yaml[1], "");
