@@ -10,6 +10,7 @@
 #include "explain_command_line.h"
 #include "generate_command_line.h"
 #include "lint_command_line.h"
+#include "network_command_line.h"
 #include "types_command_line.h"
 #include "unknown_command_line.h"
 
@@ -62,12 +63,22 @@ CLI::App* AddConfirm(CLI::App& app, CommandLine& result) {
   csv->excludes(summary);
   summary->excludes(csv);
   AddCatalogueOptions(*confirm, result);
+  AddShardOption(*confirm, result);
+  AddWorkerOptions(*confirm, result);
   AddLogOptions(*confirm, result);
+  confirm->callback([confirm, &result] {
+    // A line for each of very many ONUs is not what anybody waits for.
+    if (!IsJsonLines(result.reports)) return;
+    if (confirm->count("--log") == 0 && confirm->count("--log-levels") == 0) result.log.mask = 0;
+  });
   confirm->footer(
       "Columns of the table: the ONU, its vendor identifier, the type it reported and\n"
       "what the identify mode makes of that, its real type and type name, what it\n"
       "was recognised by (its reported type or its abilities), whether that is as\n"
       "expected.\n\n"
+      "REPORTS that end in .jsonl, or - for standard input, are JSON lines: an ONU a\n"
+      "line, of a network of any size. Of these, the summary is printed, or with --csv\n"
+      "the ONUs alone; --json prints what merge adds up.\n\n"
       "Exit status:\n"
       "  0  every report that states an expectation got it\n"
       "  1  some did not\n"
@@ -191,7 +202,7 @@ ParsedCommandLine ParseCommandLine(int argc, const char* const* argv) {
       {Job::kGenerate, AddGenerate(app, result)}, {Job::kExplain, AddExplain(app, result)},
       {Job::kUnknown, AddUnknown(app, result)},   {Job::kCapture, AddCapture(app, result)},
       {Job::kReplay, AddReplay(app, result)},     {Job::kLint, AddLint(app, result)},
-      {Job::kDiff, AddDiff(app, result)},
+      {Job::kDiff, AddDiff(app, result)},         {Job::kMerge, AddMerge(app, result)},
   };
   try {
     app.parse(argc, argv);

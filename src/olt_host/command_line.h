@@ -9,6 +9,7 @@
 
 #include "catalogue/catalogue_files.h"
 #include "confirmation/result_writer.h"
+#include "network/shard.h"
 #include "platform/log_sink.h"
 #include "session/session_server.h"
 #include "vty/session_settings.h"
@@ -30,7 +31,8 @@ enum class Job {
   kCompare,
   kLint,
   kDiff,
-  kGenerate
+  kGenerate,
+  kMerge
 };
 
 // What `console` and `serve` let operators in by.
@@ -96,11 +98,21 @@ struct DiffOptions {
 
 struct GenerateOptions {
   std::vector<std::string> models;  // as types are called; empty: all
-  std::uint32_t onus = 0;
+  std::uint64_t onus = 0;
+  std::uint32_t olts = 0;  // 0: none, unless the output is of JSON lines
   std::uint64_t seed = 1;
   std::string faults;  // KIND=PERCENT,...
   bool again = false;
   std::string output;  // file; empty: standard output
+};
+
+// How whole networks are gone through.
+struct NetworkOptions {
+  Shard shard;
+  unsigned int workers = 0;            // 0: one a core
+  std::string checkpoint;              // path; empty for none
+  std::vector<std::string> summaries;  // of merge
+  bool json = false;                   // of merge
 };
 
 struct CommandLine {
@@ -137,6 +149,8 @@ struct CommandLine {
   LintOptions lint;
 
   DiffOptions diff;  // of diff
+
+  NetworkOptions network;  // of confirm, diff, generate and merge
 
   // Of password.
   std::string user;

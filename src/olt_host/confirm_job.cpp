@@ -8,6 +8,7 @@
 #include "confirmation/progress_bar.h"
 #include "exit_status.h"
 #include "jobs.h"
+#include "network_command_line.h"
 #include "startup.h"
 
 namespace olt_host {
@@ -44,6 +45,7 @@ ConfirmationSummary ConfirmPopulation(OutputFormat format, bool summary_only) {
 }
 
 int RunConfirmJob(const CommandLine& command_line) {
+  if (IsJsonLines(command_line.reports)) return RunNetworkConfirmJob(command_line);
   const auto library = StartHost(command_line);
   const ConfirmationSummary summary =
       ConfirmPopulation(command_line.format, command_line.summary_only);

@@ -37,6 +37,8 @@ int RunJob(const CommandLine& command_line) {
       return RunCompareJob(command_line);
     case Job::kDiff:
       return RunDiffJob(command_line);
+    case Job::kMerge:
+      return RunMergeJob(command_line);
   }
   throw std::logic_error("a job that nobody does");
 }

@@ -25,6 +25,11 @@ int RunTypesJob(const CommandLine& command_line);     // types
 int RunGenerateJob(const CommandLine& command_line);  // generate
 int RunCompareJob(const CommandLine& command_line);   // compare
 int RunDiffJob(const CommandLine& command_line);      // diff
+int RunMergeJob(const CommandLine& command_line);     // merge
+
+// confirm and diff, of JSON lines.
+int RunNetworkConfirmJob(const CommandLine& command_line);
+int RunNetworkDiffJob(const CommandLine& command_line);
 
 // Confirms the live ONUs of Host(), writes the results and keeps them there.
 // REQUIRES: the host is started, with reports.

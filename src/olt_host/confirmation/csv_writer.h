@@ -5,10 +5,16 @@
 #define OLT_HOST_CONFIRMATION_CSV_WRITER_H
 
 #include <ostream>
+#include <string>
 
 #include "confirmation/result_writer.h"
 
 namespace olt_host {
+
+// The head and one result, each with its line break; and one field.
+std::string CsvHeader();
+std::string CsvRow(const ConfirmationResult& result);
+std::string CsvField(const std::string& text);
 
 class CsvWriter : public ResultWriter {
  public:

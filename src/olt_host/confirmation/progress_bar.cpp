@@ -38,7 +38,7 @@ void ProgressBar::Show(std::size_t done) {
   _drawn = true;
   const std::size_t filled = kBarWidth * done / _total;
   _out << "\r[" << std::string(filled, '#') << std::string(kBarWidth - filled, ' ') << "] " << done
-       << "/" << _total << std::flush;
+       << "/" << _total << _unit << std::flush;
 }
 
 }  // namespace olt_host

@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <functional>
 #include <ostream>
+#include <string>
+#include <utility>
 
 namespace olt_host {
 
@@ -22,6 +24,9 @@ class ProgressBar {
   ProgressBar(const ProgressBar&) = delete;
   ProgressBar& operator=(const ProgressBar&) = delete;
 
+  // Shown behind the numbers: " MB". Steps alone without it.
+  void SetUnit(std::string unit) { _unit = std::move(unit); }
+
   // `done` steps are behind.
   void Show(std::size_t done);
 
@@ -30,6 +35,7 @@ class ProgressBar {
   bool _is_terminal;
   std::size_t _total;
   Clock _clock;
+  std::string _unit;
   std::chrono::steady_clock::time_point _next;  // not drawn again before
   bool _drawn = false;
 };

@@ -6,10 +6,11 @@
 
 namespace olt_host {
 
-// The only ONU of an OLT without settings. `report` must outlive it.
+// The only ONU of an OLT. `report` must outlive it.
 class OneReport : public ReportSource {
  public:
-  explicit OneReport(const OnuReport& report) : _report(report) {}
+  explicit OneReport(const OnuReport& report, const IdentifySettings& settings = {})
+      : _report(report), _settings(settings) {}
   const OnuReport* Find(std::uint16_t /*place*/, std::uint8_t /*onu*/) const override {
     return &_report;
   }

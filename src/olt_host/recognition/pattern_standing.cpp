@@ -14,6 +14,8 @@ std::string ValueText(const ONU_ABILITY_COMMON_ABILITY_VALUE& value, unsigned in
   return "nothing";
 }
 
+}  // namespace
+
 PatternStanding StandingOf(const OnuAbilityProfile& pattern, const OnuAbilityProfile& report) {
   PatternStanding standing;
   standing.kind = PatternStanding::kFits;
@@ -30,8 +32,6 @@ PatternStanding StandingOf(const OnuAbilityProfile& pattern, const OnuAbilityPro
   }
   return standing;
 }
-
-}  // namespace
 
 PatternStanding StandingOf(const std::vector<OnuAbilityProfile>& patterns, std::uint32_t key,
                            const OnuAbilityProfile& report) {

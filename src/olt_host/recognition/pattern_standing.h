@@ -20,6 +20,9 @@ struct PatternStanding {
   std::string held;
 };
 
+// Never kAbsent.
+PatternStanding StandingOf(const OnuAbilityProfile& pattern, const OnuAbilityProfile& report);
+
 // Of several profiles with the key one that fits counts, else the newest.
 PatternStanding StandingOf(const std::vector<OnuAbilityProfile>& patterns, std::uint32_t key,
                            const OnuAbilityProfile& report);

@@ -1,0 +1,90 @@
+#include <iostream>
+#include <stdexcept>
+
+#include "commands/host_context.h"
+#include "jobs.h"
+#include "network/block_run.h"
+#include "network/network_confirmation.h"
+#include "network_output.h"
+#include "startup.h"
+
+namespace olt_host {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+// Rows as they come, the summary at the end.
+class ConfirmedBlocks : public BlockTaker {
+ public:
+  explicit ConfirmedBlocks(NetworkSummary nothing) : _summary(std::move(nothing)) {}
+
+  void Take(const std::string& result) override {
+    const BlockResult block = ParseBlockResult(result);
+    std::cout << block.rows;
+    if (!std::cout) throw std::runtime_error("standard output cannot be written");
+    _summary.Merge(block.summary);
+  }
+  Json Taken() const override { return ToJson(_summary); }
+  void GoOnFrom(const Json& taken) override { _summary = ParseNetworkSummary(taken); }
+
+  const NetworkSummary& summary() const { return _summary; }
+
+ private:
+  NetworkSummary _summary;
+};
+
+DocumentHead HeadOf(const CommandLine& command_line) {
+  const LoadedCatalogue& loaded = Host().catalogue;
+  return {"confirm",
+          Json::array({{{"name", loaded.catalogue.name},
+                        {"version", loaded.catalogue.version},
+                        {"sha256", loaded.sha256}}}),
+          ShardSet::Of(command_line.network.shard)};
+}
+
+BlockRun RunOf(const CommandLine& command_line, const DocumentHead& head) {
+  const NetworkOptions& network = command_line.network;
+  BlockRun run;
+  run.input = command_line.reports;
+  run.workers = network.workers == 0 ? AllCores() : network.workers;
+  run.checkpoint = network.checkpoint;
+  run.depends_on = {
+      {"job", head.kind}, {"catalogue", head.catalogues}, {"shard", ToText(network.shard)}};
+  return run;
+}
+
+NetworkSummary Confirm(const CommandLine& command_line, const BlockRun& run, bool with_rows) {
+  NetworkConfirmation confirmation(Host().catalogue.catalogue,
+                                   run.input == "-" ? "standard input" : run.input,
+                                   command_line.network.shard, with_rows);
+  ConfirmedBlocks blocks(confirmation.NoWins());
+  GoThroughBlocks(
+      run, [&confirmation](const std::string& task) { return ToBytes(confirmation.Confirm(task)); },
+      blocks);
+  return blocks.summary();
+}
+
+}  // namespace
+
+int RunNetworkConfirmJob(const CommandLine& command_line) {
+  const bool with_rows = command_line.format == OutputFormat::kCsv;
+  if (with_rows && !command_line.network.checkpoint.empty()) {
+    throw std::runtime_error(
+        "--checkpoint keeps a summary, not the ONUs that --csv prints; expected one of them");
+  }
+  CommandLine without_reports = command_line;
+  without_reports.reports.clear();
+  const auto library = StartHost(without_reports);
+  const DocumentHead head = HeadOf(command_line);
+  if (with_rows) std::cout << NetworkCsvHeader();
+  const NetworkSummary summary = Confirm(command_line, RunOf(command_line, head), with_rows);
+  if (!with_rows) {
+    return PrintNetworkSummary(head, summary, command_line.format == OutputFormat::kJson);
+  }
+  if (!std::cout.flush()) throw std::runtime_error("standard output cannot be written");
+  for (const RefusedLine& line : summary.refused.first()) std::cerr << line.Text() << "\n";
+  return StatusOf(head, summary);
+}
+
+}  // namespace olt_host

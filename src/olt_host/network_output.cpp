@@ -1,0 +1,28 @@
+#include "network_output.h"
+
+#include <iostream>
+#include <stdexcept>
+
+#include "exit_status.h"
+#include "network/network_summary_text.h"
+
+namespace olt_host {
+
+int PrintNetworkSummary(const DocumentHead& head, const NetworkSummary& summary, bool as_json) {
+  if (as_json) {
+    std::cout << DocumentText(MakeDocument(head, ToJson(summary)));
+  } else {
+    std::cout << HeadText(head) << "\n" << NetworkSummaryText(summary);
+  }
+  if (!std::cout.flush()) throw std::runtime_error("standard output cannot be written");
+  return StatusOf(head, summary);
+}
+
+int StatusOf(const DocumentHead& head, const NetworkSummary& summary) {
+  // Of one shard nobody expects the others.
+  const bool lacks_shards = !head.shards.IsWhole() && head.shards.numbers.size() > 1;
+  if (lacks_shards || summary.refused.count() > 0) return kExitBadInput;
+  return summary.counts.expectation_failed == 0 ? kExitOk : kExitNotAsExpected;
+}
+
+}  // namespace olt_host
