@@ -11,9 +11,12 @@
 #include "commands/host_context.h"
 #include "commands/text_table.h"
 #include "commands/time_text.h"
+#include "onu_ability_common_table.h"
+#include "recognition/catalogue_lint.h"
 #include "state/state_file.h"
 #include "vty/json_output.h"
 #include "vty/terminal.h"
+#include "vty/wrapping.h"
 
 namespace olt_host {
 
@@ -182,6 +185,27 @@ int ShowCatalogue(cmd_element* /*element*/, struct vty* vty, int argc, char** ar
   return 0;
 }
 
+bool OperatorsMadeProfiles() {
+  for (const ONU_ABILITY_ENUM_PROFILE_TYPE type :
+       {ONU_ABILITY_PROFILE_TYPE_MATCH, ONU_ABILITY_PROFILE_TYPE_REAL}) {
+    std::vector<OnuAbilityProfile> profiles;
+    OnuAbilityTableManager::GetInstance()->GetAll(type, ONU_ABILITY_PROFILE_SOURCE_EXTERNAL,
+                                                  profiles);
+    if (!profiles.empty()) return true;
+  }
+  return false;
+}
+
+// What loading at the start says of the catalogue alone.
+void WriteFindings(struct vty& terminal) {
+  const std::string findings = CountGraveFindings(Host().catalogue.catalogue);
+  if (findings.empty()) return;
+  const std::string where = OperatorsMadeProfiles() ? "The catalogue and what operators made have "
+                                                    : "The catalogue has ";
+  const std::string lines = Wrap("\r\n", where + findings + "; \"lint catalogue\" shows more", 2);
+  terminal.Write(lines.data(), lines.size());
+}
+
 int Reload(cmd_element* /*element*/, struct vty* vty, int /*argc*/, char** /*argv*/) {
   ReloadResult result;
   try {
@@ -205,6 +229,7 @@ int Reload(cmd_element* /*element*/, struct vty* vty, int /*argc*/, char** /*arg
     });
   }
   WriteRefused(*vty, Host().catalogue);
+  if (!result.difference.empty()) WriteFindings(*vty);
   return 0;
 }
 

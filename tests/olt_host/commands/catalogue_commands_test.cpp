@@ -134,6 +134,17 @@ TEST_F(CatalogueCommands, ShowListsSomeChangesAndCountsTheRest) {
       << text;
 }
 
+TEST_F(CatalogueCommands, ReloadTellsWhatIsWrongWithOperatorsProfilesToo) {
+  AddOwn(ONU_ABILITY_PROFILE_TYPE_MATCH, 77, 47, 9);
+  Change("sfu: 800", "sfu: 801");
+  const std::string text = Reload();
+  ExpectFitsScreen(text);
+  EXPECT_NE(text.find("\r\n\r\nThe catalogue and what operators made have 1 warning;\r\n"
+                      "  \"lint catalogue\" shows more\r\n"),
+            std::string::npos)
+      << text;
+}
+
 TEST_F(CatalogueCommands, ReloadOfTheSameFileChangesNothing) {
   AddOwn(ONU_ABILITY_PROFILE_TYPE_MATCH, 77, 47, 9);
   const olt_host::LibraryState before = olt_host::CaptureLibrary();
@@ -157,7 +168,10 @@ TEST_F(CatalogueCommands, ReloadTakesOverWhatChanged) {
             "  real profile 1001 (SFU-1GE): changed, ALL_LAN 1 to 2, DATA_UNI 1 to 2,\r\n"
             "    GE_PORTS 1 to 2\r\n"
             "  real profile 1004: added\r\n"
-            "  real profile 1003 (SFU-4FE): removed\r\n");
+            "  real profile 1003 (SFU-4FE): removed\r\n"
+            "\r\n"
+            // A real profile without match profile, and the reverse.
+            "The catalogue has 2 warnings; \"lint catalogue\" shows more\r\n");
   EXPECT_EQ(RealKeys(), "1001 1002 1004");
   EXPECT_EQ(OnuAbilityGlobalVar::GetInstance()->_sfu_common_type, 801);
   EXPECT_EQ(Reload(), "Nothing changed\r\n");
