@@ -2,6 +2,8 @@
 
 #include "command_options.h"
 #include "generation/population_generator.h"
+#include "network/generated_network.h"
+#include "network_command_line.h"
 
 namespace olt_host {
 
@@ -11,8 +13,11 @@ CLI::App* AddGenerate(CLI::App& app, CommandLine& result) {
   AddCatalogue(*generate, result, true);
   generate->add_option("--onus", options.onus, "How many ONUs")
       ->required()
-      ->check(CLI::Range(std::uint32_t{0}, kMostOnus))
+      ->check(CLI::Range(std::uint64_t{0}, std::uint64_t{kMostOlts} * kMostOnus))
       ->type_name("N");
+  generate->add_option("--olts", options.olts, "At so many OLTs: JSON lines, an ONU a line")
+      ->check(CLI::Range(std::uint32_t{1}, kMostOlts))
+      ->type_name("T");
   generate->add_option("--seed", options.seed, "Another seed, another population (default 1)")
       ->type_name("S");
   generate
@@ -24,8 +29,11 @@ CLI::App* AddGenerate(CLI::App& app, CommandLine& result) {
   generate->add_option("--faults", options.faults, "How many reports shall have which fault")
       ->type_name("KIND=PERCENT,..");
   generate->add_flag("--again", options.again, "The same ONUs, asked a second time");
-  generate->add_option("-o", options.output, "Write to FILE, not to standard output")
+  generate
+      ->add_option("-o,--output", options.output,
+                   "Write to FILE; JSON lines if it is called *.jsonl")
       ->type_name("FILE");
+  AddWorkerOptions(*generate, result);
   AddCatalogueOptions(*generate, result);
   AddLogOptions(*generate, result);
   LogOnlyWhenAsked(*generate, result);
@@ -33,6 +41,8 @@ CLI::App* AddGenerate(CLI::App& app, CommandLine& result) {
       "Writes a reports file. Every ONU states the type that it truly is and its\n"
       "faults; what must be recognised all the same states that as its expectation.\n"
       "The same catalogue, options and seed give the same bytes everywhere.\n\n"
+      "With --olts the ONUs stand at OLTs olt-00001 and on, as many at each, and some\n"
+      "OLTs are set to modes that translate types.\n\n"
       "Faults:\n"
       "  missing    a value or text is not told\n"
       "  ones       a number is told as 0xFFFFFFFF\n"

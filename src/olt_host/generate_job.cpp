@@ -10,6 +10,7 @@
 #include "exit_status.h"
 #include "generation/population_generator.h"
 #include "jobs.h"
+#include "network_generate_job.h"
 #include "startup.h"
 
 namespace olt_host {
@@ -47,7 +48,7 @@ void WritePopulation(const PopulationGenerator& generator, const GenerateOptions
                 Remark(options, generator.models().size()),
                 {}});
   ProgressBar progress(std::cerr, shows_progress, options.onus);
-  for (std::uint32_t onu = 0; onu < options.onus && out; ++onu) {
+  for (std::uint64_t onu = 0; onu < options.onus && out; ++onu) {
     writer.Write(generator.Onu(onu));
     progress.Show(onu + 1);
   }
@@ -71,13 +72,7 @@ void SayWhatCannotBeTold(const std::vector<Model>& models, bool Model::*told,
             << "): no expectation for them\n";
 }
 
-}  // namespace
-
-int RunGenerateJob(const CommandLine& command_line) {
-  const GenerateOptions& options = command_line.generate;
-  const FaultRates rates = RatesOf(options);
-  const auto library = StartHost(command_line);
-  const PopulationGenerator generator(ModelsOf(options), rates, options.seed, options.again);
+void WriteReportsFile(const PopulationGenerator& generator, const GenerateOptions& options) {
   const bool is_watched = isatty(STDERR_FILENO) != 0;
   if (options.output.empty()) {
     WritePopulation(generator, options, is_watched && isatty(STDOUT_FILENO) == 0, std::cout);
@@ -86,6 +81,21 @@ int RunGenerateJob(const CommandLine& command_line) {
     std::ofstream file(options.output, std::ios::binary);
     WritePopulation(generator, options, is_watched, file);
     if (!file) throw std::runtime_error(options.output + " cannot be written");
+  }
+}
+
+}  // namespace
+
+int RunGenerateJob(const CommandLine& command_line) {
+  const GenerateOptions& options = command_line.generate;
+  const FaultRates rates = RatesOf(options);
+  const bool is_network = WantsNetwork(command_line);
+  const auto library = StartHost(command_line);
+  const PopulationGenerator generator(ModelsOf(options), rates, options.seed, options.again);
+  if (is_network) {
+    WriteNetwork(generator, command_line);
+  } else {
+    WriteReportsFile(generator, options);
   }
   SayWhatCannotBeTold(generator.models(), &Model::told_by_type, "the type that they report");
   SayWhatCannotBeTold(generator.models(), &Model::told_by_abilities, "what they can do");

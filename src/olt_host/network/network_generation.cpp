@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <chrono>
 #include <optional>
 
 #include "catalogue/json_report_writer.h"
@@ -15,7 +14,6 @@ namespace olt_host {
 namespace {
 
 constexpr std::uint64_t kOnusOfATask = 1000;
-constexpr std::chrono::seconds kBetweenCheckpoints{1};
 
 // A task is the number of its first ONU.
 std::uint64_t FirstOf(const std::string& task) {
@@ -40,12 +38,11 @@ std::string Lines(const GeneratedNetwork& network, const JsonReportWriter& write
 // Writes what comes from the workers and keeps how far that is.
 class Writing {
  public:
-  Writing(const NetworkGeneration& run, std::uint64_t onus)
+  explicit Writing(const NetworkGeneration& run)
       : _checkpoint(run.checkpoint, run.depends_on),
         _keeps(!run.checkpoint.empty()),
         _progress(_checkpoint.Read().value_or(Progress())),
-        _output(run.output, _progress.written),
-        _onus(onus) {}
+        _output(run.output, _progress.written) {}
 
   std::uint64_t done() const { return _progress.offset; }
 
@@ -54,11 +51,9 @@ class Writing {
     _progress.offset = done;
     _progress.line = done + 1;
     _progress.written = _output.written();
-    const auto now = std::chrono::steady_clock::now();
-    if (!_keeps || now - _kept < kBetweenCheckpoints || done == _onus) return;
+    if (!_checkpoint.IsDue()) return;
     _output.Flush();
     _checkpoint.KeepNow(_progress);
-    _kept = now;
   }
 
   void End() {
@@ -72,15 +67,13 @@ class Writing {
   bool _keeps;
   Progress _progress;
   ResumableOutput _output;
-  std::uint64_t _onus;
-  std::chrono::steady_clock::time_point _kept;
 };
 
 }  // namespace
 
 void GenerateNetwork(const GeneratedNetwork& network, const NetworkGeneration& run,
                      const std::function<void(std::uint64_t)>& show) {
-  Writing writing(run, network.onus());
+  Writing writing(run);
   const JsonReportWriter writer;
   std::uint64_t handed_out = writing.done();
   WorkerPool pool(run.workers,
