@@ -35,7 +35,7 @@ void AddWorkerOptions(CLI::App& command, CommandLine& result) {
       ->type_name("N");
   command
       .add_option("--checkpoint", result.network.checkpoint,
-                  "Keep in FILE how far it came; the same again goes on there")
+                  "Keep in FILE how far it came, and go on from there")
       ->type_name("FILE");
 }
 
