@@ -263,7 +263,7 @@ void GenerateAndBeKilled(const GeneratedNetwork& network, const olt_host::Networ
 TEST_F(GeneratedNetworkTest, SameBytesHoweverOftenItWasKilled) {
   const GeneratedNetwork network(_population, 30000, 12, 7);
   const std::string expected = Lines(network);
-  for (const std::uint64_t after : {1000, 9000, 9000, 25000}) {
+  for (const std::uint64_t after : {1000U, 9000U, 9000U, 25000U}) {
     GenerateAndBeKilled(network, Run(2), after);
     ASSERT_TRUE(std::filesystem::exists(CheckpointPath()));
     const std::string there = ReadFile(Output());
