@@ -1,13 +1,15 @@
 #include <unistd.h>
 
+#include <algorithm>
 #include <iostream>
-#include <sstream>
 #include <stdexcept>
 
 #include "catalogue/catalogue_files.h"
 #include "confirmation/progress_bar.h"
 #include "exit_status.h"
 #include "jobs.h"
+#include "network/network_difference.h"
+#include "network_command_line.h"
 #include "platform/log_sink.h"
 #include "recognition/catalogue_exchange.h"
 #include "recognition/difference_text.h"
@@ -65,13 +67,6 @@ std::string CatalogueLine(const char* which, const std::string& path, const Cata
   return file + (fits ? ": " : "\n     ") + name + "\n";
 }
 
-std::string NoteOf(const CodeOfOne& code) {
-  return "Note: only " + std::string(code.only_in_newer ? "NEW" : "OLD") + " defines code " +
-         std::to_string(code.code) + " (" + code.name + "), which " + std::to_string(code.onus) +
-         (code.onus == 1 ? " ONU reports" : " ONUs report") + "; under " +
-         (code.only_in_newer ? "OLD" : "NEW") + "\n      nobody asks for it\n";
-}
-
 void WriteText(const DiffOptions& options, const Comparison& comparison,
                const DifferenceView& view) {
   std::cout << CatalogueLine("OLD", options.older, comparison.older)
@@ -89,21 +84,33 @@ void WriteJson(const DiffOptions& options, const Comparison& comparison,
   Json json = {{"old", CatalogueJson(options.older, comparison.older)},
                {"new", CatalogueJson(options.newer, comparison.newer)},
                {"reports", options.reports},
-               {"codes_of_one", Json::array()}};
-  for (const CodeOfOne& code : comparison.reports.codes_of_one) {
-    json["codes_of_one"].push_back({{"code", code.code},
-                                    {"name", code.name},
-                                    {"only_in", code.only_in_newer ? "new" : "old"},
-                                    {"onus", code.onus}});
-  }
+               {"codes_of_one", ToJson(comparison.reports.codes_of_one)}};
   json.update(DifferenceJson(view));
   std::cout << json.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
+}
+
+bool IsForNetworks(const NetworkOptions& options) {
+  return !options.shard.IsWhole() || options.workers > 0 || !options.checkpoint.empty();
+}
+
+void ExpectJsonLines(const std::vector<std::string>& reports) {
+  for (const std::string& file : reports) {
+    if (IsJsonLines(file)) continue;
+    throw std::runtime_error(file +
+                             ": no JSON lines; expected a name that ends in .jsonl, as beside "
+                             "others of them and with --shard, --workers and --checkpoint");
+  }
 }
 
 }  // namespace
 
 int RunDiffJob(const CommandLine& command_line) {
   const DiffOptions& options = command_line.diff;
+  const auto lines = std::count_if(options.reports.begin(), options.reports.end(), IsJsonLines);
+  if (lines > 0 || IsForNetworks(command_line.network)) {
+    ExpectJsonLines(options.reports);
+    return RunNetworkDiffJob(command_line);
+  }
   Comparison comparison;
   comparison.older = ReadCatalogue(options.older);
   comparison.newer = ReadCatalogue(options.newer);

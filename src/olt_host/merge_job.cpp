@@ -1,6 +1,7 @@
 #include <stdexcept>
 
 #include "jobs.h"
+#include "network_diff_output.h"
 #include "network_output.h"
 
 namespace olt_host {
@@ -29,6 +30,9 @@ int RunMergeJob(const CommandLine& command_line) {
     const DocumentHead its_head = ReadDocument(file, document);
     if (file == command_line.network.summaries.front()) {
       head = its_head;
+      if (head.kind == "diff") {
+        return MergeNetworkDifferences(command_line.network.summaries, command_line.network.json);
+      }
     } else {
       AddShards(head, its_head, file);
     }

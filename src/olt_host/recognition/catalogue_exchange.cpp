@@ -1,11 +1,21 @@
 #include "recognition/catalogue_exchange.h"
 
 #include "catalogue/catalogue_profile.h"
-#include "state/library_state.h"
 
 namespace olt_host {
 
 namespace {
+
+// A table keeps the key ability code of its making.
+void MakeTablesAnew(std::uint16_t key_ability_code) {
+  OnuAbilityTableManager* manager = OnuAbilityTableManager::GetInstance();
+  manager->DelOnuAbilityTable(ONU_ABILITY_PROFILE_TYPE_MATCH);
+  manager->DelOnuAbilityTable(ONU_ABILITY_PROFILE_TYPE_REAL);
+  OnuAbilityCodeInfo::GetInstance()->SetKeyAbilityCode(key_ability_code);
+  manager->Init();
+}
+
+}  // namespace
 
 LibraryState StateOf(const Catalogue& catalogue) {
   LibraryState state;
@@ -21,22 +31,13 @@ LibraryState StateOf(const Catalogue& catalogue) {
   return state;
 }
 
-// A table keeps the key ability code of its making.
-void MakeTablesAnew(std::uint16_t key_ability_code) {
-  OnuAbilityTableManager* manager = OnuAbilityTableManager::GetInstance();
-  manager->DelOnuAbilityTable(ONU_ABILITY_PROFILE_TYPE_MATCH);
-  manager->DelOnuAbilityTable(ONU_ABILITY_PROFILE_TYPE_REAL);
-  OnuAbilityCodeInfo::GetInstance()->SetKeyAbilityCode(key_ability_code);
-  manager->Init();
-}
-
-}  // namespace
-
-void LoadInstead(const Catalogue& catalogue) {
-  if (OnuAbilityCodeInfo::GetInstance()->GetKeyAbilityCode() != catalogue.key_ability_code) {
-    MakeTablesAnew(catalogue.key_ability_code);
+void LoadInstead(const LibraryState& state) {
+  if (OnuAbilityCodeInfo::GetInstance()->GetKeyAbilityCode() != state.key_ability_code) {
+    MakeTablesAnew(state.key_ability_code);
   }
-  InstallLibrary(StateOf(catalogue));
+  InstallLibrary(state);
 }
+
+void LoadInstead(const Catalogue& catalogue) { LoadInstead(StateOf(catalogue)); }
 
 }  // namespace olt_host

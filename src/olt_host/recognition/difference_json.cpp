@@ -8,12 +8,9 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 Json OnuJson(const DifferenceView& view, const OnuAddress& onu) {
+  if (!onu.olt.empty()) return {{"olt", onu.olt}, {"place", onu.place}, {"onu", onu.onu}};
   Json json = {{"place", onu.place}, {"onu", onu.onu}};
-  if (!onu.olt.empty()) {
-    json["olt"] = onu.olt;
-  } else if (view.files.size() > 1) {
-    json["reports"] = view.files[onu.file];
-  }
+  if (view.files.size() > 1) json["reports"] = view.files[onu.file];
   return json;
 }
 

@@ -78,7 +78,7 @@ class TextWriter {
 };
 
 std::string OnuName(const DifferenceView& view, const OnuAddress& onu) {
-  const std::string name = std::to_string(onu.place) + "/" + std::to_string(onu.onu);
+  std::string name = std::to_string(onu.place) + "/" + std::to_string(onu.onu);
   if (!onu.olt.empty()) return name + " of " + onu.olt;
   if (view.files.size() < 2) return name;
   const std::string& file = view.files[onu.file];

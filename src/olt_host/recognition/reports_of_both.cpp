@@ -1,6 +1,5 @@
 #include "recognition/reports_of_both.h"
 
-#include <map>
 #include <memory>
 #include <set>
 #include <tuple>
@@ -11,7 +10,52 @@ namespace olt_host {
 
 namespace {
 
-// The codes of `own`, and those that only `other` has or names so.
+Populations Read(const std::vector<std::string>& files, const Catalogue& names) {
+  Populations populations;
+  for (const std::string& file : files) {
+    populations.push_back(std::make_shared<const Population>(ReadReports(file, names)));
+  }
+  return populations;
+}
+
+std::map<std::uint16_t, CodeOfOne> OnlyIn(const Catalogue& one, const Catalogue& other,
+                                          bool is_newer) {
+  std::map<std::uint16_t, CodeOfOne> codes;
+  for (const CodeEntry& code : one.codes) {
+    if (other.FindCode(code.code) != nullptr) continue;
+    codes[code.code] = {code.code, code.name, is_newer, 0};
+  }
+  return codes;
+}
+
+void CountCodes(const OnuReport& report, std::map<std::uint16_t, CodeOfOne>& codes) {
+  if (codes.empty()) return;
+  for (const auto& ability : report.abilities) {
+    const auto code = codes.find(ability.first);
+    if (code != codes.end()) ++code->second.onus;
+  }
+}
+
+}  // namespace
+
+CodesOfOne::CodesOfOne(const Catalogue& older, const Catalogue& newer)
+    : _only_in_newer(OnlyIn(newer, older, true)), _only_in_older(OnlyIn(older, newer, false)) {}
+
+void CodesOfOne::Count(const OnuReport& for_older, const OnuReport& for_newer) {
+  CountCodes(for_older, _only_in_newer);
+  CountCodes(for_newer, _only_in_older);
+}
+
+std::vector<CodeOfOne> CodesOfOne::Codes() const {
+  std::vector<CodeOfOne> codes;
+  for (const auto* const known : {&_only_in_newer, &_only_in_older}) {
+    for (const auto& entry : *known) {
+      if (entry.second.onus > 0) codes.push_back(entry.second);
+    }
+  }
+  return codes;
+}
+
 Catalogue NamesOf(const Catalogue& own, const Catalogue& other) {
   Catalogue names;
   names.codes = own.codes;
@@ -33,37 +77,6 @@ bool MeanTheSame(const Catalogue& one, const Catalogue& other) {
   return meanings(one) == meanings(other);
 }
 
-Populations Read(const std::vector<std::string>& files, const Catalogue& names) {
-  Populations populations;
-  for (const std::string& file : files) {
-    populations.push_back(std::make_shared<const Population>(ReadReports(file, names)));
-  }
-  return populations;
-}
-
-void AddCodesLacking(const Populations& populations, const Catalogue& own, const Catalogue& other,
-                     bool only_in_newer, std::vector<CodeOfOne>& codes) {
-  std::map<std::uint16_t, CodeOfOne> lacking;
-  for (const auto& population : populations) {
-    for (const OnuReport& report : population->Onus()) {
-      for (const auto& ability : report.abilities) {
-        if (own.FindCode(ability.first) != nullptr) continue;
-        CodeOfOne& code = lacking[ability.first];
-        code.code = ability.first;
-        code.only_in_newer = only_in_newer;
-        ++code.onus;
-      }
-    }
-  }
-  for (auto& entry : lacking) {
-    const CodeEntry* const known = other.FindCode(entry.first);
-    if (known != nullptr) entry.second.name = known->name;
-    codes.push_back(std::move(entry.second));
-  }
-}
-
-}  // namespace
-
 ReportsOfBoth ReadReportsOfBoth(const std::vector<std::string>& files, const Catalogue& older,
                                 const Catalogue& newer) {
   const Catalogue older_names = NamesOf(older, newer);
@@ -72,8 +85,14 @@ ReportsOfBoth ReadReportsOfBoth(const std::vector<std::string>& files, const Cat
   reports.for_older = Read(files, older_names);
   reports.for_newer =
       MeanTheSame(older_names, newer_names) ? reports.for_older : Read(files, newer_names);
-  AddCodesLacking(reports.for_older, older, newer, true, reports.codes_of_one);
-  AddCodesLacking(reports.for_newer, newer, older, false, reports.codes_of_one);
+  CodesOfOne codes(older, newer);
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    const auto& onus = reports.for_older[i]->Onus();
+    for (std::size_t onu = 0; onu < onus.size(); ++onu) {
+      codes.Count(onus[onu], reports.for_newer[i]->Onus()[onu]);
+    }
+  }
+  reports.codes_of_one = codes.Codes();
   return reports;
 }
 

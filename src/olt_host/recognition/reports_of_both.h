@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,27 @@ struct CodeOfOne {
   bool only_in_newer = false;
   std::size_t onus = 0;  // that report it
 };
+
+// Counts the codes of reports that only one of two catalogues defines.
+class CodesOfOne {
+ public:
+  CodesOfOne(const Catalogue& older, const Catalogue& newer);
+
+  // Both reports are of one ONU, read for either catalogue.
+  void Count(const OnuReport& for_older, const OnuReport& for_newer);
+
+  // Those that were reported.
+  std::vector<CodeOfOne> Codes() const;
+
+ private:
+  std::map<std::uint16_t, CodeOfOne> _only_in_newer;
+  std::map<std::uint16_t, CodeOfOne> _only_in_older;
+};
+
+// The codes of `own`, and those that only `other` has or names so: what reports are read by.
+Catalogue NamesOf(const Catalogue& own, const Catalogue& other);
+// Whether a report says the same by both.
+bool MeanTheSame(const Catalogue& one, const Catalogue& other);
 
 struct ReportsOfBoth {
   Populations for_older;  // a file each

@@ -160,6 +160,14 @@ TEST_F(DiffProgram, TellsOfCodesThatOnlyOneCatalogueHas) {
   EXPECT_EQ(json["codes_of_one"][0]["only_in"], "old");
 }
 
+TEST_F(DiffProgram, SaysNothingOfCodesThatNeitherCatalogueDefines) {
+  const std::string reports = _directory.Write(
+      "r.yaml", With(ReadFile(_reports), "abilities: {GE_PORTS: 9}", "abilities: {777: 9}"));
+  const ProgramResult result = RunProgram({"diff", _old, _old, reports});
+  EXPECT_EQ(result.status, 0) << result.err;
+  EXPECT_EQ(result.out.find("Note"), std::string::npos) << result.out;
+}
+
 TEST_F(DiffProgram, TakesAnotherKeyAbilityCode) {
   const std::string newer = _directory.Write(
       "new.yaml", With(With(Small(), "{code: 1085, name: KEY}", "{code: 2000, name: KEY}"),
