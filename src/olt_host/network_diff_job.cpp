@@ -40,8 +40,9 @@ Json CatalogueJson(const LoadedCatalogue& loaded) {
           {"sha256", loaded.sha256}};
 }
 
-BlockRun RunOf(const NetworkOptions& options, const DocumentHead& head) {
+BlockRun RunOf(const NetworkOptions& options, const DocumentHead& head, const std::string& file) {
   BlockRun run;
+  run.input = file;
   run.workers = options.workers == 0 ? AllCores() : options.workers;
   run.checkpoint = options.checkpoint;
   run.depends_on = {
@@ -49,18 +50,16 @@ BlockRun RunOf(const NetworkOptions& options, const DocumentHead& head) {
   return run;
 }
 
-NetworkDifference Compare(const std::vector<std::string>& files, const BlockRun& of_all,
+NetworkDifference Compare(const CommandLine& command_line, const DocumentHead& head,
                           NetworkComparison& comparison) {
   ComparedBlocks blocks;
-  BlockRun run = of_all;
-  for (const std::string& file : files) {
-    run.input = file;
+  for (const std::string& file : command_line.diff.reports) {
     const std::string name = file == "-" ? "standard input" : file;
     const auto work = [&comparison, &name](const std::string& task) {
       return ToRecord(comparison.Compare(task, name))
           .dump(-1, ' ', false, Json::error_handler_t::replace);
     };
-    GoThroughBlocks(run, work, blocks);
+    GoThroughBlocks(RunOf(command_line.network, head, file), work, blocks);
   }
   NetworkDifference difference = blocks.Sum();
   comparison.AskReasons(difference.difference);
@@ -83,8 +82,7 @@ int RunNetworkDiffJob(const CommandLine& command_line) {
   NetworkComparison comparison(older.catalogue, newer.catalogue, network.shard);
   const DocumentHead head = {"diff", Json::array({CatalogueJson(older), CatalogueJson(newer)}),
                              ShardSet::Of(network.shard)};
-  return PrintNetworkDifference(head, Compare(options.reports, RunOf(network, head), comparison),
-                                options.json);
+  return PrintNetworkDifference(head, Compare(command_line, head, comparison), options.json);
 }
 
 }  // namespace olt_host
