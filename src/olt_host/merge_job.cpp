@@ -1,4 +1,6 @@
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #include "jobs.h"
 #include "network_diff_output.h"
@@ -20,27 +22,32 @@ void ExpectOtherOlts(const NetworkSummary& merged, const NetworkSummary& other,
   }
 }
 
+int MergeNetworkSummaries(const std::vector<std::string>& files, bool as_json) {
+  DocumentHead head;
+  NetworkSummary merged;
+  for (std::size_t i = 0; i < files.size(); ++i) {
+    Json document;
+    const DocumentHead its_head = ReadDocument(files[i], document);
+    if (i == 0) {
+      head = its_head;
+    } else {
+      AddShards(head, its_head, files[i]);
+    }
+    const auto summary = ReadCounts<NetworkSummary>(files[i], document, ParseNetworkSummary);
+    ExpectOtherOlts(merged, summary, files[i]);
+    merged.Merge(summary);
+  }
+  return PrintNetworkSummary(head, merged, as_json);
+}
+
 }  // namespace
 
 int RunMergeJob(const CommandLine& command_line) {
-  DocumentHead head;
-  NetworkSummary merged;
-  for (const std::string& file : command_line.network.summaries) {
-    Json document;
-    const DocumentHead its_head = ReadDocument(file, document);
-    if (file == command_line.network.summaries.front()) {
-      head = its_head;
-      if (head.kind == "diff") {
-        return MergeNetworkDifferences(command_line.network.summaries, command_line.network.json);
-      }
-    } else {
-      AddShards(head, its_head, file);
-    }
-    const NetworkSummary summary = ReadCounts<NetworkSummary>(file, document, ParseNetworkSummary);
-    ExpectOtherOlts(merged, summary, file);
-    merged.Merge(summary);
-  }
-  return PrintNetworkSummary(head, merged, command_line.network.json);
+  const NetworkOptions& options = command_line.network;
+  Json first;
+  const DocumentHead head = ReadDocument(options.summaries.front(), first);
+  return head.kind == "diff" ? MergeNetworkDifferences(options.summaries, options.json)
+                             : MergeNetworkSummaries(options.summaries, options.json);
 }
 
 }  // namespace olt_host

@@ -25,8 +25,9 @@ constexpr std::uint64_t kMegabyte = 1000000;
 // The whole of what the result depends on.
 Json Identity(const BlockRun& run) {
   if (run.checkpoint.empty()) return {};
-  if (run.input == "-") {
-    throw std::runtime_error("a checkpoint needs a file to go on in, not standard input");
+  if (run.input == "-" || !std::filesystem::is_regular_file(run.input)) {
+    throw std::runtime_error("--checkpoint needs a file of reports to go on in; " +
+                             (run.input == "-" ? "standard input" : run.input) + " is none");
   }
   Json identity = run.depends_on;
   identity["input"] = run.input;
@@ -38,8 +39,7 @@ Json Identity(const BlockRun& run) {
 class Going {
  public:
   Going(const BlockRun& run, BlockTaker& taker)
-      : _keeps(!run.checkpoint.empty()),
-        _blocks(run.input),
+      : _blocks(run.input),
         _checkpoint(run.checkpoint, Identity(run)),
         _taker(taker),
         _bar(std::cerr, isatty(STDERR_FILENO) != 0, _blocks.size().value_or(0) / kMegabyte) {
@@ -64,7 +64,7 @@ class Going {
     _done.line = _under_way.front().line;
     _under_way.pop_front();
     _bar.Show(_done.offset / kMegabyte);
-    if (!_keeps) return;
+    if (!_checkpoint.IsDue()) return;
     _done.summary = _taker.Taken();
     _checkpoint.Keep(_done);
   }
@@ -82,7 +82,6 @@ class Going {
     return static_cast<std::uint64_t>(std::count(text.begin(), text.end(), '\n'));
   }
 
-  bool _keeps;
   LineBlocks _blocks;
   Checkpoint _checkpoint;
   BlockTaker& _taker;

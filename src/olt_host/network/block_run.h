@@ -33,7 +33,7 @@ struct BlockRun {
 };
 
 // Goes through all blocks that are not done. The workers are copies of this process as it is
-// now. Throws std::runtime_error, the checkpoint being what was done.
+// now. Throws std::runtime_error; the checkpoint is what was done up to a second before.
 void GoThroughBlocks(const BlockRun& run, const WorkerPool::Work& work, BlockTaker& taker);
 
 }  // namespace olt_host

@@ -48,11 +48,7 @@ void NetworkSummary::Count(const std::string& olt, const ConfirmationResult& res
   } else {
     ++of_olt.not_recognised;
   }
-  if (winner) {
-    ProfileCount& profile = profiles[*winner];
-    ++profile.wins;
-    KeepLast(profile.type_name, result.type_name);
-  }
+  if (winner) ++profiles[*winner].wins;
   if (result.Ok()) return;
   ++of_olt.not_as_expected;
   failures.insert({{olt, result.place, result.onu}, WhatFailed(result)});

@@ -84,7 +84,8 @@ struct NetworkSummary {
   std::set<FailedExpectation> failures;     // the first few by their names
   RefusedLines refused;
 
-  // One ONU more. `winner`: the match profile that took it; nothing when none did.
+  // One ONU more. `winner`: the match profile that took it; nothing when none did. Type
+  // names of profiles are left to whoever knows them all.
   void Count(const std::string& olt, const ConfirmationResult& result,
              const std::optional<MatchProfileName>& winner);
   void CountUnrecognised(const UnrecognisedKey& key, const UnrecognisedGroup& one);

@@ -38,7 +38,7 @@ std::string Named(std::uint32_t key, const std::string& name) {
 }
 
 void WriteMore(std::ostream& out, std::size_t hidden, const char* what) {
-  if (hidden > 0) out << "          ... and " << hidden << " more " << what << ", see --json\n";
+  if (hidden > 0) out << "          ... and " << hidden << " more " << what << "\n";
 }
 
 // On lines of their own where they do not fit behind what is there.
@@ -75,7 +75,7 @@ void WriteUnrecognised(std::ostream& out, const NetworkSummary& summary) {
                      " there, and " + group.reported + " at ONU " + NameOf(group.example),
                  10);
   }
-  WriteMore(out, groups.size() - std::min(groups.size(), kShown), "such groups");
+  WriteMore(out, groups.size() - std::min(groups.size(), kShown), "such groups, see --json");
 }
 
 void WriteOlts(std::ostream& out, const NetworkSummary& summary) {
@@ -89,7 +89,7 @@ void WriteOlts(std::ostream& out, const NetworkSummary& summary) {
     out << std::setw(8) << olt.onus << std::setw(9) << olt.not_recognised << std::setw(9)
         << olt.not_as_expected << "  " << name << "\n";
   }
-  WriteMore(out, olts.size() - std::min(olts.size(), kShown), "OLTs with some");
+  WriteMore(out, olts.size() - std::min(olts.size(), kShown), "OLTs with some, see --json");
 }
 
 void WriteFailures(std::ostream& out, const NetworkSummary& summary) {
@@ -98,7 +98,8 @@ void WriteFailures(std::ostream& out, const NetworkSummary& summary) {
   for (const FailedExpectation& failure : summary.failures) {
     WriteWrapped(out, "ONU " + NameOf(failure.onu) + " " + failure.what, 2);
   }
-  WriteMore(out, summary.counts.expectation_failed - summary.failures.size(), "ONUs");
+  WriteMore(out, summary.counts.expectation_failed - summary.failures.size(),
+            "ONUs; --csv has them all");
 }
 
 void WriteProfiles(std::ostream& out, const NetworkSummary& summary) {

@@ -22,6 +22,12 @@ ShardSet ParseShards(const Json& json) {
   return shards;
 }
 
+std::string CatalogueText(const Json& catalogue) {
+  const std::string name = catalogue.at("name");
+  const std::string version = catalogue.at("version");
+  return "Catalogue: " + name + (version.empty() ? "" : ", version " + version) + "\n";
+}
+
 std::string ReadText(const std::string& file) {
   std::ifstream in(file, std::ios::binary);
   std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
@@ -61,6 +67,7 @@ DocumentHead ReadDocument(const std::string& file, Json& document) {
     DocumentHead head;
     head.kind = document.at("kind");
     head.catalogues = document.at("catalogues");
+    for (const Json& catalogue : head.catalogues) CatalogueText(catalogue);
     if (document.contains("shards")) head.shards = ParseShards(document.at("shards"));
     return head;
   } catch (const std::exception& error) {
@@ -99,12 +106,7 @@ void AddShards(DocumentHead& head, const DocumentHead& other, const std::string&
 
 std::string HeadText(const DocumentHead& head) {
   std::string text;
-  for (const Json& catalogue : head.catalogues) {
-    text += "Catalogue: " + catalogue.at("name").get<std::string>();
-    const std::string version = catalogue.at("version");
-    if (!version.empty()) text += ", version " + version;
-    text += "\n";
-  }
+  for (const Json& catalogue : head.catalogues) text += CatalogueText(catalogue);
   if (head.shards.IsWhole()) return text;
   text += "Shards:    " + std::to_string(head.shards.numbers.size()) + " of " +
           std::to_string(head.shards.count);
