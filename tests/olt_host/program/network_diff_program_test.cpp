@@ -122,7 +122,7 @@ TEST_F(NetworkDiffProgram, SaysTheSameWhateverTheNumberOfWorkersAndFromStandardI
 TEST_F(NetworkDiffProgram, ShardsMergeIntoWhatOneRunSays) {
   std::string text = ReadFile(Generate("n.jsonl", "3000", "30"));
   // Lines that no report can be read from are of one shard each, too.
-  for (int i = 0; i < 25; ++i)
+  for (std::size_t i = 0; i < 25; ++i)
     text.insert(text.find('\n', text.size() / 30 * i) + 1, "{\"olt\":\n");
   const std::string lines = _directory.Write("n.jsonl", text);
   const ProgramResult whole = Diff({lines, "--json"});
