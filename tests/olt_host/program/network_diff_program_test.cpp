@@ -77,7 +77,7 @@ class NetworkDiffProgram : public testing::Test {
   }
 
   std::string Generate(const std::string& name, const std::string& onus, const std::string& olts) {
-    const std::string path = _directory.Path(name);
+    std::string path = _directory.Path(name);
     const ProgramResult result =
         RunProgram({"generate", Shipped(), "--onus", onus, "--olts", olts, "--seed", "7",
                     "--faults", "padding=5,garbage=10,missing=10", "-o", path});
