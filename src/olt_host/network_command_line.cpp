@@ -23,7 +23,7 @@ void AddShardOption(CLI::App& command, CommandLine& result) {
             }
             result.network.shard = *shard;
           },
-          "Of JSON lines, only the OLTs of part I of N; see merge")
+          "Of JSON lines, the OLTs of part I of N; see merge")
       ->type_name("I/N");
 }
 

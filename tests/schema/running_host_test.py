@@ -89,7 +89,9 @@ class RunningHost(unittest.TestCase):
             before = self.shown(host)["sha256"]
             self.drop_in("real_profiles: [{key: 7, abilities: {GE_PORTS: 8}}]\n")
             self.assertEqual(host.type("reload"),
-                             "Reloaded\n  1 real profile added\n\n  real profile 7: added\n")
+                             "Reloaded\n  1 real profile added\n\n  real profile 7: added\n\n"
+                             "The catalogue has 1 warning; "
+                             "\"lint catalogue\" shows more\n")
             self.assertNotEqual(self.shown(host)["sha256"], before)
             self.assertIn("GE_PORTS", host.type("show onucapa_table real 0 flag 1"))
 
