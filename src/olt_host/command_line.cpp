@@ -68,7 +68,7 @@ CLI::App* AddConfirm(CLI::App& app, CommandLine& result) {
   AddLogOptions(*confirm, result);
   confirm->callback([confirm, &result] {
     // A line for each of very many ONUs is not what anybody waits for.
-    if (!IsJsonLines(result.reports)) return;
+    if (!IsJsonLines(result.reports) || !result.olt.empty()) return;
     if (confirm->count("--log") == 0 && confirm->count("--log-levels") == 0) result.log.mask = 0;
   });
   confirm->footer(

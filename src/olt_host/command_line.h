@@ -121,6 +121,7 @@ struct CommandLine {
   // Of every job that loads a catalogue.
   CatalogueRequest catalogue;
   std::string reports;     // may be empty but for confirm
+  std::string olt;         // whose reports, of JSON lines
   std::string state_file;  // empty: nothing is kept
   LogSettings log;
 

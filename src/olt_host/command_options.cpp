@@ -33,9 +33,11 @@ void AddCatalogue(CLI::App& command, CommandLine& result, bool required) {
 }
 
 void AddReports(CLI::App& command, CommandLine& result, bool required) {
-  command.add_option("REPORTS", result.reports, "What the ONUs report (YAML)")
+  command.add_option("REPORTS", result.reports, "What the ONUs report (YAML, or JSON lines)")
       ->required(required)
       ->type_name("FILE");
+  command.add_option("--olt", result.olt, "Of REPORTS that are JSON lines, those of this OLT")
+      ->type_name("NAME");
 }
 
 void AddCatalogueOptions(CLI::App& command, CommandLine& result) {

@@ -45,7 +45,8 @@ ConfirmationSummary ConfirmPopulation(OutputFormat format, bool summary_only) {
 }
 
 int RunConfirmJob(const CommandLine& command_line) {
-  if (IsJsonLines(command_line.reports)) return RunNetworkConfirmJob(command_line);
+  if (IsJsonLines(command_line.reports) && command_line.olt.empty())
+    return RunNetworkConfirmJob(command_line);
   const auto library = StartHost(command_line);
   const ConfirmationSummary summary =
       ConfirmPopulation(command_line.format, command_line.summary_only);

@@ -1,4 +1,7 @@
+#include <chrono>
+#include <iomanip>
 #include <iostream>
+#include <sstream>
 #include <stdexcept>
 
 #include "commands/host_context.h"
@@ -26,12 +29,18 @@ class ConfirmedBlocks : public BlockTaker {
     _summary.Merge(block.summary);
   }
   Json Taken() const override { return ToJson(_summary); }
-  void GoOnFrom(const Json& taken) override { _summary = ParseNetworkSummary(taken); }
+  void GoOnFrom(const Json& taken) override {
+    _summary = ParseNetworkSummary(taken);
+    _before = _summary.counts.onus;
+  }
 
   const NetworkSummary& summary() const { return _summary; }
+  // Those of this run alone.
+  std::size_t onus() const { return _summary.counts.onus - _before; }
 
  private:
   NetworkSummary _summary;
+  std::size_t _before = 0;
 };
 
 DocumentHead HeadOf(const CommandLine& command_line) {
@@ -54,14 +63,30 @@ BlockRun RunOf(const CommandLine& command_line, const DocumentHead& head) {
   return run;
 }
 
+// Not in the summary, which is the same for the same network.
+void SayTimeSpent(std::size_t onus, std::chrono::duration<double> duration) {
+  std::ostringstream text;
+  text << std::fixed << std::setprecision(1) << "olt_host: " << onus << " ONUs in "
+       << duration.count() << " s";
+  if (duration.count() > 0.1) {
+    text << ", " << std::setprecision(0) << static_cast<double>(onus) / duration.count()
+         << " a second";
+  }
+  std::cerr << text.str() << "\n";
+}
+
 NetworkSummary Confirm(const CommandLine& command_line, const BlockRun& run, bool with_rows) {
   NetworkConfirmation confirmation(Host().catalogue.catalogue,
                                    run.input == "-" ? "standard input" : run.input,
                                    command_line.network.shard, with_rows);
   ConfirmedBlocks blocks(confirmation.NoWins());
+  const auto start = std::chrono::steady_clock::now();
   GoThroughBlocks(
       run, [&confirmation](const std::string& task) { return ToBytes(confirmation.Confirm(task)); },
       blocks);
+  if (command_line.format == OutputFormat::kTable) {
+    SayTimeSpent(blocks.onus(), std::chrono::steady_clock::now() - start);
+  }
   return blocks.summary();
 }
 

@@ -9,6 +9,8 @@
 #include "commands/host_context.h"
 #include "commands/operator_changes.h"
 #include "confirmation/hooks.h"
+#include "network/olt_reports.h"
+#include "network_command_line.h"
 #include "onu_ability_common_reg_extern_func.h"
 #include "onu_ability_common_service_cli.h"
 #include "onu_ability_common_table.h"
@@ -20,6 +22,22 @@ namespace olt_host {
 
 namespace {
 
+Reports ReadPopulation(const CommandLine& command_line) {
+  const Catalogue& catalogue = Host().catalogue.catalogue;
+  const bool is_network = IsJsonLines(command_line.reports);
+  if (is_network && command_line.olt.empty()) {
+    throw std::runtime_error(command_line.reports +
+                             " is a network, of any size; expected --olt with the name of one of "
+                             "its OLTs");
+  }
+  if (!is_network && !command_line.olt.empty()) {
+    throw std::runtime_error("--olt is for JSON lines; expected no --olt for " +
+                             command_line.reports);
+  }
+  return is_network ? ReadReportsOfOlt(command_line.reports, command_line.olt, catalogue)
+                    : ReadReports(command_line.reports, catalogue);
+}
+
 void ReadInputs(const CommandLine& command_line) {
   HostContext& host = Host();
   host.catalogue_request = command_line.catalogue;
@@ -27,8 +45,7 @@ void ReadInputs(const CommandLine& command_line) {
   for (const std::string& refused : host.catalogue.refused) std::cerr << refused << "\n";
   host.state_file = command_line.state_file;
   if (command_line.reports.empty()) return;
-  host.population = std::make_shared<const Population>(
-      ReadReports(command_line.reports, host.catalogue.catalogue));
+  host.population = std::make_shared<const Population>(ReadPopulation(command_line));
 }
 
 void InstallCommands() {

@@ -139,6 +139,10 @@ std::string NetworkSummaryText(const NetworkSummary& summary) {
   WriteOlts(out, summary);
   WriteFailures(out, summary);
   WriteProfiles(out, summary);
+  if (!summary.unrecognised.empty() || !summary.failures.empty()) {
+    out << "\nWhy an ONU is what it is:\n"
+           "  olt_host explain CATALOGUE REPORTS --olt OLT --onu PLACE/ONU\n";
+  }
   return out.str();
 }
 

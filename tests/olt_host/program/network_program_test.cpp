@@ -338,5 +338,33 @@ TEST_F(NetworkProgram, ACheckpointOfAnotherRunIsRefused) {
   EXPECT_EQ(ReadFile(_checkpoint), kept);
 }
 
+TEST(OneOltOfANetwork, IsConfirmedAndExplainedByItself) {
+  const std::string catalogue = Fixture("small_catalogue.yaml");
+  const std::string network = Fixture("network.jsonl");
+  const ProgramResult confirmed =
+      RunProgram({"confirm", catalogue, network, "--olt", "olt-north", "--json"});
+  EXPECT_EQ(confirmed.status, 0) << confirmed.err;
+  const Json results = Json::parse(confirmed.out).at("results");
+  ASSERT_EQ(results.size(), 3U);
+  EXPECT_EQ(results[0].at("report_type"), 700);  // by what the OLT is set to
+  const ProgramResult explained =
+      RunProgram({"explain", catalogue, network, "--olt", "olt-east", "--onu", "1/4", "--json"});
+  EXPECT_EQ(explained.status, 0) << explained.err;
+  EXPECT_EQ(Json::parse(explained.out).at("recognised_by"), "none");
+}
+
+TEST(OneOltOfANetwork, MustBeNamed) {
+  const std::string catalogue = Fixture("small_catalogue.yaml");
+  const std::string network = Fixture("network.jsonl");
+  const ProgramResult unnamed = RunProgram({"explain", catalogue, network, "--onu", "1/4"});
+  EXPECT_EQ(unnamed.status, 2);
+  EXPECT_NE(unnamed.err.find("is a network, of any size; expected --olt"), std::string::npos)
+      << unnamed.err;
+  const ProgramResult yaml =
+      RunProgram({"confirm", catalogue, Fixture("small_reports.yaml"), "--olt", "a"});
+  EXPECT_EQ(yaml.status, 2);
+  EXPECT_NE(yaml.err.find("--olt is for JSON lines"), std::string::npos) << yaml.err;
+}
+
 }  // namespace
 }  // namespace olt_host_test
