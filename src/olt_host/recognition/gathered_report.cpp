@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "recognition/ability_value.h"
 #include "recognition/pattern_comparison.h"
 
 namespace olt_host {
@@ -29,20 +30,6 @@ ConfirmOnuType WithPrivateCapability(const ConfirmOnuType& gathered) {
   ConfirmOnuType onu = gathered;
   onu.UpdateOnucapaFromSpecialMe();
   return onu;
-}
-
-Value Number(unsigned int number) {
-  Value value;
-  value.ability_value_type = ONU_ABILITY_VALUE_TYPE_USHORT;
-  value.ability_ushort_value = number;
-  return value;
-}
-
-Value Text(const std::string& text) {
-  Value value;
-  value.ability_value_type = ONU_ABILITY_VALUE_TYPE_STRING;
-  value.ability_string_value = text;
-  return value;
 }
 
 bool IsAnything(const Value& value) {

@@ -3,6 +3,7 @@
 #include <set>
 
 #include "catalogue/yaml_words.h"
+#include "recognition/ability_value.h"
 #include "recognition/fit_index.h"
 #include "recognition/population_outcome.h"
 #include "recognition/undisturbed_library.h"
@@ -36,20 +37,6 @@ bool CanBeStated(const Value& value) {
 // The library derives them.
 bool IsTotal(std::uint16_t code) {
   return code == ONU_ABILITY_CODE_ALL_LAN || code == ONU_ABILITY_CODE_DATA_UNI;
-}
-
-Value Number(std::uint32_t number) {
-  Value value;
-  value.ability_value_type = ONU_ABILITY_VALUE_TYPE_USHORT;
-  value.ability_ushort_value = number;
-  return value;
-}
-
-Value Text(const std::string& text) {
-  Value value;
-  value.ability_value_type = ONU_ABILITY_VALUE_TYPE_STRING;
-  value.ability_string_value = text;
-  return value;
 }
 
 // The keys that entries may have.

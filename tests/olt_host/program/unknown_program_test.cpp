@@ -4,10 +4,10 @@
 #include <map>
 #include <nlohmann/json.hpp>
 #include <set>
-#include <sstream>
 #include <string>
 
 #include "program_runner.h"
+#include "thinned_catalogue.h"
 
 namespace olt_host_test {
 namespace {
@@ -31,19 +31,6 @@ class UnknownProgram : public testing::Test {
       if (!group["recognised"] && !is_in) onus += group["count"].get<std::size_t>();
     }
     return onus;
-  }
-  // The shipped catalogue without every third of its match profiles.
-  static std::string Thinned() {
-    std::istringstream lines(ReadFile(std::string(OLT_HOST_SHIPPED_DATA) + "/catalogue.yaml"));
-    std::string thinned;
-    bool is_match = false;
-    std::size_t entries = 0;
-    for (std::string line; std::getline(lines, line);) {
-      is_match = is_match || line == "match_profiles:";
-      if (is_match && line.rfind("  - key:", 0) == 0) ++entries;
-      if (entries % 3 != 1) thinned += line + "\n";
-    }
-    return thinned;
   }
   // Types of the ONUs that exactly one profile fits or that are known by their type, by
   // "place/onu".
@@ -81,7 +68,7 @@ TEST_F(UnknownProgram, TellsWhatNothingRecognises) {
 // ONUs of one catalogue, asked of another that lacks a third of their types.
 TEST_F(UnknownProgram, EntriesMakeGeneratedOnusKnownAndChangeNoOther) {
   const std::string reports = _directory.Path("generated.yaml");
-  const std::string thinned = _directory.Write("thinned.yaml", Thinned());
+  const std::string thinned = _directory.Write("thinned.yaml", ThinnedCatalogue());
   ASSERT_EQ(RunProgram({"generate", _shipped, "--onus", "400", "--seed", "5", "--faults",
                         "missing=20,ones=10,truncated=20,case=20,padding=10,garbage=10,unknown=20",
                         "-o", reports})

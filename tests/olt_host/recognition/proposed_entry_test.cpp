@@ -5,12 +5,12 @@
 
 #include <algorithm>
 #include <set>
-#include <sstream>
 
 #include "catalogue/report_reader.h"
 #include "confirmation/confirmer.h"
 #include "loaded_catalogue.h"
 #include "recognition/population_outcome.h"
+#include "thinned_catalogue.h"
 
 namespace olt_host_test {
 namespace {
@@ -25,20 +25,6 @@ using olt_host::UnknownOnus;
 
 std::string ShippedFile(const std::string& name) {
   return std::string(OLT_HOST_SHIPPED_DATA) + "/" + name;
-}
-
-// The shipped catalogue without every third of its match profiles.
-std::string ThinnedCatalogue() {
-  std::istringstream lines(ReadFile(ShippedFile("catalogue.yaml")));
-  std::string thinned;
-  bool is_match = false;
-  std::size_t entries = 0;
-  for (std::string line; std::getline(lines, line);) {
-    is_match = is_match || line == "match_profiles:";
-    if (is_match && line.rfind("  - key:", 0) == 0) ++entries;
-    if (entries % 3 != 1) thinned += line + "\n";
-  }
-  return thinned;
 }
 
 // The catalogue with the entries as a local file, loaded.
