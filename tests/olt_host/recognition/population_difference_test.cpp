@@ -190,13 +190,14 @@ TEST_F(PopulationDifferenceTest, StandingsAreTheLibrarysVerdicts) {
   EXPECT_EQ(seen.size(), 3U);
 }
 
-TEST_F(PopulationDifferenceTest, OfALargeNetworkTakesLessThanTwoSeconds) {
+TEST_F(PopulationDifferenceTest, OfALargeNetwork) {
   LargeNetwork network(3);
   const LibraryState older = network.Library(2000);
   const LibraryState newer = network.Changed(older);
   const Populations populations = OnePopulation(network.Reports(older, 8192));
   olt_host::InstallLibrary(older);
   onu_ability_set_log_level_mask(olt_host::kDefaultLogMask);
+  // How long it takes is measured, not tested: machines are shared.
   const std::clock_t start = std::clock();
   const Asked asked = Ask(older, newer, populations);
   const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
@@ -205,9 +206,6 @@ TEST_F(PopulationDifferenceTest, OfALargeNetworkTakesLessThanTwoSeconds) {
             << " by luck\n";
   EXPECT_GT(asked.difference.Changed(), 100U);
   EXPECT_GT(asked.difference.luck_after.onus, 100U);
-#if defined(NDEBUG) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-  EXPECT_LT(seconds, 2.0);
-#endif
 }
 
 }  // namespace

@@ -81,7 +81,9 @@ class RandomNetwork {
       return static_cast<unsigned short>(OneIn(2) ? 3 : Below(4));
     };
     for (unsigned short code = 1; code <= kPlainCodes; ++code) {
-      AddCode(state, code, OneIn(8) ? 3 : 2, confirm_type());
+      // One draw a statement: compilers order those of one call as they like.
+      const unsigned short confirmed = confirm_type();
+      AddCode(state, code, OneIn(8) ? 3 : 2, confirmed);
     }
     for (const unsigned short code : std::initializer_list<unsigned short>{48, 1002})
       AddCode(state, code, 2, 3);
@@ -117,7 +119,10 @@ class RandomNetwork {
     if (OneIn(4)) profile.UpdateInit(1083, Text());
     if (OneIn(12))
       profile._common_ability[static_cast<unsigned short>(1 + Below(kPlainCodes))] = {};
-    if (OneIn(12)) profile.UpdateInit(static_cast<unsigned short>(1 + Below(kPlainCodes)), Text());
+    if (OneIn(12)) {
+      const std::string text = Text();
+      profile.UpdateInit(static_cast<unsigned short>(1 + Below(kPlainCodes)), text);
+    }
     profile._common_ability_num = static_cast<unsigned int>(profile._common_ability.size());
     return profile;
   }
