@@ -1,11 +1,13 @@
 #!/bin/sh
-# Runs the whole suite under the address, leak and undefined-behaviour
-# sanitizers.
+# Builds everything with the second compiler, warnings as errors, under the address,
+# leak and undefined-behaviour sanitizers, and runs the whole suite with what it built.
+# `make test` has run it with the first compiler, without them.
 set -eu
 cd "$(dirname "$0")/.."
 scripts/install_packages.sh build
+scripts/install_packages.sh check
 build=build-sanitizers
-cmake -S . -B $build -G Ninja -DCMAKE_BUILD_TYPE=Debug -DONU_ABILITY_SANITIZE=address,undefined \
-  >$build.log 2>&1 || { cat $build.log; exit 1; }
+CC=clang CXX=clang++ cmake -S . -B $build -G Ninja -DCMAKE_BUILD_TYPE=Debug \
+  -DONU_ABILITY_SANITIZE=address,undefined >$build.log 2>&1 || { cat $build.log; exit 1; }
 cmake --build $build
 ctest --test-dir $build --output-on-failure -j "$(nproc)" --progress
