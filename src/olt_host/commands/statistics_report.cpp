@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "commands/host_context.h"
+#include "confirmation/match_profile_names.h"
 #include "onu_ability_common_table.h"
 #include "recognition/undisturbed_library.h"
 
@@ -25,20 +26,6 @@ std::uint32_t KeyOf(const OnuAbilityProfile& profile) {
   unsigned int key = 0;
   return profile.Get(Host().catalogue.catalogue.key_ability_code, key) == ONU_ABILITY_RET_OK ? key
                                                                                              : 0;
-}
-
-std::vector<MatchProfileName> NamesInTable() {
-  std::map<std::pair<unsigned int, std::uint32_t>, unsigned int> seen;
-  std::vector<MatchProfileName> names;
-  for (const OnuAbilityProfile& profile : AllOf(ONU_ABILITY_PROFILE_TYPE_MATCH)) {
-    MatchProfileName name;
-    name.source = static_cast<unsigned int>(profile._profile_source);
-    name.key = KeyOf(profile);
-    // Those without a key count as one.
-    if (name.key != 0) name.number = ++seen[{name.source, name.key}];
-    names.push_back(name);
-  }
-  return names;
 }
 
 // By key; the newest profile answers for its key.
@@ -69,7 +56,8 @@ StatisticsReport ReportStatistics() {
   }
   report.won = profiles.size();
   const std::map<std::uint32_t, std::string> type_names = TypeNames();
-  for (const MatchProfileName& name : NamesInTable()) {
+  for (const MatchProfileName& name : MatchProfileNames(
+           AllOf(ONU_ABILITY_PROFILE_TYPE_MATCH), Host().catalogue.catalogue.key_ability_code)) {
     CountedProfile& profile = profiles[name];
     const auto type_name = type_names.find(name.key);
     profile.name = name;

@@ -14,18 +14,6 @@ using Json = nlohmann::ordered_json;
 
 constexpr std::size_t kShownLines = 10;
 
-// The next line without its line break, taken off the front of `text`.
-std::string_view TakeLine(std::string_view& text) {
-  const std::size_t end = text.find('\n');
-  const std::string_view line = text.substr(0, end);
-  text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-  return line;
-}
-
-bool IsBlank(std::string_view line) {
-  return line.find_first_not_of(" \t\r") == std::string_view::npos;
-}
-
 }  // namespace
 
 std::string RefusedLine::Text() const { return file + ":" + std::to_string(line) + ": " + problem; }

@@ -22,6 +22,17 @@ FileDescriptor Open(const std::string& path) {
 
 }  // namespace
 
+std::string_view TakeLine(std::string_view& text) {
+  const std::size_t end = text.find('\n');
+  const std::string_view line = text.substr(0, end);
+  text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+  return line;
+}
+
+bool IsBlank(std::string_view line) {
+  return line.find_first_not_of(" \t\r") == std::string_view::npos;
+}
+
 LineBlocks::LineBlocks(const std::string& path)
     : _name(IsStandardInput(path) ? "standard input" : path), _file(Open(path)) {
   struct stat status {};

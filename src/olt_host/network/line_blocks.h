@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "state/file_descriptor.h"
 
@@ -19,6 +20,11 @@ struct LineBlock {
   std::uint64_t end = 0;         // offset of the first byte behind it
   std::string text;              // whole lines; the last of the input may lack its line break
 };
+
+// The next line without its line break, taken off the front of `text`.
+std::string_view TakeLine(std::string_view& text);
+// Blanks alone, or nothing.
+bool IsBlank(std::string_view line);
 
 class LineBlocks {
  public:

@@ -5,6 +5,7 @@
 
 #include "confirmation/confirmer.h"
 #include "confirmation/csv_writer.h"
+#include "confirmation/match_profile_names.h"
 #include "recognition/one_report.h"
 #include "recognition/pattern_standing.h"
 #include "recognition/population_outcome.h"
@@ -14,23 +15,6 @@ namespace olt_host {
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-// Several profiles of a source with one key are numbered from the oldest; those without a
-// key count as one.
-std::vector<MatchProfileName> NamesOf(const std::vector<OnuAbilityProfile>& patterns,
-                                      std::uint16_t key_ability_code) {
-  std::map<std::pair<unsigned int, std::uint32_t>, unsigned int> seen;
-  std::vector<MatchProfileName> names;
-  names.reserve(patterns.size());
-  for (const OnuAbilityProfile& pattern : patterns) {
-    MatchProfileName name;
-    name.source = static_cast<unsigned int>(pattern._profile_source);
-    if (pattern.Get(key_ability_code, name.key) != ONU_ABILITY_RET_OK) name.key = 0;
-    if (name.key != 0) name.number = ++seen[{name.source, name.key}];
-    names.push_back(name);
-  }
-  return names;
-}
 
 }  // namespace
 
@@ -58,7 +42,7 @@ NetworkConfirmation::NetworkConfirmation(const Catalogue& catalogue, std::string
     : _reader(catalogue, std::move(file), shard),
       _with_rows(with_rows),
       _patterns(MatchProfiles()),
-      _names(NamesOf(_patterns, catalogue.key_ability_code)),
+      _names(MatchProfileNames(_patterns, catalogue.key_ability_code)),
       _type_names(ReadTypeNames()),
       _index(_patterns) {
   for (std::size_t i = 0; i < _patterns.size(); ++i) {

@@ -32,13 +32,9 @@ class OltReader {
   void ReadBlock(const LineBlock& block) {
     std::string_view rest = block.text;
     for (std::uint64_t number = block.first_line; !rest.empty(); ++number) {
-      const std::size_t end = rest.find('\n');
-      const std::string_view line = rest.substr(0, end);
-      rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
+      const std::string_view line = TakeLine(rest);
       const bool may_be_its = !_is_plain || line.find(_olt) != std::string_view::npos;
-      if (may_be_its && line.find_first_not_of(" \t\r") != std::string_view::npos) {
-        ReadLine(line, {_file, static_cast<unsigned int>(number)});
-      }
+      if (may_be_its && !IsBlank(line)) ReadLine(line, {_file, static_cast<unsigned int>(number)});
     }
   }
 
