@@ -12,7 +12,7 @@ unsigned int tests_started = 0;
 void RefuseSecondTest() {
   if (++tests_started > 1) {
     FAIL() << "a second test in one process would find the leftovers of the first: run the tests "
-              "with ctest, or one at a time with an exact --gtest_filter";
+              "with ctest or with --separate-processes";
   }
 }
 

@@ -4,7 +4,8 @@
 // Clean state: the library's registries, tables and hooks are process-wide
 // singletons, so every test runs in a process of its own. CTest starts one
 // process a test; `LibraryTest` refuses to run a second test in one process.
-// Run single tests with `ctest -R Name` or with an exact --gtest_filter.
+// Run single tests with `ctest -R Name` or with an exact --gtest_filter, and many at
+// once with --separate-processes (separate_processes/).
 #ifndef TESTS_SUPPORT_RECORDING_HOST_H
 #define TESTS_SUPPORT_RECORDING_HOST_H
 
