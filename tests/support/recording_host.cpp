@@ -11,8 +11,11 @@
 #include <utility>
 
 #include "bep.h"
+#include "host_code.h"
 #include "mutex_lock.h"
 #include "ulog.h"
+
+thread_local unsigned int HostCode::depth_ = 0;
 
 namespace {
 
@@ -88,6 +91,11 @@ struct MutexState {
   std::timed_mutex mutex;
   bool taken = false;  // guarded by RecordGuard
 };
+
+MutexState* NewMutex() {
+  const HostCode host_code;
+  return new MutexState;
+}
 
 // The mutexes that this thread holds.
 std::vector<const MutexState*>& HeldHere() {
@@ -172,6 +180,7 @@ bool RecordingHost::ClaimLog(unsigned int level, const std::string& text) {
 // --- ulog.h
 
 void ulogPrintf(unsigned int module_id, unsigned int level, const char* format, ...) {
+  const HostCode host_code;
   LogLine line;
   line.module_id = module_id;
   line.level = level;
@@ -187,12 +196,14 @@ void ulogPrintf(unsigned int module_id, unsigned int level, const char* format, 
 
 // --- mutex_lock.h
 
-CMutexLock::CMutexLock() : _handle(new MutexState) {
+CMutexLock::CMutexLock() : _handle(NewMutex()) {
+  const HostCode host_code;
   const std::lock_guard<std::mutex> guard(RecordGuard());
   RecordMutexCall(MutexCall::kConstruct, this);
 }
 
 CMutexLock::~CMutexLock() {
+  const HostCode host_code;
   auto* state = static_cast<MutexState*>(_handle);
   {
     const std::lock_guard<std::mutex> guard(RecordGuard());
@@ -203,6 +214,7 @@ CMutexLock::~CMutexLock() {
 }
 
 unsigned int CMutexLock::Lock(int wait_limit, const char* file, unsigned int line) {
+  const HostCode host_code;
   auto* state = static_cast<MutexState*>(_handle);
   std::vector<const MutexState*>& held = HeldHere();
   EXPECT_TRUE(held.empty()) << "Lock by a thread that already holds a mutex";
@@ -220,6 +232,7 @@ unsigned int CMutexLock::Lock(int wait_limit, const char* file, unsigned int lin
 }
 
 unsigned int CMutexLock::Unlock(const char* file, unsigned int line) {
+  const HostCode host_code;
   auto* state = static_cast<MutexState*>(_handle);
   std::vector<const MutexState*>& held = HeldHere();
   const std::lock_guard<std::mutex> guard(RecordGuard());
@@ -243,6 +256,7 @@ int bep_StrCmp(const char* a, const char* b) { return std::strcmp(a, b); }
 unsigned int bep_StrLen(const char* text) { return static_cast<unsigned int>(std::strlen(text)); }
 
 void* bep_callocEx(unsigned int count, unsigned int size, const char* file, unsigned int line) {
+  const HostCode host_code;
   const std::lock_guard<std::mutex> guard(RecordGuard());
   RecordingHost& host = RecordingHost::Instance();
   RecordMemoryCall("bep_callocEx", count, size, file, line);
@@ -258,6 +272,7 @@ void* bep_callocEx(unsigned int count, unsigned int size, const char* file, unsi
 }
 
 void bep_freeEx(void* block, const char* file, unsigned int line) {
+  const HostCode host_code;
   const std::lock_guard<std::mutex> guard(RecordGuard());
   const auto found = Blocks().find(block);
   const unsigned int bytes = found == Blocks().end() ? 0 : found->second;
@@ -275,6 +290,7 @@ void bep_freeEx(void* block, const char* file, unsigned int line) {
 }
 
 void bep_memCpyEx(void* dst, unsigned int dst_size, const void* src, unsigned int count) {
+  const HostCode host_code;
   const std::lock_guard<std::mutex> guard(RecordGuard());
   RecordMemoryCall("bep_memCpyEx", count, dst_size, nullptr, 0);
   if (count != 0 && count <= dst_size) {
@@ -283,6 +299,7 @@ void bep_memCpyEx(void* dst, unsigned int dst_size, const void* src, unsigned in
 }
 
 void bep_memSetEx(void* dst, unsigned int dst_size, int value, unsigned int count) {
+  const HostCode host_code;
   const std::lock_guard<std::mutex> guard(RecordGuard());
   RecordMemoryCall("bep_memSetEx", count, dst_size, nullptr, 0);
   if (count != 0 && count <= dst_size) {
@@ -293,6 +310,7 @@ void bep_memSetEx(void* dst, unsigned int dst_size, int value, unsigned int coun
 // --- vty.h
 
 int vty_out(struct vty* terminal, const char* format, ...) {
+  const HostCode host_code;
   if (terminal == nullptr) {
     ADD_FAILURE() << "vty_out on a null terminal: " << format;
     return 0;
@@ -306,11 +324,13 @@ int vty_out(struct vty* terminal, const char* format, ...) {
 }
 
 int install_element(unsigned int node, struct cmd_element* element) {
+  const HostCode host_code;
   RecordingHost::Instance().elements_.push_back({node, element});
   return 0;
 }
 
 int cl_install_module(const char* name, int (*install)(void), int (*showrun)(void)) {
+  const HostCode host_code;
   RecordingHost::Instance().modules_.push_back({name, install, showrun});
   return 0;
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "onu_ability_common_reg_extern_func.h"
+#include "host_code.h"
 #include "recording_host.h"
 
 namespace {
@@ -31,18 +32,21 @@ void Write(const std::string& text, char* buffer, size_t room) {
 }
 
 unsigned int GetVendorId(unsigned short place, unsigned char onu, char* vendor_id) {
+  const HostCode host_code;
   Record(0, place, onu);
   Write(Hooks().onu.vendor_id, vendor_id, 5);
   return Hooks().onu.vendor_status;
 }
 
 unsigned int GetReportType(unsigned short place, unsigned char onu) {
+  const HostCode host_code;
   Record(1, place, onu);
   return Hooks().onu.reported_type;
 }
 
 unsigned int GetPrivateCapability(unsigned short place, unsigned char onu, unsigned short setting_3,
                                   unsigned char* private_capability) {
+  const HostCode host_code;
   Record(2, place, onu, setting_3);
   if (Hooks().onu.set_private_capability) {
     *private_capability = Hooks().onu.private_capability;
@@ -52,23 +56,27 @@ unsigned int GetPrivateCapability(unsigned short place, unsigned char onu, unsig
 
 unsigned int HandOverProfile(unsigned short place, unsigned char onu, unsigned int stage,
                              ConfirmOnuType* profile) {
+  const HostCode host_code;
   Record(3, place, onu, stage, profile);
   Hooks().handed_over.push_back(*profile);
   return 0;
 }
 
 unsigned int SetRealType(unsigned short place, unsigned char onu, unsigned short real_type) {
+  const HostCode host_code;
   Record(4, place, onu, real_type);
   return 0;
 }
 
 unsigned int SetReportType(unsigned short place, unsigned char onu, unsigned short report_type) {
+  const HostCode host_code;
   Record(5, place, onu, report_type);
   return 0;
 }
 
 unsigned int GetAbilityValue(unsigned short place, unsigned char onu, unsigned short ability_code,
                              unsigned int* value) {
+  const HostCode host_code;
   Record(6, place, onu, ability_code);
   Hooks().presets.push_back(*value);
   const auto answer = Hooks().onu.values.find(ability_code);
@@ -79,6 +87,7 @@ unsigned int GetAbilityValue(unsigned short place, unsigned char onu, unsigned s
 }
 
 unsigned int GetIdentifySetting(unsigned int index, unsigned short place, unsigned short* setting) {
+  const HostCode host_code;
   Record(7, place, -1, index);
   if (index > 3) {
     ADD_FAILURE() << "no identify setting " << index;
@@ -89,12 +98,14 @@ unsigned int GetIdentifySetting(unsigned int index, unsigned short place, unsign
 }
 
 unsigned int ReadOneByOne(unsigned short place, unsigned char onu) {
+  const HostCode host_code;
   Record(8, place, onu);
   return Hooks().onu.read_one_by_one;
 }
 
 unsigned int GetDeviceName(unsigned short place, unsigned char onu, unsigned int length,
                            char* device_name) {
+  const HostCode host_code;
   Record(9, place, onu, length);
   Write(Hooks().onu.device_name, device_name, 21);
   return Hooks().onu.device_name_status;

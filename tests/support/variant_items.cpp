@@ -5,6 +5,7 @@
 #include <cstring>
 #include <utility>
 
+#include "host_code.h"
 #include "recording_host.h"
 
 namespace {
@@ -31,6 +32,11 @@ Buffer& BufferOf(const Variant& variant) {
   static Buffer none;
   ADD_FAILURE() << "no such Variant";
   return none;
+}
+
+Buffer* NewBuffer() {
+  const HostCode host_code;
+  return new Buffer;
 }
 
 void ForgetBuffer(const Variant* variant) {
@@ -83,7 +89,8 @@ const char* NameOf(VariantItem::Kind kind) {
 
 // --- variant.h
 
-Variant::Variant() : _handle(new Buffer) {
+Variant::Variant() : _handle(NewBuffer()) {
+  const HostCode host_code;
   Buffers().emplace_back(this, static_cast<Buffer*>(_handle));
 }
 
@@ -93,18 +100,22 @@ Variant::~Variant() {
 }
 
 unsigned int Variant::Append(unsigned short value, unsigned int index) {
+  const HostCode host_code;
   return AppendItem(_handle, {VariantItem::kShort, value, "", index});
 }
 
 unsigned int Variant::Append(unsigned int value, unsigned int index) {
+  const HostCode host_code;
   return AppendItem(_handle, {VariantItem::kInt, value, "", index});
 }
 
 unsigned int Variant::Append(char* bytes, unsigned int length, unsigned int index) {
+  const HostCode host_code;
   return AppendItem(_handle, {VariantItem::kBytes, 0, std::string(bytes, length), index});
 }
 
 unsigned int Variant::Fetch(unsigned short& value, unsigned int index) const {
+  const HostCode host_code;
   const VariantItem* item = FetchItem(_handle, VariantItem::kShort, index);
   if (item == nullptr) {
     return 1;
@@ -115,6 +126,7 @@ unsigned int Variant::Fetch(unsigned short& value, unsigned int index) const {
 }
 
 unsigned int Variant::Fetch(unsigned int& value, unsigned int index) const {
+  const HostCode host_code;
   const VariantItem* item = FetchItem(_handle, VariantItem::kInt, index);
   if (item == nullptr) {
     return 1;
@@ -125,6 +137,7 @@ unsigned int Variant::Fetch(unsigned int& value, unsigned int index) const {
 }
 
 unsigned int Variant::Fetch(char* bytes, unsigned int length, unsigned int index) const {
+  const HostCode host_code;
   const VariantItem* item = FetchItem(_handle, VariantItem::kBytes, index);
   if (item == nullptr || item->bytes.size() != length) {
     return 1;
