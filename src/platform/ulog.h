@@ -3,6 +3,11 @@
 // Owned by the host, which defines the symbol. Called from whichever thread
 // entered the library, also while a table's lock is held, so the host's
 // implementation must be safe against concurrent calls.
+//
+// It may call back into the library: registries, settings, hooks and the log mask while
+// any line is written; tables, manager, query functions and commands only for a line
+// that no table operation writes, because those hold the table's lock and the lock is
+// not recursive. Lines that the call back causes arrive here, too.
 #ifndef ULOG_H
 #define ULOG_H
 

@@ -6,31 +6,17 @@
 
 #include <iostream>
 
-#include "operations.h"
+#include "exhaustion.h"
 #include "prepared_library.h"
 #include "short_ways/texts.h"
 
 namespace {
 
-const Operations& All() {
-  static const Operations* all = [] {
-    auto* operations = new Operations;
-    for (const Operations& area :
-         {RegistryOperations(), SettingOperations(), ProfileFillings(), ProfileQuestions(),
-          TableChanges(), TableQuestions(), ConfirmationOperations(), QueryOperations(),
-          CommandOperations()}) {
-      operations->insert(operations->end(), area.begin(), area.end());
-    }
-    return operations;
-  }();
-  return *all;
-}
-
 class MemoryExhaustion : public ::testing::TestWithParam<size_t> {
  protected:
   void Expect(Service service) {
     PrepareLibrary(service);
-    const Exhaustion outcome = RunOutOfMemory(All()[GetParam()]);
+    const Exhaustion outcome = RunOutOfMemory(EveryOperation()[GetParam()]);
     for (const std::string& fault : outcome.faults) {
       ADD_FAILURE() << fault;
     }
@@ -43,9 +29,10 @@ TEST_P(MemoryExhaustion, WhileNothingWasAskedYet) { Expect(Service::kFresh); }
 TEST_P(MemoryExhaustion, InService) { Expect(Service::kInUse); }
 
 std::string NameOf(const ::testing::TestParamInfo<size_t>& parameter) {
-  return All()[parameter.param].name;
+  return EveryOperation()[parameter.param].name;
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, MemoryExhaustion, ::testing::Range(size_t{0}, All().size()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Of, MemoryExhaustion, ::testing::Range(size_t{0}, EveryOperation().size()),
+                         NameOf);
 
 }  // namespace

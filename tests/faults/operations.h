@@ -3,9 +3,19 @@
 #ifndef TESTS_FAULTS_OPERATIONS_H
 #define TESTS_FAULTS_OPERATIONS_H
 
+#include <functional>
+#include <string>
 #include <vector>
 
-#include "exhaustion.h"
+#include "observed_call.h"
+
+struct Operation {
+  std::string name;
+  std::function<Call()> prepare;
+  // Does more than one thing, each of which is done whole or not at all, or fills the
+  // pending profile value by value.
+  bool in_steps = false;
+};
 
 using Operations = std::vector<Operation>;
 
@@ -18,5 +28,8 @@ Operations TableQuestions();
 Operations ConfirmationOperations();
 Operations QueryOperations();
 Operations CommandOperations();
+
+// All of these, in this order.
+const Operations& EveryOperation();
 
 #endif  // TESTS_FAULTS_OPERATIONS_H

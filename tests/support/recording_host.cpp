@@ -117,6 +117,17 @@ void RecordMutexCall(MutexCall::Kind kind, const void* mutex, int wait_limit = 0
   host.mutex_calls_.push_back({kind, mutex, wait_limit, file, line, host.NextOrder()});
 }
 
+// A mutex that fails records the call and nothing more.
+bool FailedMutexCall(MutexCall::Kind kind, const void* mutex, int wait_limit, const char* file,
+                     unsigned int line) {
+  const std::lock_guard<std::mutex> guard(RecordGuard());
+  if (!RecordingHost::Instance().fail_mutexes_) {
+    return false;
+  }
+  RecordMutexCall(kind, mutex, wait_limit, file, line);
+  return true;
+}
+
 }  // namespace
 
 bool operator==(const LogLine& a, const LogLine& b) {
@@ -189,9 +200,15 @@ void ulogPrintf(unsigned int module_id, unsigned int level, const char* format, 
   line.text = Format(format, arguments);
   va_end(arguments);
   SplitTail(line);
-  const std::lock_guard<std::mutex> guard(RecordGuard());
-  line.order = RecordingHost::Instance().NextOrder();
-  RecordingHost::Instance().log_.push_back(std::move(line));
+  RecordingHost& host = RecordingHost::Instance();
+  {
+    const std::lock_guard<std::mutex> guard(RecordGuard());
+    line.order = host.NextOrder();
+    host.log_.push_back(line);
+  }
+  if (host.log_listener) {
+    host.log_listener(line);
+  }
 }
 
 // --- mutex_lock.h
@@ -215,6 +232,9 @@ CMutexLock::~CMutexLock() {
 
 unsigned int CMutexLock::Lock(int wait_limit, const char* file, unsigned int line) {
   const HostCode host_code;
+  if (FailedMutexCall(MutexCall::kLock, this, wait_limit, file, line)) {
+    return 1;
+  }
   auto* state = static_cast<MutexState*>(_handle);
   std::vector<const MutexState*>& held = HeldHere();
   EXPECT_TRUE(held.empty()) << "Lock by a thread that already holds a mutex";
@@ -233,6 +253,9 @@ unsigned int CMutexLock::Lock(int wait_limit, const char* file, unsigned int lin
 
 unsigned int CMutexLock::Unlock(const char* file, unsigned int line) {
   const HostCode host_code;
+  if (FailedMutexCall(MutexCall::kUnlock, this, 0, file, line)) {
+    return 1;
+  }
   auto* state = static_cast<MutexState*>(_handle);
   std::vector<const MutexState*>& held = HeldHere();
   const std::lock_guard<std::mutex> guard(RecordGuard());

@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <initializer_list>
 #include <ostream>
 #include <string>
@@ -76,11 +77,18 @@ class RecordingHost {
   // True, and takes that one line off the record, when it was recorded.
   bool ClaimLog(unsigned int level, const std::string& text);
 
+  // Hears each line after it is recorded, and may call the library, which then writes
+  // lines of its own; null for none.
+  std::function<void(const LogLine&)> log_listener;
+
   // --- Mutex. Lock and Unlock are recorded with their arguments; a nested Lock,
   // an Unlock of a free mutex and a mutex left locked fail the test.
   const std::vector<MutexCall>& mutex_calls() const { return mutex_calls_; }
   void ForgetMutexCalls() { mutex_calls_.clear(); }
   unsigned int locks_held() const { return locks_held_; }
+  // From now on Lock and Unlock are recorded, take and release nothing, and report
+  // failure.
+  void FailMutexes() { fail_mutexes_ = true; }
 
   // --- Variant. The k-th Append or Fetch from now on fails (1 is the next
   // one); 0 never.
@@ -118,6 +126,7 @@ class RecordingHost {
   unsigned long next_order_ = 0;
   unsigned int locks_held_ = 0;
   unsigned int blocks_in_use_ = 0;
+  bool fail_mutexes_ = false;
   unsigned int fail_append_ = 0;
   unsigned int fail_fetch_ = 0;
   unsigned int fail_allocation_ = 0;
