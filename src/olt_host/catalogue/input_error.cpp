@@ -35,20 +35,22 @@ std::string RelativeText(const SourcePosition& earlier, const SourcePosition& he
   return earlier.file == here.file ? "line " + std::to_string(earlier.line) : ToText(earlier);
 }
 
-std::string Quoted(const std::string& text) {
-  std::string quoted = "\"";
-  for (const char character : Shortened(text)) {
+std::string Escaped(const std::string& text) {
+  std::string escaped;
+  for (const char character : text) {
     const auto byte = static_cast<unsigned char>(character);
     if (byte < 0x20 || byte == 0x7F) {
       char escape[5];
       std::snprintf(escape, sizeof escape, "\\x%02x", byte);
-      quoted += escape;
+      escaped += escape;
     } else {
-      quoted += character;
+      escaped += character;
     }
   }
-  return quoted + "\"";
+  return escaped;
 }
+
+std::string Quoted(const std::string& text) { return "\"" + Escaped(Shortened(text)) + "\""; }
 
 InputError::InputError(const SourcePosition& position, const std::string& problem,
                        const std::string& expectation)

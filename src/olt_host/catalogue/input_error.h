@@ -21,8 +21,11 @@ std::string ToText(const SourcePosition& position);
 // when it is another one.
 std::string RelativeText(const SourcePosition& earlier, const SourcePosition& here);
 
-// `text` in double quotes, cut when long and with control characters escaped,
-// so that a message stays one line whatever the file holds.
+// `text` with control characters escaped, so that a message stays one line whatever the
+// file holds.
+std::string Escaped(const std::string& text);
+
+// The same in double quotes, cut when long.
 std::string Quoted(const std::string& text);
 
 // Thrown by everything that reads or checks input files. what() is

@@ -68,9 +68,24 @@ TEST_F(CatalogueFile, BrokenYaml) {
             "c.yaml:7: is broken YAML: illegal block entry; expected YAML");
 }
 
+// The parser repeats the character.
+TEST_F(CatalogueFile, BrokenYamlWithAControlCharacter) {
+  EXPECT_EQ(Error("codes: \"\\\x17\"\n"),
+            "c.yaml:1: is broken YAML: unknown escape character: \\x17; expected YAML");
+}
+
 TEST_F(CatalogueFile, SecondDocument) {
   EXPECT_EQ(Error(std::string(kGood) + "---\ncodes: []\n"),
             "c.yaml:16: a second document begins; expected one document a file");
+}
+
+// The parser takes each of these for an empty document that it never passes by.
+TEST_F(CatalogueFile, StrayMarksOutsideAllLists) {
+  for (const char* text : {",codes: [1]\n", "]\n", "}\n", "codes: []\n]\n", ",", "[1], 2"}) {
+    EXPECT_EQ(Error(text).rfind("c.yaml:", 0), 0U) << text;
+  }
+  EXPECT_EQ(Error(",codes: [1]\n"),
+            "c.yaml:1: a second document begins; expected one document a file");
 }
 
 TEST_F(CatalogueFile, RootThatIsNoMap) {
