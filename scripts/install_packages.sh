@@ -3,6 +3,7 @@
 #
 #   scripts/install_packages.sh build   the library, olt_host and their tests
 #   scripts/install_packages.sh check   the other gates (clang, lint, format)
+#   scripts/install_packages.sh fuzz    the fuzz targets and what they reach
 #   scripts/install_packages.sh bench   the benchmark, its references and its plot
 #   scripts/install_packages.sh cross   the compiler for 32-bit ARM
 #
@@ -14,6 +15,7 @@ build_packages="g++ cmake ninja-build pkg-config libgtest-dev libyaml-cpp-dev li
   python3 python3-pyte python3-jsonschema python3-yaml"
 check_packages="clang clang-format clang-tidy libclang-rt-14-dev"
 bench_packages="libbenchmark-dev libsqlite3-dev liblmdb-dev python3-matplotlib"
+fuzz_packages="clang libclang-rt-14-dev llvm"
 cross_packages="g++-arm-linux-gnueabihf"
 
 case "${1:-}" in
@@ -21,7 +23,8 @@ case "${1:-}" in
   check) packages=$check_packages ;;
   bench) packages=$bench_packages ;;
   cross) packages=$cross_packages ;;
-  *) echo "usage: $0 build|check|bench|cross" >&2; exit 2 ;;
+  fuzz) packages=$fuzz_packages ;;
+  *) echo "usage: $0 build|check|bench|cross|fuzz" >&2; exit 2 ;;
 esac
 
 missing=""

@@ -56,7 +56,7 @@ std::string Difference(const std::string& short_ways, const std::string& walks) 
 }
 
 std::string RunStep(const Step& step, Stage& stage) {
-  HostileInput random(step.seed);
+  HostileInput random(step.seed, step.drawn);
   step.operation.run(stage, random);
   return stage.TakeTrace();
 }
@@ -154,6 +154,33 @@ Outcome RunTwice(const std::vector<Step>& steps, bool records_handed_out) {
   if (outcome.differs && outcome.difference.empty()) {
     outcome.step = outcome.history.empty() ? 0 : outcome.history.size() - 1;
     outcome.difference = Words("the process ended with status ", status);
+  }
+  return outcome;
+}
+
+Outcome RunTwiceHere(const std::vector<Step>& steps) {
+  Outcome outcome;
+  std::vector<std::string> traces;
+  {
+    Stage stage(false, false);
+    stage.listener = [&outcome](const std::string& text) { outcome.history.push_back(Cut(text)); };
+    for (const Step& step : steps) {
+      traces.push_back(RunStep(step, stage));
+    }
+  }
+  Stage stage(true, false);
+  for (size_t i = 0; i < steps.size() && !outcome.differs; ++i) {
+    const std::string trace = RunStep(steps[i], stage);
+    if (trace != traces[i]) {
+      outcome.differs = true;
+      outcome.step = i;
+      outcome.difference = Difference(traces[i], trace);
+    }
+  }
+  if (!outcome.differs && ::testing::Test::HasFailure()) {
+    outcome.differs = true;
+    outcome.step = steps.size() - 1;
+    outcome.difference = "the host found a fault";
   }
   return outcome;
 }

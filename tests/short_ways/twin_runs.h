@@ -1,4 +1,5 @@
-// The two runs of one sequence, in a child process, and their first difference.
+// The two runs of one sequence, in a child process or in this one, and their first
+// difference.
 #ifndef TESTS_SHORT_WAYS_TWIN_RUNS_H
 #define TESTS_SHORT_WAYS_TWIN_RUNS_H
 
@@ -10,7 +11,8 @@
 
 struct Step {
   Operation operation;
-  std::uint64_t seed;  // of the operation's arguments, so that steps can be dropped
+  std::uint64_t seed;      // of the operation's arguments, so that steps can be dropped
+  std::string drawn = {};  // bytes that they are drawn from first
 };
 
 struct Outcome {
@@ -21,5 +23,9 @@ struct Outcome {
 };
 
 Outcome RunTwice(const std::vector<Step>& steps, bool records_handed_out);
+
+// In this process, whose library is reset before each run; a crash is the process's. No
+// step may ask for the records of the code registry.
+Outcome RunTwiceHere(const std::vector<Step>& steps);
 
 #endif  // TESTS_SHORT_WAYS_TWIN_RUNS_H

@@ -1,6 +1,11 @@
 #include "random_numbers.h"
 
 std::uint64_t RandomNumbers::Next() {
+  if (!drawn_first_.empty()) {
+    const auto byte = static_cast<unsigned char>(drawn_first_.front());
+    drawn_first_.remove_prefix(1);
+    return byte;
+  }
   // splitmix64: the same sequence everywhere, unlike the standard's distributions.
   state_ += 0x9E3779B97F4A7C15ULL;
   std::uint64_t z = state_;

@@ -1,0 +1,54 @@
+// The reader of YAML catalogues over any text: what it takes can be loaded, what it
+// refuses has one message, and keeping going it takes the rest.
+#include <exception>
+#include <string>
+
+#include "catalogue/catalogue_files.h"
+#include "catalogue/catalogue_loader.h"
+#include "catalogue/catalogue_reader.h"
+#include "fuzz_target.h"
+#include "input_bytes.h"
+#include "loaded_host.h"
+
+namespace {
+
+using olt_host::Catalogue;
+
+void HoldLoads(const Catalogue& catalogue) {
+  EmptyLibrary({});
+  std::string failure;
+  try {
+    olt_host::LoadCatalogue(catalogue);
+  } catch (const std::exception& error) {
+    failure = error.what();
+  }
+  EmptyLibrary(catalogue);
+  HoldSame("a catalogue that was taken can be loaded", "", failure);
+}
+
+// Whether the reader takes the file whole.
+bool Take(const InputFile& file) {
+  try {
+    HoldLoads(olt_host::ReadCatalogue(file.name()));
+  } catch (const olt_host::InputError& error) {
+    HoldMessage(error.what(), file.name());
+    return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  LoadSmallCatalogue();
+  const InputFile file(InputBytes(data, size).Rest());
+  const bool is_whole = Take(file);
+  olt_host::CatalogueRequest request;
+  request.shipped = {file.name()};
+  request.keep_going = true;
+  const olt_host::LoadedCatalogue rest = olt_host::ReadCatalogueFiles(request);
+  Hold(is_whole == rest.refused.empty(), "something is refused unless the file is taken whole");
+  for (const std::string& message : rest.refused) HoldMessage(message, file.name());
+  HoldLoads(rest.catalogue);
+  return 0;
+}
