@@ -1,12 +1,13 @@
 #include "onu_ability_common_reg_extern_func.h"
 
+#include "onu_ability_common_global/common_types.h"
 #include "onu_ability_common_global/log.h"
 
 namespace {
 
-template <typename Hook>
-void Store(Hook& hook, void* func) {
-  hook = reinterpret_cast<Hook>(func);
+template <typename Function>
+void Store(OnuAbilityHook<Function>& hook, void* func) {
+  hook = reinterpret_cast<Function>(func);
 }
 
 }  // namespace
@@ -68,18 +69,14 @@ bool OnuAbilityRegExternFunc::WhetherExternFuncRegistered() const {
 }
 
 void OnuAbilityRegExternFunc::SetModuleId(unsigned int module_id) {
-  onu_ability_module_id = module_id;
+  onu_ability_module_id.store(module_id, std::memory_order_relaxed);
 }
 
-unsigned int OnuAbilityRegExternFunc::GetModuleId() const { return onu_ability_module_id; }
+unsigned int OnuAbilityRegExternFunc::GetModuleId() const { return onu_ability_get_module_id(); }
 
-void OnuAbilityRegExternFunc::SetSfuCommonType(unsigned short type) {
-  OnuAbilityGlobalVar::GetInstance()->_sfu_common_type = type;
-}
+void OnuAbilityRegExternFunc::SetSfuCommonType(unsigned short type) { ::SetSfuCommonType(type); }
 
-void OnuAbilityRegExternFunc::SetHguCommonType(unsigned short type) {
-  OnuAbilityGlobalVar::GetInstance()->_hgu_common_type = type;
-}
+void OnuAbilityRegExternFunc::SetHguCommonType(unsigned short type) { ::SetHguCommonType(type); }
 
 void onu_ability_register_extern_func(unsigned short id, void* func) {
   OnuAbilityRegExternFunc::GetInstance()->RegisterExternFunc(id, func);

@@ -1,9 +1,13 @@
 // What the host registers at start-up: the ten hooks through which the library
 // learns about a live ONU, its module id for logging and the command node.
 //
-// Takes no lock: register everything before other threads use the library.
+// Register everything before other threads use the library: a confirmation that runs
+// meanwhile may call some hooks as they were and some as they are. Any thread may call
+// any operation at any time.
 #ifndef ONU_ABILITY_COMMON_REG_EXTERN_FUNC_H
 #define ONU_ABILITY_COMMON_REG_EXTERN_FUNC_H
+
+#include <atomic>
 
 #include "onu_ability_common_global.h"
 
@@ -51,6 +55,24 @@ using ONU_ABILITY_READ_ONE_BY_ONE_FUNC = unsigned int (*)(unsigned short place, 
 using ONU_ABILITY_GET_DEVICE_NAME_FUNC = unsigned int (*)(unsigned short place, unsigned char onu,
                                                           unsigned int length, char* device_name);
 
+// A registered function, or null: called, compared and assigned as the pointer that it
+// is, in one step for all threads.
+template <typename Function>
+class OnuAbilityHook {
+ public:
+  OnuAbilityHook() = default;
+  OnuAbilityHook(const OnuAbilityHook&) = delete;
+  OnuAbilityHook& operator=(const OnuAbilityHook&) = delete;
+  OnuAbilityHook& operator=(Function function) {
+    _function.store(function, std::memory_order_release);
+    return *this;
+  }
+  operator Function() const { return _function.load(std::memory_order_acquire); }
+
+ private:
+  std::atomic<Function> _function{nullptr};
+};
+
 class ONU_ABILITY_API OnuAbilityRegExternFunc {
  public:
   // The singleton, built on first use.
@@ -81,21 +103,21 @@ class ONU_ABILITY_API OnuAbilityRegExternFunc {
 
   // The hooks in storage order: id 9 stands between ids 2 and 3, as meant. Null
   // until registered.
-  ONU_ABILITY_GET_VENDOR_ID_FUNC _get_vendor_id = nullptr;
-  ONU_ABILITY_GET_REPORT_TYPE_FUNC _get_report_type = nullptr;
-  ONU_ABILITY_GET_PRIVATE_CAPABILITY_FUNC _get_private_capability = nullptr;
-  ONU_ABILITY_GET_DEVICE_NAME_FUNC _get_device_name = nullptr;
-  ONU_ABILITY_HAND_OVER_PROFILE_FUNC _hand_over_profile = nullptr;
-  ONU_ABILITY_SET_REAL_TYPE_FUNC _set_real_type = nullptr;
-  ONU_ABILITY_SET_REPORT_TYPE_FUNC _set_report_type = nullptr;
-  ONU_ABILITY_GET_ABILITY_VALUE_FUNC _get_ability_value = nullptr;
-  ONU_ABILITY_GET_IDENTIFY_SETTING_FUNC _get_identify_setting = nullptr;
-  ONU_ABILITY_READ_ONE_BY_ONE_FUNC _read_one_by_one = nullptr;
+  OnuAbilityHook<ONU_ABILITY_GET_VENDOR_ID_FUNC> _get_vendor_id;
+  OnuAbilityHook<ONU_ABILITY_GET_REPORT_TYPE_FUNC> _get_report_type;
+  OnuAbilityHook<ONU_ABILITY_GET_PRIVATE_CAPABILITY_FUNC> _get_private_capability;
+  OnuAbilityHook<ONU_ABILITY_GET_DEVICE_NAME_FUNC> _get_device_name;
+  OnuAbilityHook<ONU_ABILITY_HAND_OVER_PROFILE_FUNC> _hand_over_profile;
+  OnuAbilityHook<ONU_ABILITY_SET_REAL_TYPE_FUNC> _set_real_type;
+  OnuAbilityHook<ONU_ABILITY_SET_REPORT_TYPE_FUNC> _set_report_type;
+  OnuAbilityHook<ONU_ABILITY_GET_ABILITY_VALUE_FUNC> _get_ability_value;
+  OnuAbilityHook<ONU_ABILITY_GET_IDENTIFY_SETTING_FUNC> _get_identify_setting;
+  OnuAbilityHook<ONU_ABILITY_READ_ONE_BY_ONE_FUNC> _read_one_by_one;
 
  private:
   OnuAbilityRegExternFunc() = default;
 
-  unsigned int _cmd_node = 26;
+  std::atomic<unsigned int> _cmd_node{26};
 };
 
 // OnuAbilityRegExternFunc::RegisterExternFunc for hosts that pass plain

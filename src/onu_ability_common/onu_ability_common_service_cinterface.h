@@ -6,12 +6,9 @@
  * code, 1085 unless changed) or by its ONU real type (code 1081); where several
  * qualify, the one added last answers.
  *
- * Any thread may call these once start-up is over: tables made, attributes and
- * codes registered. The table locks for itself, except in
- * onu_ability_search_by_real_type, which reads without the lock: keep it from
- * running beside an addition or deletion. The lamp totals read the code registry,
- * which changes when a record lacks the lamp attribute: register attributes before
- * codes. Every failure is logged. */
+ * Any thread may call these at any time once start-up is over: tables made, hooks
+ * registered. onu_ability_search_by_real_type takes no lock of the host's. Every failure is logged.
+ */
 #ifndef ONU_ABILITY_COMMON_SERVICE_CINTERFACE_H
 #define ONU_ABILITY_COMMON_SERVICE_CINTERFACE_H
 

@@ -5,7 +5,12 @@
 #ifndef MUTEX_LOCK_H
 #define MUTEX_LOCK_H
 
+// To clang's thread-safety analysis it is a lock.
+#if defined(__clang__)
+class __attribute__((visibility("default"), capability("mutex"))) CMutexLock {
+#else
 class __attribute__((visibility("default"))) CMutexLock {
+#endif
  public:
   CMutexLock();
   ~CMutexLock();

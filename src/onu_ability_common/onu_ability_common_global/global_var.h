@@ -2,7 +2,9 @@
 // SFU and HGU types, and the profile that an operator is building. Also the
 // home of three small text utilities.
 //
-// Takes no lock: the settings belong to start-up and the CLI thread.
+// The library reads and changes the common types in one step for all threads; a host
+// that has other threads running sets them through OnuAbilityRegExternFunc, not here.
+// The pending profile belongs to the CLI thread.
 #ifndef ONU_ABILITY_COMMON_GLOBAL_GLOBAL_VAR_H
 #define ONU_ABILITY_COMMON_GLOBAL_GLOBAL_VAR_H
 

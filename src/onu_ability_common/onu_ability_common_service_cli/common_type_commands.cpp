@@ -1,18 +1,17 @@
 // The commands for the common SFU and HGU types, and the one that does nothing.
 #include "bep.h"
-#include "onu_ability_common_global.h"
+#include "onu_ability_common_global/common_types.h"
 #include "onu_ability_common_service_cli.h"
 #include "onu_ability_common_service_cli/command_arguments.h"
 
 int cl_set_onu_common_type_fun(cmd_element* /*element*/, struct vty* vty, int argc, char** argv) {
   const CommandArguments arguments(argc, argv);
   const int type = arguments.Number(1);
-  OnuAbilityGlobalVar* settings = OnuAbilityGlobalVar::GetInstance();
   if (bep_StrCmp(arguments.Text(0), "sfu") == 0) {
-    settings->_sfu_common_type = static_cast<unsigned short>(type);
+    SetSfuCommonType(static_cast<unsigned short>(type));
   } else {
     // Whatever else the word is, as meant.
-    settings->_hgu_common_type = static_cast<unsigned short>(type);
+    SetHguCommonType(static_cast<unsigned short>(type));
   }
   vty_out(vty, "set onu common type ok!common_type:%d\r\n", type);
   return 0;
@@ -20,9 +19,9 @@ int cl_set_onu_common_type_fun(cmd_element* /*element*/, struct vty* vty, int ar
 
 int cl_get_onu_common_type_fun(cmd_element* /*element*/, struct vty* vty, int /*argc*/,
                                char** /*argv*/) {
-  const OnuAbilityGlobalVar* settings = OnuAbilityGlobalVar::GetInstance();
-  vty_out(vty, "common_sfu_type:%10d\r\n", settings->_sfu_common_type);
-  vty_out(vty, "common_hgu_type:%10d\r\n", settings->_hgu_common_type);
+  const auto [sfu_type, hgu_type] = CommonTypes();
+  vty_out(vty, "common_sfu_type:%10d\r\n", sfu_type);
+  vty_out(vty, "common_hgu_type:%10d\r\n", hgu_type);
   return 0;
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -42,38 +43,52 @@ AbilityTraits TraitsOf(const ONU_ABILITY_CODE_ATTR_INFO& record) {
 }
 
 AbilityCodeIndex::AbilityCodeIndex()
-    : _entries(static_cast<Entry*>(std::calloc(kCodes, sizeof(Entry))), std::free) {
-  if (_entries == nullptr) {
+    : _words(static_cast<Word*>(std::calloc(kCodes, sizeof(Word))), std::free) {
+  if (_words == nullptr) {
     throw std::bad_alloc();
   }
 }
 
 void AbilityCodeIndex::Set(unsigned short code, std::size_t position, AbilityTraits traits) {
-  _entries[code] = {static_cast<unsigned short>(position), static_cast<unsigned short>(traits)};
+  _words[code].store(static_cast<std::uint32_t>(position) << kTraitBits | traits,
+                     std::memory_order_relaxed);
 }
 
 bool AbilityCodeIndex::Rebuild(const std::vector<ONU_ABILITY_CODE_ATTR_INFO>& records) {
-  for (std::size_t code = 0; code < kCodes; ++code) {
+  for (std::size_t position = 0; position < records.size(); ++position) {
+    Set(records[position].ability_code, position, TraitsOf(records[position]));
+  }
+  for (unsigned int number = 0; number < kCodes; ++number) {
+    const auto code = static_cast<unsigned short>(number);
+    const Entry entry = Find(code);
+    const bool is_left_over = entry.traits != 0 && (entry.position >= records.size() ||
+                                                    records[entry.position].ability_code != code);
     // Writing where nothing is would take the memory.
-    if (_entries[code].traits != 0) {
-      _entries[code] = Entry();
+    if (is_left_over) {
+      Set(code, 0, 0);
     }
   }
-  for (const auto& record : records) {
-    if (Traits(record.ability_code) != 0) {
+  // The last record of a code has its entry now.
+  for (std::size_t position = 0; position < records.size(); ++position) {
+    if (Find(records[position].ability_code).position != position) {
       return false;
     }
-    Set(record.ability_code, static_cast<std::size_t>(&record - records.data()), TraitsOf(record));
   }
   return true;
 }
 
-const char* AbilityCodeReader::SearchName(unsigned short code) const {
-  const auto record = _registry.Find(code);
-  return record != _registry._vec_ability_attr.end() ? record->ability_name.c_str() : nullptr;
+bool AbilityCodeReader::CopyName(unsigned short code, NameText& name) const {
+  const ReadScope scope(onu_ability_settings_guard);
+  const auto record = std::as_const(_registry).Find(code);
+  if (record == _registry._vec_ability_attr.end()) {
+    return false;
+  }
+  name.Assign(record->ability_name);
+  return true;
 }
 
 AbilityTraits AbilityCodeReader::SearchTraits(unsigned short code) const {
-  const auto record = _registry.Find(code);
+  const ReadScope scope(onu_ability_settings_guard);
+  const auto record = std::as_const(_registry).Find(code);
   return record != _registry._vec_ability_attr.end() ? TraitsOf(*record) : 0;
 }

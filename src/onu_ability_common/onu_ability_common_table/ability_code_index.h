@@ -6,15 +6,19 @@
 // handed them out, their holder may change any of them at any moment, so from then
 // on every code is searched among the records.
 //
-// Takes no lock, as the registry.
+// What profiles ask about a code is one atomic word, read without the registry's guard;
+// the position in it is worth something only under the guard.
 #ifndef ONU_ABILITY_COMMON_TABLE_ABILITY_CODE_INDEX_H
 #define ONU_ABILITY_COMMON_TABLE_ABILITY_CODE_INDEX_H
 
+#include <atomic>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <vector>
 
 #include "onu_ability_common_global/short_ways.h"
+#include "onu_ability_common_table/name_text.h"
 #include "onu_ability_common_table/onu_ability_attr_info.h"
 #include "onu_ability_common_table/onu_ability_code_info.h"
 
@@ -48,18 +52,25 @@ class AbilityCodeIndex {
 
   AbilityCodeIndex();
 
-  Entry Find(unsigned short code) const { return _entries[code]; }
-  AbilityTraits Traits(unsigned short code) const { return _entries[code].traits; }
+  Entry Find(unsigned short code) const {
+    const std::uint32_t word = _words[code].load(std::memory_order_relaxed);
+    return {static_cast<unsigned short>(word >> kTraitBits), static_cast<unsigned short>(word)};
+  }
+  AbilityTraits Traits(unsigned short code) const { return Find(code).traits; }
 
   void Set(unsigned short code, std::size_t position, AbilityTraits traits);
-  // Anew. False when a code has more than one record, which the index cannot tell.
+  // Makes it right for these records; what stays known is known meanwhile. False when a
+  // code has more than one record, which the index cannot tell.
   bool Rebuild(const std::vector<ONU_ABILITY_CODE_ATTR_INFO>& records);
 
  private:
+  using Word = std::atomic<std::uint32_t>;  // position and traits
+
   static constexpr std::size_t kCodes = 0x10000;
+  static constexpr unsigned int kTraitBits = 16;
 
   // Of calloc, which knows memory that is zero already.
-  std::unique_ptr<Entry[], void (*)(void*)> _entries;
+  std::unique_ptr<Word[], void (*)(void*)> _words;
 };
 
 // Asked for every ability of every report.
@@ -67,7 +78,8 @@ inline const AbilityCodeIndex* OnuAbilityCodeInfo::TrustedIndex() const {
   return _unpredictable.load(std::memory_order_relaxed) || WalksOnly() ? nullptr : _index.get();
 }
 
-// Reads the code registry without a log line and without changing it.
+// Reads the code registry without a log line and without changing it. For the operation
+// at hand only: it notes whether the index can be trusted when it is made.
 class AbilityCodeReader {
  public:
   AbilityCodeReader() : AbilityCodeReader(*OnuAbilityCodeInfo::GetInstance()) {}
@@ -78,30 +90,28 @@ class AbilityCodeReader {
   AbilityTraits Traits(unsigned short code) const {
     return _index != nullptr ? _index->Traits(code) : SearchTraits(code);
   }
+  bool Knows(unsigned short code) const { return Traits(code) != 0; }
   // Whether attributes with a meaning are registered; without, every code reads as
   // 65535, known or not, and says so.
   template <typename... Id>
   static bool AreRegistered(Id... ids) {
     const unsigned int wanted = ((1U << ids) | ...);
-    return (OnuAbilityAttrInfo::GetInstance()->_low_ids & wanted) == wanted;
+    const unsigned int registered =
+        OnuAbilityAttrInfo::GetInstance()->_low_ids.load(std::memory_order_relaxed);
+    return (registered & wanted) == wanted;
   }
-  // The record's own name, null for an unknown code.
-  const char* Name(unsigned short code) const {
-    if (_index == nullptr) {
-      return SearchName(code);
-    }
-    const AbilityCodeIndex::Entry entry = _index->Find(code);
-    return entry.traits != 0 ? _registry._vec_ability_attr[entry.position].ability_name.c_str()
-                             : nullptr;
-  }
+  // The first record's name. False, with `name` as it was, for an unknown code.
+  bool CopyName(unsigned short code, NameText& name) const;
   // Null where every code is searched.
   const AbilityCodeIndex* Index() const { return _index; }
-  // Another one after every change of a code; 0 where changes cannot be seen.
-  unsigned int Generation() const { return _index != nullptr ? _registry._generation : 0; }
+  // Another one after every change of a code; 0 where changes cannot be seen. To be asked
+  // before what is kept as of this generation is read.
+  unsigned int Generation() const {
+    return _index != nullptr ? _registry._generation.load(std::memory_order_acquire) : 0;
+  }
 
  private:
   AbilityTraits SearchTraits(unsigned short code) const;
-  const char* SearchName(unsigned short code) const;
 
   OnuAbilityCodeInfo& _registry;
   const AbilityCodeIndex* _index;

@@ -8,6 +8,7 @@
 #include "onu_ability_common_table/ability_code_index.h"
 #include "onu_ability_common_table/ability_name.h"
 #include "onu_ability_common_table/onu_ability_table_manager.h"
+#include "onu_ability_common_table/registered_codes.h"
 
 namespace {
 
@@ -96,13 +97,10 @@ void ConfirmOnuType::Init() {
 }
 
 void ConfirmOnuType::GatherAbilities() {
-  OnuAbilityCodeInfo& codes = *OnuAbilityCodeInfo::GetInstance();
-  // By index: a hook may define or delete codes meanwhile.
-  // NOLINTNEXTLINE(modernize-loop-convert)
-  for (std::size_t i = 0; i < codes._vec_ability_attr.size(); ++i) {
-    auto& record = codes._vec_ability_attr[i];
-    if (IsAsked(codes, record)) {
-      AskAbility(record.ability_code);
+  RegisteredCodes registered;
+  for (unsigned short code = 0; registered.Next(code);) {
+    if (IsAsked(registered, code)) {
+      AskAbility(code);
     }
   }
   Hooks()._get_private_capability(_place, _onu, _identify_setting[3], &_private_capability);
@@ -117,19 +115,19 @@ void ConfirmOnuType::GatherAbilities() {
   }
 }
 
-bool ConfirmOnuType::IsAsked(OnuAbilityCodeInfo& codes, ONU_ABILITY_CODE_ATTR_INFO& record) {
+bool ConfirmOnuType::IsAsked(RegisteredCodes& registered, unsigned short code) {
   constexpr AbilityTraits kReadSilently = kHoldsConfirmType | kHoldsValueType;
   constexpr AbilityTraits kAsked = kConfirmedByOnu | kNumber;
-  const AbilityCodeIndex* index = AbilityCodeReader(codes).Index();
+  const AbilityCodeIndex* index = AbilityCodeReader().Index();
   if (index != nullptr && NobodyListensTo(LogLevels(4))) {
-    const AbilityTraits traits = index->Traits(record.ability_code);
+    const AbilityTraits traits = index->Traits(code);
     if ((traits & kReadSilently) == kReadSilently) {
       return (traits & kAsked) == kAsked;
     }
   }
   // Reading an absent attribute adds it to the record with the value 0.
-  const unsigned short confirm_type = codes.Acquire(record, ONU_ABILITY_ATTR_CONFIRM_TYPE);
-  const unsigned short value_type = codes.Acquire(record, ONU_ABILITY_ATTR_VALUE_TYPE);
+  const unsigned short confirm_type = registered.Acquire(ONU_ABILITY_ATTR_CONFIRM_TYPE);
+  const unsigned short value_type = registered.Acquire(ONU_ABILITY_ATTR_VALUE_TYPE);
   ONU_ABILITY_LOG_FOR("Init", 4, "confirm_type_attr_value:%d, ability_value_type_attr_value:%d",
                       confirm_type, value_type);
   return value_type == ONU_ABILITY_VALUE_TYPE_USHORT && (confirm_type & kAskedFromOnu) != 0;

@@ -9,7 +9,7 @@
 
 #include "onu_ability_common_table/onu_ability_profile.h"
 
-class OnuAbilityCodeInfo;
+class RegisteredCodes;
 
 class ONU_ABILITY_API ConfirmOnuType : public OnuAbilityProfile {
  public:
@@ -46,8 +46,7 @@ class ONU_ABILITY_API ConfirmOnuType : public OnuAbilityProfile {
 
  private:
   ONU_ABILITY_LOCAL void GatherAbilities();
-  ONU_ABILITY_LOCAL static bool IsAsked(OnuAbilityCodeInfo& codes,
-                                        ONU_ABILITY_CODE_ATTR_INFO& record);
+  ONU_ABILITY_LOCAL static bool IsAsked(RegisteredCodes& registered, unsigned short code);
   ONU_ABILITY_LOCAL void AskAbility(unsigned short code);
   ONU_ABILITY_LOCAL void HandOver();
   ONU_ABILITY_LOCAL unsigned int TranslatedReportType(unsigned int onu_capa) const;

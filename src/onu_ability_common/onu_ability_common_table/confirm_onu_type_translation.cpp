@@ -1,5 +1,6 @@
 // Translation of the reported type by the identify modes: operators may have
 // SFUs and HGUs of known types served as the common types.
+#include "onu_ability_common_global/common_types.h"
 #include "onu_ability_common_global/log.h"
 #include "onu_ability_common_table/confirm_onu_type.h"
 #include "onu_ability_common_table/onu_ability_table_manager.h"
@@ -40,8 +41,7 @@ unsigned int ConfirmOnuType::TransOnutypeByHswSwitch() {
 }
 
 unsigned int ConfirmOnuType::TranslatedReportType(unsigned int onu_capa) const {
-  const unsigned int sfu_common_type = OnuAbilityGlobalVar::GetInstance()->_sfu_common_type;
-  const unsigned int hgu_common_type = OnuAbilityGlobalVar::GetInstance()->_hgu_common_type;
+  const auto [sfu_common_type, hgu_common_type] = CommonTypes();
   if (onu_capa == kSfu) {
     return _identify_setting[0] == 1 ? sfu_common_type : _report_type;
   }

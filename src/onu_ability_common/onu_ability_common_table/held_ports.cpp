@@ -1,5 +1,7 @@
 #include "onu_ability_common_table/held_ports.h"
 
+#include <algorithm>
+
 #include "onu_ability_common_table/ability_code_index.h"
 
 namespace {
@@ -18,13 +20,14 @@ bool HeldPorts::Find(AbilityMap& abilities, const AbilityCodeReader& codes) {
   _ports.reserve(kUsualPorts);
   _lan_total = nullptr;
   _data_uni_total = nullptr;
+  const unsigned int generation = codes.Generation();
   for (auto& [code, value] : abilities) {
     if (!Note(code, value, codes)) {
       return false;
     }
   }
   _changes = abilities.Changes();
-  _generation = codes.Generation();
+  _generation = generation;
   return true;
 }
 
@@ -33,6 +36,10 @@ ONU_ABILITY_COMMON_ABILITY_VALUE& HeldPorts::Insert(AbilityMap& abilities,
                                                     unsigned short code,
                                                     const AbilityCodeReader& codes) {
   const bool follow = Follow(abilities);
+  if (_ports.size() == _ports.capacity()) {
+    // Room is made first: either the code is held and its port is known, or neither.
+    _ports.reserve(std::max(kUsualPorts, 2 * _ports.size()));
+  }
   ONU_ABILITY_COMMON_ABILITY_VALUE& value = abilities.try_emplace(place, code)->second;
   if (follow) {
     _changes = Note(code, value, codes) ? abilities.Changes() : 0;

@@ -1,5 +1,7 @@
 #include "onu_ability_common_table/onu_ability_attr_info.h"
 
+#include <algorithm>
+
 #include "onu_ability_common_global/log.h"
 #include "vty.h"
 
@@ -10,31 +12,63 @@ OnuAbilityAttrInfo* OnuAbilityAttrInfo::GetInstance() {
 
 OnuAbilityAttrInfo::~OnuAbilityAttrInfo() = default;
 
+bool OnuAbilityAttrInfo::Has(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id) const {
+  const ReadScope scope(onu_ability_settings_guard);
+  return _map_ability_attr.count(id) != 0;
+}
+
+OnuAbilityAttrInfo::Names::const_iterator OnuAbilityAttrInfo::FindName(
+    const std::string& name) const {
+  return std::find_if(_map_ability_attr.begin(), _map_ability_attr.end(),
+                      [&name](const auto& entry) { return entry.second == name; });
+}
+
+bool OnuAbilityAttrInfo::Insert(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, const std::string& name) {
+  const WriteScope scope(onu_ability_settings_guard);
+  if (FindName(name) != _map_ability_attr.end() || !_map_ability_attr.emplace(id, name).second) {
+    return false;
+  }
+  NoteIds();
+  return true;
+}
+
+bool OnuAbilityAttrInfo::Rename(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, const std::string& name) {
+  const WriteScope scope(onu_ability_settings_guard);
+  const auto entry = _map_ability_attr.find(id);
+  if (entry == _map_ability_attr.end() || FindName(name) != _map_ability_attr.end()) {
+    return false;
+  }
+  entry->second = name;
+  return true;
+}
+
 void OnuAbilityAttrInfo::NoteIds() {
-  _low_ids = 0;
+  unsigned int low_ids = 0;
   for (const auto& entry : _map_ability_attr) {
     if (entry.first >= 0 && entry.first < 32) {
-      _low_ids |= 1U << entry.first;
+      low_ids |= 1U << entry.first;
     }
   }
+  _low_ids.store(low_ids, std::memory_order_relaxed);
 }
 
 int OnuAbilityAttrInfo::IsValid(std::string name) {
   ONU_ABILITY_LOG(10, "function start!");
-  for (const auto& entry : _map_ability_attr) {
-    if (entry.second == name) {
-      ONU_ABILITY_LOG(6, "ability attr name is equal!");
-      ONU_ABILITY_LOG(10, "function end!");
-      return 0;
-    }
+  bool taken = false;
+  {
+    const ReadScope scope(onu_ability_settings_guard);
+    taken = FindName(name) != _map_ability_attr.end();
+  }
+  if (taken) {
+    ONU_ABILITY_LOG(6, "ability attr name is equal!");
   }
   ONU_ABILITY_LOG(10, "function end!");
-  return 1;
+  return taken ? 0 : 1;
 }
 
 unsigned int OnuAbilityAttrInfo::IsExist(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id) {
   ONU_ABILITY_LOG(10, "function start!");
-  const bool registered = _map_ability_attr.count(id) != 0;
+  const bool registered = Has(id);
   if (!registered) {
     ONU_ABILITY_LOG(1, "ability_attr_code is invalid!ability_attr_code:%d", id);
   }
@@ -45,10 +79,16 @@ unsigned int OnuAbilityAttrInfo::IsExist(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id) {
 std::string OnuAbilityAttrInfo::Get(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id) {
   ONU_ABILITY_LOG(10, "function start!");
   std::string name = "NULL";
-  const auto entry = _map_ability_attr.find(id);
-  if (entry != _map_ability_attr.end()) {
-    name = entry->second;
-  } else {
+  bool registered = false;
+  {
+    const ReadScope scope(onu_ability_settings_guard);
+    const auto entry = _map_ability_attr.find(id);
+    registered = entry != _map_ability_attr.end();
+    if (registered) {
+      name = entry->second;
+    }
+  }
+  if (!registered) {
     ONU_ABILITY_LOG(1, "find ability_attr_id null!ability_attr_id:%d", id);
   }
   ONU_ABILITY_LOG(10, "function end!");
@@ -58,12 +98,17 @@ std::string OnuAbilityAttrInfo::Get(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id) {
 ONU_ABILITY_ENUM_ABILITY_ATTR_ID OnuAbilityAttrInfo::Get(std::string name) {
   ONU_ABILITY_LOG(10, "function start!");
   ONU_ABILITY_ENUM_ABILITY_ATTR_ID id = ONU_ABILITY_ATTR_NONE;
-  for (const auto& entry : _map_ability_attr) {
-    if (entry.second == name) {
-      ONU_ABILITY_LOG(6, "ability_attr_name is equal!ability_attr_name:%s", name.c_str());
-      id = entry.first;
-      break;
+  bool found = false;
+  {
+    const ReadScope scope(onu_ability_settings_guard);
+    const auto entry = FindName(name);
+    found = entry != _map_ability_attr.end();
+    if (found) {
+      id = entry->first;
     }
+  }
+  if (found) {
+    ONU_ABILITY_LOG(6, "ability_attr_name is equal!ability_attr_name:%s", name.c_str());
   }
   ONU_ABILITY_LOG(10, "function end!");
   return id;
@@ -73,27 +118,23 @@ void OnuAbilityAttrInfo::Add(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, std::string na
   ONU_ABILITY_LOG(10, "function start!");
   if (IsValid(name) == 0) {
     ONU_ABILITY_LOG(0, "ability attr name is invalid!ability_attr_name:%s", name.c_str());
-  } else if (_map_ability_attr.count(id) != 0) {
-    ONU_ABILITY_LOG(9, "ability_attr_id exist,ability_attr_id:%d", id);
-  } else {
+  } else if (Insert(id, name)) {
     ONU_ABILITY_LOG(1, "ability_attr_id is valid!ability_attr_id:%d", id);
-    _map_ability_attr.emplace(id, name);
-    NoteIds();
+  } else {
+    ONU_ABILITY_LOG(9, "ability_attr_id exist,ability_attr_id:%d", id);
   }
   ONU_ABILITY_LOG(10, "function end!");
 }
 
 void OnuAbilityAttrInfo::Update(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, std::string name) {
   ONU_ABILITY_LOG(10, "function start!");
-  const auto entry = _map_ability_attr.find(id);
   // The id's own name counts as taken, too, as meant.
   if (IsValid(name) == 0) {
     ONU_ABILITY_LOG(0, "ability attr name is invalid!ability_attr_name:%s", name.c_str());
-  } else if (entry == _map_ability_attr.end()) {
-    ONU_ABILITY_LOG(1, "ability_attr_id do not exist,ability_attr_id:%d", id);
-  } else {
+  } else if (Rename(id, name)) {
     ONU_ABILITY_LOG(9, "ability_attr_id exist,ability_attr_id:%d", id);
-    entry->second = name;
+  } else {
+    ONU_ABILITY_LOG(1, "ability_attr_id do not exist,ability_attr_id:%d", id);
   }
   ONU_ABILITY_LOG(10, "function end!");
 }
@@ -101,7 +142,12 @@ void OnuAbilityAttrInfo::Update(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, std::string
 void OnuAbilityAttrInfo::Show(void* vty) {
   ONU_ABILITY_LOG(10, "function start!");
   auto* terminal = static_cast<struct vty*>(vty);
-  for (const auto& [id, name] : _map_ability_attr) {
+  Names names;
+  {
+    const ReadScope scope(onu_ability_settings_guard);
+    names = _map_ability_attr;
+  }
+  for (const auto& [id, name] : names) {
     if (terminal != nullptr) {
       vty_out(terminal, "ability_attr_id:%d, ability_attr_name:%s\r\n", id, name.c_str());
     } else {

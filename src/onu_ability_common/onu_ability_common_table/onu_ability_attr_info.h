@@ -2,15 +2,17 @@
 // value for each id registered when it was made. Starts empty: the host fills
 // it at start-up.
 //
-// Takes no lock: do not change it while other threads read it. Operations that
-// change it report their outcome only in the log.
+// Any thread may call any operation at any time: each is one step for the others, a
+// change included. Operations that change it report their outcome only in the log.
 #ifndef ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_ATTR_INFO_H
 #define ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_ATTR_INFO_H
 
+#include <atomic>
 #include <map>
 #include <string>
 
 #include "onu_ability_common_global.h"
+#include "onu_ability_common_global/reader_writer_guard.h"
 
 class ONU_ABILITY_API OnuAbilityAttrInfo {
  public:
@@ -46,14 +48,33 @@ class ONU_ABILITY_API OnuAbilityAttrInfo {
   // A new code record gets an entry for every registered id.
   friend struct ONU_ABILITY_CODE_ATTR_INFO;
   friend class AbilityCodeReader;
+  friend class OnuAbilityCodeInfo;
+
+  using Names = std::map<ONU_ABILITY_ENUM_ABILITY_ATTR_ID, std::string>;
 
   OnuAbilityAttrInfo() = default;
 
+  ONU_ABILITY_LOCAL bool Has(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id) const
+      ONU_ABILITY_EXCLUDES(onu_ability_settings_guard);
+  ONU_ABILITY_LOCAL Names::const_iterator FindName(const std::string& name) const
+      ONU_ABILITY_REQUIRES_SHARED(onu_ability_settings_guard);
+  // Changes, each judged once more: another thread may have been faster than the lines
+  // that said what will happen. False when it is no longer allowed.
+  ONU_ABILITY_LOCAL bool Insert(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, const std::string& name)
+      ONU_ABILITY_EXCLUDES(onu_ability_settings_guard);
+  ONU_ABILITY_LOCAL bool Rename(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, const std::string& name)
+      ONU_ABILITY_EXCLUDES(onu_ability_settings_guard);
+  ONU_ABILITY_LOCAL bool Erase(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id)
+      ONU_ABILITY_EXCLUDES(onu_ability_settings_guard);
+  ONU_ABILITY_LOCAL bool Erase(const std::string& name)
+      ONU_ABILITY_EXCLUDES(onu_ability_settings_guard);
+  ONU_ABILITY_LOCAL bool Erase(Names::const_iterator entry)
+      ONU_ABILITY_REQUIRES(onu_ability_settings_guard);
   // To be called after every change of the ids.
-  ONU_ABILITY_LOCAL void NoteIds();
+  ONU_ABILITY_LOCAL void NoteIds() ONU_ABILITY_REQUIRES(onu_ability_settings_guard);
 
-  std::map<ONU_ABILITY_ENUM_ABILITY_ATTR_ID, std::string> _map_ability_attr;
-  unsigned int _low_ids = 0;  // bit n: id n, below 32, is registered
+  Names _map_ability_attr ONU_ABILITY_GUARDED_BY(onu_ability_settings_guard);
+  std::atomic<unsigned int> _low_ids{0};  // bit n: id n, below 32, is registered
 };
 
 #endif  // ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_ATTR_INFO_H

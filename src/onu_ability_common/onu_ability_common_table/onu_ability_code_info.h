@@ -2,19 +2,23 @@
 // which of them is the key ability code, whose value identifies a profile.
 // Starts without any code and with key ability code 1085.
 //
-// Takes no lock: do not change it while other threads read it. Reading an
-// attribute that a record lacks is a change, too (see Get).
+// Any thread may call any operation at any time, but for Get(): each operation is one
+// step for the others, a change included, and so is the change that reading an
+// attribute may be (see Get).
 #ifndef ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_CODE_INFO_H
 #define ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_CODE_INFO_H
 
 #include <atomic>
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "onu_ability_common_global.h"
+#include "onu_ability_common_global/reader_writer_guard.h"
 
 class AbilityCodeIndex;
+class NameText;
 
 class ONU_ABILITY_API OnuAbilityCodeInfo {
  public:
@@ -30,7 +34,9 @@ class ONU_ABILITY_API OnuAbilityCodeInfo {
   void SetKeyAbilityCode(unsigned short code);
   unsigned short GetKeyAbilityCode() const;
 
-  // The records themselves, in insertion order, for direct change. To read them,
+  // The records themselves, in insertion order, for direct change, which nothing
+  // guards: for start-up, before other threads use the library, and worth nothing
+  // after the next operation that adds or removes a record. To read them,
   // rather copy them (onu_ability_get_all_ability_attr_info), and to put back what
   // was kept, use Restore: once the records have been handed out, the library has
   // to expect a change at any moment and searches them for every code from then on.
@@ -71,31 +77,63 @@ class ONU_ABILITY_API OnuAbilityCodeInfo {
   void Show(void* vty, std::string text);
 
  private:
-  // The library's own readers and fillers, which are no holders of the records.
+  // The library's own readers, which are no holders of the records.
   friend class AbilityCodeReader;
-  friend class ConfirmOnuType;
-  friend class OnuAbilityProfile;
+  friend class OnuAbilityAttrInfo;
+  friend class RegisteredCodes;
   friend void onu_ability_get_all_ability_attr_info(std::vector<ONU_ABILITY_CODE_ATTR_INFO>& out);
+
+  using Records = std::vector<ONU_ABILITY_CODE_ATTR_INFO>;
 
   ONU_ABILITY_LOCAL OnuAbilityCodeInfo();
 
   // The first record with the code, or the end.
-  ONU_ABILITY_LOCAL std::vector<ONU_ABILITY_CODE_ATTR_INFO>::iterator Find(unsigned short code);
-  // The value of an attribute of a record of the registry, which acquires it with
-  // the value 0 when it lacks it.
+  ONU_ABILITY_LOCAL Records::const_iterator Find(unsigned short code) const
+      ONU_ABILITY_REQUIRES_SHARED(onu_ability_settings_guard);
+  ONU_ABILITY_LOCAL Records::iterator Find(unsigned short code)
+      ONU_ABILITY_REQUIRES(onu_ability_settings_guard);
+  // What a new or changed record is judged by: whether another code has its name, and
+  // whether all of its attributes are registered.
+  ONU_ABILITY_LOCAL bool IsNameTaken(const ONU_ABILITY_CODE_ATTR_INFO& info) const
+      ONU_ABILITY_REQUIRES_SHARED(onu_ability_settings_guard);
+  ONU_ABILITY_LOCAL bool AreAttributesRegistered(const ONU_ABILITY_CODE_ATTR_INFO& info) const
+      ONU_ABILITY_REQUIRES_SHARED(onu_ability_settings_guard);
+  // Whether a record has an entry for the attribute.
+  ONU_ABILITY_LOCAL bool Uses(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id) const
+      ONU_ABILITY_REQUIRES_SHARED(onu_ability_settings_guard);
+
+  // Judges the record once more, since another thread may have been faster than the
+  // lines about it. False when it is no longer allowed.
+  ONU_ABILITY_LOCAL bool Store(ONU_ABILITY_CODE_ATTR_INFO record)
+      ONU_ABILITY_EXCLUDES(onu_ability_settings_guard);
+  ONU_ABILITY_LOCAL void Erase(unsigned short code)
+      ONU_ABILITY_EXCLUDES(onu_ability_settings_guard);
+  // Returns how many records it was.
+  ONU_ABILITY_LOCAL std::size_t Erase(const std::string& name)
+      ONU_ABILITY_EXCLUDES(onu_ability_settings_guard);
+  // The name of the code and its value of an attribute, which it acquires with the
+  // value 0 when it lacks it. False for an unknown code.
+  ONU_ABILITY_LOCAL bool Acquire(unsigned short code, ONU_ABILITY_ENUM_ABILITY_ATTR_ID id,
+                                 NameText& name, unsigned short& value)
+      ONU_ABILITY_EXCLUDES(onu_ability_settings_guard);
   ONU_ABILITY_LOCAL unsigned short Acquire(ONU_ABILITY_CODE_ATTR_INFO& record,
-                                           ONU_ABILITY_ENUM_ABILITY_ATTR_ID id);
+                                           ONU_ABILITY_ENUM_ABILITY_ATTR_ID id)
+      ONU_ABILITY_REQUIRES(onu_ability_settings_guard);
+  ONU_ABILITY_LOCAL Records CopyRecords() const ONU_ABILITY_EXCLUDES(onu_ability_settings_guard);
+
   // Null when it may be out of date.
   ONU_ABILITY_LOCAL inline const AbilityCodeIndex* TrustedIndex() const;
   // To be called after every change.
-  ONU_ABILITY_LOCAL void NoteChange(const ONU_ABILITY_CODE_ATTR_INFO& record);
-  ONU_ABILITY_LOCAL void NoteRemoval();
+  ONU_ABILITY_LOCAL void NoteChange(const ONU_ABILITY_CODE_ATTR_INFO& record)
+      ONU_ABILITY_REQUIRES(onu_ability_settings_guard);
+  ONU_ABILITY_LOCAL void NoteRemoval() ONU_ABILITY_REQUIRES(onu_ability_settings_guard);
 
-  std::vector<ONU_ABILITY_CODE_ATTR_INFO> _vec_ability_attr;
-  unsigned short _key_ability_code = ONU_ABILITY_CODE_DEFAULT_KEY;
-  std::unique_ptr<AbilityCodeIndex> _index;
-  std::atomic<bool> _unpredictable{false};  // handed out, or a code with two records
-  unsigned int _generation = 1;             // counts changes
+  Records _vec_ability_attr ONU_ABILITY_GUARDED_BY(onu_ability_settings_guard);
+  std::atomic<unsigned short> _key_ability_code{ONU_ABILITY_CODE_DEFAULT_KEY};
+  const std::unique_ptr<AbilityCodeIndex> _index;  // read by atomic words
+  std::atomic<bool> _unpredictable{false};         // handed out, or a code with two records
+  // Counts changes, after each: who notes the count, then reads, sees what comes later.
+  std::atomic<unsigned int> _generation{1};
 };
 
 // Replaces `out` with a copy of every record of the registry.

@@ -1,4 +1,5 @@
-// The listings of the ability code registry on a terminal.
+// The listings of the ability code registry on a terminal, from a copy: a terminal may
+// take its time.
 #include "onu_ability_common_global/log.h"
 #include "onu_ability_common_table/onu_ability_attr_info.h"
 #include "onu_ability_common_table/onu_ability_code_info.h"
@@ -30,8 +31,9 @@ void OnuAbilityCodeInfo::Show(void* vty) {
     return;
   }
   vty_out(terminal, "\r\n########################################\r\n");
-  vty_out(terminal, "_vec_ability_attr:%d\r\n", static_cast<int>(_vec_ability_attr.size()));
-  for (const auto& record : _vec_ability_attr) {
+  const Records records = CopyRecords();
+  vty_out(terminal, "_vec_ability_attr:%d\r\n", static_cast<int>(records.size()));
+  for (const auto& record : records) {
     ShowRecord(terminal, record);
   }
   vty_out(terminal, "########################################\r\n");
@@ -46,9 +48,11 @@ void OnuAbilityCodeInfo::Show(void* vty, unsigned short code) {
     ONU_ABILITY_LOG(10, "function end!");
     return;
   }
-  const auto record = Find(code);
-  if (record != _vec_ability_attr.end()) {
-    ShowRecord(terminal, *record);
+  for (const auto& record : CopyRecords()) {
+    if (record.ability_code == code) {
+      ShowRecord(terminal, record);
+      break;
+    }
   }
   ONU_ABILITY_LOG(10, "function end!");
 }
@@ -64,7 +68,7 @@ void OnuAbilityCodeInfo::Show(void* vty, std::string text) {
   // Only the text is converted: a name stored in lower case is never found, as
   // meant.
   onu_ability_trans_str_lower_to_upper(text.data());
-  for (const auto& record : _vec_ability_attr) {
+  for (const auto& record : CopyRecords()) {
     if (Get(record.ability_code).find(text) != std::string::npos) {
       ShowRecord(terminal, record);
     }

@@ -5,14 +5,24 @@
 #include <utility>
 
 #include "onu_ability_common_global/log.h"
+#include "onu_ability_common_table/ability_entry.h"
 #include "onu_ability_common_table/ability_name.h"
+#include "onu_ability_common_table/onu_ability_code_info.h"
 
 OnuAbilityProfile::OnuAbilityProfile()
     : _key_ability_code(OnuAbilityCodeInfo::GetInstance()->GetKeyAbilityCode()) {
   ONU_ABILITY_LOG(10, "OnuAbilityProfile start!\r\n");
 }
 
-OnuAbilityProfile::~OnuAbilityProfile() { ONU_ABILITY_LOG(10, "release OnuAbilityProfile!"); }
+OnuAbilityProfile::~OnuAbilityProfile() {
+  if (_handling.says_its_end) {
+    SayReleased();
+  }
+}
+
+void OnuAbilityProfile::SayReleased() {
+  ONU_ABILITY_LOG_FOR("~OnuAbilityProfile", 10, "release OnuAbilityProfile!");
+}
 
 OnuAbilityProfile& OnuAbilityProfile::operator=(const OnuAbilityProfile& other) {
   if (this != &other) {
@@ -78,50 +88,19 @@ void OnuAbilityProfile::Clear() {
   ONU_ABILITY_LOG(10, "function end!");
 }
 
+AbilityEntry OnuAbilityProfile::EntryOf(unsigned short code) const {
+  const auto ability = _common_ability.find(code);
+  return {ability != _common_ability.end() ? &ability->second : nullptr, _ability_default_value,
+          _profile_source};
+}
+
 unsigned int OnuAbilityProfile::Get(unsigned short code,
                                     ONU_ABILITY_COMMON_ABILITY_VALUE& value) const {
-  const auto ability = _common_ability.find(code);
-  ONU_ABILITY_LOG(10, "function start!");
-  if (ability == _common_ability.end()) {
-    // The caller gets the default value and the not-found code.
-    value.ability_value_type = ONU_ABILITY_VALUE_TYPE_USHORT;
-    value.ability_ushort_value = _ability_default_value;
-    value.ability_string_value.clear();
-    ONU_ABILITY_LOG(1, "get null!ability_code:%d, ability_name:%s", code,
-                    AbilityName(code).c_str());
-    ONU_ABILITY_LOG(10, "function end!");
-    return ONU_ABILITY_RET_NOT_FOUND;
-  }
-  const ONU_ABILITY_COMMON_ABILITY_VALUE& held = ability->second;
-  ONU_ABILITY_LOG(9,
-                  "get ok!ability_code:%d, ability_name:%s, value_type:%d, ability_int_value:%d, "
-                  "ability_string_value:%s",
-                  code, AbilityName(code).c_str(), held.ability_value_type,
-                  held.ability_ushort_value, held.ability_string_value.c_str());
-  value = held;
-  return ONU_ABILITY_RET_OK;
+  return EntryOf(code).Get(code, value);
 }
 
 unsigned int OnuAbilityProfile::Get(unsigned short code, unsigned int& value) const {
-  const auto ability = _common_ability.find(code);
-  if (ability == _common_ability.end()) {
-    value = _ability_default_value;
-    ONU_ABILITY_LOG(1, "get null!ability_code:%d, ability_name:%s", code,
-                    AbilityName(code).c_str());
-    ONU_ABILITY_LOG(10, "function end!");
-    return ONU_ABILITY_RET_NOT_FOUND;
-  }
-  const ONU_ABILITY_COMMON_ABILITY_VALUE& held = ability->second;
-  if (held.ability_value_type != ONU_ABILITY_VALUE_TYPE_USHORT) {
-    ONU_ABILITY_LOG(0, "value type is not ushort!ability_code:%d, ability_name:%s, value_type:%d",
-                    code, AbilityName(code).c_str(), held.ability_value_type);
-    return ONU_ABILITY_RET_NOT_FOUND;
-  }
-  ONU_ABILITY_LOG(9, "get ok!ability_code:%d, ability_name:%s, value_type:%d, ability_value:%d",
-                  code, AbilityName(code).c_str(), held.ability_value_type,
-                  held.ability_ushort_value);
-  value = held.ability_ushort_value;
-  return ONU_ABILITY_RET_OK;
+  return EntryOf(code).Get(code, value);
 }
 
 unsigned int OnuAbilityProfile::Get(unsigned short code, std::string& value) const {
@@ -175,20 +154,7 @@ unsigned int OnuAbilityProfile::Get(unsigned int& value) const {
   return ONU_ABILITY_RET_OK;
 }
 
-bool OnuAbilityProfile::IsExist(unsigned short code) const {
-  return SayWhether(code, _common_ability.count(code) != 0);
-}
-
-bool OnuAbilityProfile::SayWhether(unsigned short code, bool held) const {
-  ONU_ABILITY_LOG_FOR("IsExist", 10, "function start!");
-  if (held) {
-    ONU_ABILITY_LOG_FOR("IsExist", 10, "function end!");
-    return true;
-  }
-  ONU_ABILITY_LOG_FOR("IsExist", 1, "ability_code is not exist,ability_code:%d, ability_name:%s",
-                      code, AbilityName(code).c_str());
-  return false;
-}
+bool OnuAbilityProfile::IsExist(unsigned short code) const { return EntryOf(code).IsExist(code); }
 
 unsigned int OnuAbilityProfile::GetTotalNum(ONU_ABILITY_ENUM_ABILITY_ATTR_ID attr_id) const {
   ONU_ABILITY_LOG(10, "function start!");

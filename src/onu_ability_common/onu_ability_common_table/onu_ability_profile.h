@@ -5,6 +5,9 @@
 // Held by value everywhere: tables copy profiles in and out. No lock of its
 // own; whoever owns a profile serialises access to it. Operations that change a
 // profile return nothing, their refusals show only in the log.
+//
+// When the memory does not suffice, an operation throws std::bad_alloc: every ability is
+// then as before or as after, and the counts derived from them may be those of before.
 #ifndef ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_PROFILE_H
 #define ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_PROFILE_H
 
@@ -18,6 +21,8 @@
 
 // The OMCI mode of a listing that shows no ONU.
 constexpr unsigned char ONU_ABILITY_NO_OMCI_MODE = 255;
+
+struct AbilityEntry;
 
 class ONU_ABILITY_API OnuAbilityProfile {
  public:
@@ -148,9 +153,13 @@ class ONU_ABILITY_API OnuAbilityProfile {
   unsigned int _age_count = 0;
 
  private:
+  friend class OnuAbilityTableBase;
+  friend class OnuAbilityTableManager;
+  friend class OnuMatchAbilityTable;
+
   ONU_ABILITY_LOCAL void CopyHeader(const OnuAbilityProfile& other);
-  // `held`, after saying it as IsExist does.
-  ONU_ABILITY_LOCAL bool SayWhether(unsigned short code, bool held) const;
+  ONU_ABILITY_LOCAL AbilityEntry EntryOf(unsigned short code) const;
+  ONU_ABILITY_LOCAL static void SayReleased();
   ONU_ABILITY_LOCAL void Update(const AbilityCodeReader& codes);
   ONU_ABILITY_LOCAL bool UpdateSilently(const AbilityCodeReader& codes);
   // The value under the code, an empty one where the code was not held.
@@ -160,18 +169,38 @@ class ONU_ABILITY_API OnuAbilityProfile {
                                           unsigned int value);
   ONU_ABILITY_LOCAL void StoreNumber(unsigned short code, unsigned int value);
   ONU_ABILITY_LOCAL void StoreString(unsigned short code, const std::string& value);
-  ONU_ABILITY_LOCAL bool MatchPattern(const OnuAbilityProfile& input, unsigned short key_code);
+  // The comparison with another profile, and whether it leaves an entry for the key code.
+  ONU_ABILITY_LOCAL bool Fits(const OnuAbilityProfile& input, unsigned short key_code) const;
+  ONU_ABILITY_LOCAL static bool LeavesPendingEntry(const OnuAbilityProfile& input);
+  ONU_ABILITY_LOCAL bool MatchPattern(const OnuAbilityProfile& input,
+                                      unsigned short key_code) const;
   ONU_ABILITY_LOCAL bool MatchAbility(unsigned short code,
                                       const ONU_ABILITY_COMMON_ABILITY_VALUE& held,
                                       const ONU_ABILITY_COMMON_ABILITY_VALUE& input,
-                                      unsigned short key_code) const;
+                                      unsigned short key_code, unsigned int key_value) const;
   ONU_ABILITY_LOCAL bool MatchExactly(const OnuAbilityProfile& input) const;
   ONU_ABILITY_LOCAL bool IsSameIn(const OnuAbilityProfile& input, unsigned short code,
                                   const ONU_ABILITY_COMMON_ABILITY_VALUE& held) const;
   ONU_ABILITY_LOCAL void ShowHeader(struct vty* terminal) const;
   ONU_ABILITY_LOCAL void ShowAbilities(struct vty* terminal, unsigned int flag) const;
 
+  // What the library says of one object while it has it in hand. It never travels with a
+  // copy or a move.
+  struct Handling {
+    Handling() = default;
+    Handling(const Handling&) noexcept {}
+    Handling& operator=(const Handling&) = delete;
+    ~Handling() = default;
+
+    // Not for what a table makes and drops under its guard, where no line may be written.
+    bool says_its_end = true;
+    // The id was given by the manager, and another thread may get the same: the table
+    // gives it once more when it stores the profile.
+    bool has_new_id = false;
+  };
+
   HeldPorts _ports;
+  Handling _handling;
 };
 
 #endif  // ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_PROFILE_H

@@ -3,7 +3,9 @@
 // The end trace marks one outcome, as meant: comparisons with a value log it
 // when the values differ, the comparison of profiles when they fit.
 #include "onu_ability_common_global/log.h"
+#include "onu_ability_common_table/ability_entry.h"
 #include "onu_ability_common_table/ability_name.h"
+#include "onu_ability_common_table/onu_ability_code_info.h"
 #include "onu_ability_common_table/onu_ability_profile.h"
 
 namespace {
@@ -85,20 +87,7 @@ unsigned int OnuAbilityProfile::IsEqual(unsigned short code, unsigned int value)
 
 unsigned int OnuAbilityProfile::IsEqual(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned short code,
                                         unsigned int value) const {
-  ONU_ABILITY_LOG(10, "function start!");
-  ONU_ABILITY_COMMON_ABILITY_VALUE held;
-  Get(code, held);
-  if (held.ability_value_type != ONU_ABILITY_VALUE_TYPE_USHORT) {
-    ONU_ABILITY_LOG(0, "value_type invalid!value_type:%d", held.ability_value_type);
-    return 0;
-  }
-  ONU_ABILITY_LOG(4, "ability_value_1:%d, ability_value_2:%d", held.ability_ushort_value, value);
-  if (held.ability_ushort_value == value &&
-      (source == ONU_ABILITY_PROFILE_SOURCE_ALL || source == _profile_source)) {
-    return 1;
-  }
-  ONU_ABILITY_LOG(10, "function end!");
-  return 0;
+  return EntryOf(code).IsEqual(source, code, value);
 }
 
 unsigned int OnuAbilityProfile::IsEqual(unsigned short code, const std::string& value) const {
@@ -163,40 +152,64 @@ unsigned int OnuAbilityProfile::operator==(unsigned int key_ability_value) const
 }
 
 unsigned int OnuAbilityProfile::operator==(const OnuAbilityProfile& input) {
-  ONU_ABILITY_LOG(10, "function start!");
   const unsigned short key_code = OnuAbilityCodeInfo::GetInstance()->GetKeyAbilityCode();
-  ONU_ABILITY_LOG(6, "operator== start!flag_match_type:%d, id_input:%d, id_compare:%d",
-                  input._flag_match_type, input._id, _id);
+  const bool leaves_entry = LeavesPendingEntry(input) && _common_ability.count(key_code) == 0;
+  // Compared with itself, a profile meets the entry on its way, if it lies ahead.
+  const bool meets_entry =
+      leaves_entry && &input == this && _common_ability.begin()->first < key_code;
+  if (meets_entry) {
+    _common_ability.try_emplace(key_code);
+  }
+  const bool fits = Fits(input, key_code);
+  if (leaves_entry && !meets_entry) {
+    _common_ability.try_emplace(key_code);
+  }
+  return fits ? 1 : 0;
+}
+
+// A profile that lacks the key code acquires an unset entry for it by such a comparison,
+// as meant, whether or not it fits: later counts and listings show it.
+bool OnuAbilityProfile::LeavesPendingEntry(const OnuAbilityProfile& input) {
+  return input._flag_match_type == ONU_ABILITY_MATCH_TYPE_PATTERN && !input._common_ability.empty();
+}
+
+bool OnuAbilityProfile::Fits(const OnuAbilityProfile& input, unsigned short key_code) const {
+  ONU_ABILITY_LOG_FOR("operator==", 10, "function start!");
+  ONU_ABILITY_LOG_FOR("operator==", 6,
+                      "operator== start!flag_match_type:%d, id_input:%d, id_compare:%d",
+                      input._flag_match_type, input._id, _id);
   bool fits = true;  // any other match type fits, as meant
   if (input._flag_match_type == ONU_ABILITY_MATCH_TYPE_PATTERN) {
     fits = MatchPattern(input, key_code);
   } else if (input._flag_match_type == ONU_ABILITY_MATCH_TYPE_EXACT) {
     fits = MatchExactly(input);
   }
-  if (!fits) {
-    return 0;
+  if (fits) {
+    ONU_ABILITY_LOG_FOR("operator==", 10, "function end!");
   }
-  ONU_ABILITY_LOG(10, "function end!");
-  return 1;
+  return fits;
 }
 
-bool OnuAbilityProfile::MatchPattern(const OnuAbilityProfile& input, unsigned short key_code) {
+bool OnuAbilityProfile::MatchPattern(const OnuAbilityProfile& input,
+                                     unsigned short key_code) const {
+  // The entry that is pending counts as held already.
+  static const ONU_ABILITY_COMMON_ABILITY_VALUE kPending;
+  const auto key = _common_ability.find(key_code);
+  const ONU_ABILITY_COMMON_ABILITY_VALUE& held_key =
+      key != _common_ability.end() ? key->second : kPending;
   for (const auto& [code, value] : input._common_ability) {
     const unsigned short confirm_type =
         OnuAbilityCodeInfo::GetInstance()->Get(code, ONU_ABILITY_ATTR_CONFIRM_TYPE);
-    // A profile without the key code acquires an unset entry here, whether or
-    // not anyone listens to the line: later counts and listings show it.
-    const unsigned int key_value = _common_ability[key_code].ability_ushort_value;
     ONU_ABILITY_LOG_FOR(
         "operator==", 6,
         "key_ability_code:%d, key_ability_value:%d, ability_code:%d, ability_name:%s, "
         "confirm_type_attr_value:%d",
-        key_code, key_value, code, AbilityName(code).c_str(), confirm_type);
+        key_code, held_key.ability_ushort_value, code, AbilityName(code).c_str(), confirm_type);
     if ((confirm_type & kComparedWithPatterns) == 0) {
       continue;
     }
     const auto ability = _common_ability.find(code);
-    if (ability == _common_ability.end()) {
+    if (ability == _common_ability.end() && code != key_code) {
       // What the pattern does not name never blocks a match.
       ONU_ABILITY_LOG_FOR("operator==", 4,
                           "ability_code is not exist, don't need match!ability_code:%d, "
@@ -204,7 +217,9 @@ bool OnuAbilityProfile::MatchPattern(const OnuAbilityProfile& input, unsigned sh
                           code, AbilityName(code).c_str());
       continue;
     }
-    if (!MatchAbility(code, ability->second, value, key_code)) {
+    const ONU_ABILITY_COMMON_ABILITY_VALUE& held =
+        ability != _common_ability.end() ? ability->second : kPending;
+    if (!MatchAbility(code, held, value, key_code, held_key.ability_ushort_value)) {
       return false;
     }
   }
@@ -216,15 +231,15 @@ bool OnuAbilityProfile::MatchPattern(const OnuAbilityProfile& input, unsigned sh
 bool OnuAbilityProfile::MatchAbility(unsigned short code,
                                      const ONU_ABILITY_COMMON_ABILITY_VALUE& held,
                                      const ONU_ABILITY_COMMON_ABILITY_VALUE& input,
-                                     unsigned short key_code) const {
+                                     unsigned short key_code, unsigned int key_value) const {
   ONU_ABILITY_LOG_FOR("operator==", 6, "value_type:%d", held.ability_value_type);
   if (held.ability_value_type == ONU_ABILITY_VALUE_TYPE_USHORT) {
     ONU_ABILITY_LOG_FOR(
         "operator==", 6,
         "key_ability_code:%d, key_ability_value:%d, ability_code:%d, ability_name:%s, "
         "value_input:%d, value_compare:%d",
-        key_code, _common_ability.at(key_code).ability_ushort_value, code,
-        AbilityName(code).c_str(), input.ability_ushort_value, held.ability_ushort_value);
+        key_code, key_value, code, AbilityName(code).c_str(), input.ability_ushort_value,
+        held.ability_ushort_value);
     return IsAmbiguousMatch(held.ability_ushort_value, input.ability_ushort_value) != 0;
   }
   if (held.ability_value_type == ONU_ABILITY_VALUE_TYPE_STRING) {

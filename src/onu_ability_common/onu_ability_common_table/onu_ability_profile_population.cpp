@@ -6,8 +6,10 @@
 
 #include "onu_ability_common_global/log.h"
 #include "onu_ability_common_table/ability_code_index.h"
+#include "onu_ability_common_table/ability_entry.h"
 #include "onu_ability_common_table/ability_name.h"
 #include "onu_ability_common_table/onu_ability_profile.h"
+#include "onu_ability_common_table/registered_codes.h"
 
 namespace {
 
@@ -33,10 +35,12 @@ void OnuAbilityProfile::StoreNumber(unsigned short code, unsigned int value) {
 }
 
 void OnuAbilityProfile::StoreString(unsigned short code, const std::string& value) {
+  // Copied first: the entry is whole or as it was.
+  std::string text = value;
   ONU_ABILITY_COMMON_ABILITY_VALUE& held = Hold(code, AbilityCodeReader());
   held.ability_value_type = ONU_ABILITY_VALUE_TYPE_STRING;
   held.ability_ushort_value = _ability_default_value;
-  held.ability_string_value = value;
+  held.ability_string_value.swap(text);
 }
 
 void OnuAbilityProfile::Add(unsigned short code, ONU_ABILITY_COMMON_ABILITY_VALUE value) {
@@ -90,7 +94,10 @@ void OnuAbilityProfile::Add(unsigned short code, unsigned int value) {
   }
   // Searched for once: this is how catalogues and reports are filled.
   const auto place = _common_ability.lower_bound(code);
-  if (SayWhether(code, place != _common_ability.end() && place->first == code)) {
+  const bool is_held = place != _common_ability.end() && place->first == code;
+  const AbilityEntry entry = {is_held ? &place->second : nullptr, _ability_default_value,
+                              _profile_source};
+  if (entry.IsExist(code)) {
     Update(code, value);
     ONU_ABILITY_LOG(10, "function end!");
     return;
@@ -158,18 +165,18 @@ void OnuAbilityProfile::Add(unsigned int value) {
 void OnuAbilityProfile::Add(ONU_ABILITY_ENUM_PROFILE_TYPE type, unsigned int value) {
   ONU_ABILITY_LOG(10, "function start!");
   // Neither the default rule nor the count applies here, as meant.
-  OnuAbilityCodeInfo& codes = *OnuAbilityCodeInfo::GetInstance();
-  for (auto& record : codes._vec_ability_attr) {
-    const unsigned short code = record.ability_code;
+  RegisteredCodes registered;
+  for (unsigned short code = 0; registered.Next(code);) {
     if (IsExist(code)) {
       continue;
     }
     // Reading an absent confirm type adds it to the record with the value 0.
     if (type == ONU_ABILITY_PROFILE_TYPE_MATCH &&
-        (codes.Acquire(record, ONU_ABILITY_ATTR_CONFIRM_TYPE) & kFillsMatchProfiles) == 0) {
+        (registered.Acquire(ONU_ABILITY_ATTR_CONFIRM_TYPE) & kFillsMatchProfiles) == 0) {
       continue;
     }
-    const unsigned int value_type = codes.Get(code, ONU_ABILITY_ATTR_VALUE_TYPE);
+    const unsigned int value_type =
+        OnuAbilityCodeInfo::GetInstance()->Get(code, ONU_ABILITY_ATTR_VALUE_TYPE);
     ONU_ABILITY_COMMON_ABILITY_VALUE& held = Hold(code, AbilityCodeReader());
     held.ability_value_type = value_type;
     if (value_type == ONU_ABILITY_VALUE_TYPE_USHORT) {
@@ -184,7 +191,7 @@ void OnuAbilityProfile::Update(unsigned short code, const ONU_ABILITY_COMMON_ABI
   ONU_ABILITY_LOG(10, "function start!");
   const auto ability = _common_ability.find(code);
   if (ability != _common_ability.end()) {
-    ability->second = value;
+    ability->second = ONU_ABILITY_COMMON_ABILITY_VALUE(value);
   }
   Update();
   ONU_ABILITY_LOG(10, "function end!");

@@ -1,14 +1,11 @@
-// What a table stores: additions, deletions, new ids, and the inert operations
-// that the concrete tables override.
+// The operations that change a table, new ids, and the inert operations that the
+// concrete tables override.
 #include "onu_ability_common_table/onu_ability_table_base.h"
-
-#include <algorithm>
-#include <iterator>
-#include <utility>
 
 #include "onu_ability_common_global/log.h"
 #include "onu_ability_common_global/short_ways.h"
 #include "onu_ability_common_table/ability_name.h"
+#include "onu_ability_common_table/onu_ability_code_info.h"
 #include "onu_ability_common_table/profile_index.h"
 #include "onu_ability_common_table/table_lock.h"
 
@@ -17,7 +14,8 @@ OnuAbilityTableBase::OnuAbilityTableBase()
   ONU_ABILITY_LOG(10, "OnuAbilityTableBase start!");
 }
 
-void OnuAbilityTableBase::KeepIndex() {
+// Nobody else knows a new table.
+void OnuAbilityTableBase::KeepIndex() ONU_ABILITY_NOT_ANALYSED {
   _index = std::make_unique<ProfileIndex>(_key_ability_code);
 }
 
@@ -70,11 +68,13 @@ bool OnuAbilityTableBase::AddToOldest(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
   if (profile == nullptr) {
     return false;
   }
-  // A value that the profile refuses still counts as success, as meant.
-  profile->Add(ability_code, value);
-  if (_index != nullptr) {
-    _index->NoteValue(_vec_profile, PositionOf(*profile), ability_code);
-  }
+  // A value that the profile refuses still counts as success, as meant. The draft may say
+  // and take as much as it likes: the table has the value and the counts that follow from
+  // it at once, or not at all.
+  OnuAbilityProfile draft(*profile);
+  draft._handling.says_its_end = false;
+  draft.Add(ability_code, value);
+  TakeOver(*profile, draft, ability_code);
   return true;
 }
 
@@ -116,14 +116,7 @@ unsigned int OnuAbilityTableBase::DelAll(ONU_ABILITY_ENUM_PROFILE_SOURCE source)
   ONU_ABILITY_LOG(10, "OnuAbilityTableBase::Del All profile start!");
   {
     const TableLock lock(_mutex);
-    // What moves up keeps the place's own key ability code, as with each erased alone.
-    const auto removed =
-        std::remove_if(_vec_profile.begin(), _vec_profile.end(),
-                       [source](const auto& profile) { return profile._profile_source == source; });
-    _vec_profile.erase(removed, _vec_profile.end());
-    if (_index != nullptr) {
-      _index->Rebuild(_vec_profile);
-    }
+    EraseFrom(source);
   }
   ONU_ABILITY_LOG(10, "OnuAbilityTableBase::Del All profile end!");
   return ONU_ABILITY_RET_OK;
@@ -140,33 +133,23 @@ unsigned short OnuAbilityTableBase::FindNewId(ONU_ABILITY_ENUM_PROFILE_SOURCE so
   return ids.Lowest();
 }
 
+unsigned short OnuAbilityTableBase::NewId(ONU_ABILITY_ENUM_PROFILE_SOURCE source) const {
+  ProfileIndex* index = Index();
+  return index != nullptr && !WalksOnly() ? index->NewId(source) : FindNewId(source);
+}
+
+void OnuAbilityTableBase::RenewId(OnuAbilityProfile& profile) const {
+  if (profile._handling.has_new_id) {
+    profile._handling.has_new_id = false;
+    profile._id = NewId(profile._profile_source);
+  }
+}
+
 unsigned int OnuAbilityTableBase::Get(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned short& id) {
   ONU_ABILITY_LOG(10, "function start!");
   const TableLock lock(_mutex);
-  id = _index != nullptr && !WalksOnly() ? _index->NewId(source) : FindNewId(source);
+  id = NewId(source);
   ONU_ABILITY_LOG(4, "index:%d", id);
   ONU_ABILITY_LOG(10, "function end!");
   return ONU_ABILITY_RET_OK;
-}
-
-void OnuAbilityTableBase::Append(const OnuAbilityProfile& profile) {
-  _vec_profile.push_back(profile);
-  if (_index != nullptr) {
-    _index->Append(_vec_profile.back());
-  }
-}
-
-void OnuAbilityTableBase::Erase(std::vector<OnuAbilityProfile>::reverse_iterator profile) {
-  _vec_profile.erase(std::next(profile).base());
-  if (_index != nullptr) {
-    _index->Rebuild(_vec_profile);
-  }
-}
-
-void OnuAbilityTableBase::Restore(std::vector<OnuAbilityProfile> profiles) {
-  const TableLock lock(_mutex);
-  _vec_profile.swap(profiles);
-  if (_index != nullptr) {
-    _index->Rebuild(_vec_profile);
-  }
 }

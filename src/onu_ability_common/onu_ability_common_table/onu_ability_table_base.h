@@ -3,9 +3,14 @@
 // and owned only by OnuAbilityTableManager, which forwards to it.
 //
 // A lookup walks from the newest profile to the oldest and stops at the first
-// hit, unless said otherwise. Callers receive copies. Every operation that reads or
-// changes the profiles does so under the lock, except two, which say so; none takes
-// a second one.
+// hit, unless said otherwise. Callers receive copies. Any thread may call any operation
+// at any time. Every operation that reads or changes the profiles does so under the
+// lock, except two, which say so; none takes a second one. Below the lock lies a guard,
+// which whoever changes the profiles holds for the change alone, and those two for
+// reading; no host function is called under it.
+//
+// When the memory does not suffice, an operation throws std::bad_alloc and leaves the
+// table as it was; what it was to write to is then of no particular value.
 #ifndef ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_TABLE_BASE_H
 #define ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_TABLE_BASE_H
 
@@ -14,6 +19,7 @@
 #include <vector>
 
 #include "mutex_lock.h"
+#include "onu_ability_common_global/reader_writer_guard.h"
 #include "onu_ability_common_table/onu_ability_profile.h"
 
 class ProfileIndex;
@@ -108,57 +114,93 @@ class ONU_ABILITY_API OnuAbilityTableBase {
 
  protected:
   CMutexLock _mutex;
-  std::vector<OnuAbilityProfile> _vec_profile;  // guarded by _mutex; in insertion order
-  const unsigned short _key_ability_code;       // the registry's at construction, never refreshed
+  // In insertion order. Changed under the guard, too; read with the lock or with it.
+  std::vector<OnuAbilityProfile> _vec_profile ONU_ABILITY_GUARDED_BY(_mutex);
+  const unsigned short _key_ability_code;  // the registry's at construction, never refreshed
 
   // The newest profile that qualifies, or null.
-  // REQUIRES: the lock is held.
-  ONU_ABILITY_LOCAL OnuAbilityProfile* FindByCode(unsigned short code, unsigned int value);
+  ONU_ABILITY_LOCAL OnuAbilityProfile* FindByCode(unsigned short code, unsigned int value)
+      ONU_ABILITY_REQUIRES(_mutex);
   ONU_ABILITY_LOCAL OnuAbilityProfile* FindByCode(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
-                                                  unsigned short code, unsigned int value);
-  ONU_ABILITY_LOCAL OnuAbilityProfile* FindByRealType(unsigned short onu_real_type);
+                                                  unsigned short code, unsigned int value)
+      ONU_ABILITY_REQUIRES(_mutex);
+  ONU_ABILITY_LOCAL OnuAbilityProfile* FindByRealType(unsigned short onu_real_type)
+      ONU_ABILITY_REQUIRES(_mutex);
 
   // Of a profile of the table.
-  unsigned int PositionOf(const OnuAbilityProfile& profile) const {
+  unsigned int PositionOf(const OnuAbilityProfile& profile) const ONU_ABILITY_REQUIRES(_mutex) {
     return static_cast<unsigned int>(&profile - _vec_profile.data());
   }
 
-  // How a table adds and removes, so that the index stays right.
-  // REQUIRES: the lock is held.
-  ONU_ABILITY_LOCAL void Append(const OnuAbilityProfile& profile);
-  ONU_ABILITY_LOCAL void Erase(std::vector<OnuAbilityProfile>::reverse_iterator profile);
+  // Gives the profile its new id once more, if the manager gave it one: with the lock held
+  // from here to Append no other profile of its source can get the same.
+  ONU_ABILITY_LOCAL void RenewId(OnuAbilityProfile& profile) const ONU_ABILITY_REQUIRES(_mutex);
+  // How a table adds and removes, so that the index stays right and whoever reads without
+  // the lock sees the table before or after.
+  ONU_ABILITY_LOCAL void Append(const OnuAbilityProfile& profile) ONU_ABILITY_REQUIRES(_mutex)
+      ONU_ABILITY_EXCLUDES(_contents);
+  ONU_ABILITY_LOCAL void Erase(std::vector<OnuAbilityProfile>::reverse_iterator profile)
+      ONU_ABILITY_REQUIRES(_mutex) ONU_ABILITY_EXCLUDES(_contents);
 
+  // Null in a table that walks.
+  ONU_ABILITY_LOCAL ProfileIndex* Index() const ONU_ABILITY_REQUIRES_SHARED(_mutex);
   // The index by the values of a code where a walk over them may be left out, else
   // null. The second one also says that there is no irregular profile in the table.
-  ONU_ABILITY_LOCAL const ValueIndex* ShortWayBy(unsigned short code) const;
-  ONU_ABILITY_LOCAL const ValueIndex* RegularShortWayBy(unsigned short code) const;
+  ONU_ABILITY_LOCAL const ValueIndex* ShortWayBy(unsigned short code) const
+      ONU_ABILITY_REQUIRES_SHARED(_mutex);
+  ONU_ABILITY_LOCAL const ValueIndex* RegularShortWayBy(unsigned short code) const
+      ONU_ABILITY_REQUIRES_SHARED(_mutex);
   // Whether a profile of the source (2 is all) holds the number.
   ONU_ABILITY_LOCAL bool HasNumber(ONU_ABILITY_ENUM_PROFILE_SOURCE source, const ValueIndex& index,
-                                   unsigned int number) const;
+                                   unsigned int number) const ONU_ABILITY_REQUIRES_SHARED(_mutex);
   // The oldest of exactly this source that holds it, or null.
   ONU_ABILITY_LOCAL OnuAbilityProfile* FindOldest(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
-                                                  const ValueIndex& index, unsigned int number);
+                                                  const ValueIndex& index, unsigned int number)
+      ONU_ABILITY_REQUIRES(_mutex);
 
-  std::unique_ptr<ProfileIndex> _index;  // guarded by _mutex; null in a table that walks
+  // The guard below the lock.
+  mutable ReaderWriterGuard _contents ONU_ABILITY_TAKEN_AFTER(_mutex);
 
  private:
-  ONU_ABILITY_LOCAL unsigned short FindNewId(ONU_ABILITY_ENUM_PROFILE_SOURCE source) const;
+  // Whoever holds the guard may read as if the lock were held: changes need both.
+  void ContentsAreReadable() const ONU_ABILITY_REQUIRES_SHARED(_contents)
+      ONU_ABILITY_SAYS_SHARED(_mutex) {}
+  template <typename Change>
+  ONU_ABILITY_LOCAL void ChangeIndex(Change change) ONU_ABILITY_REQUIRES(_mutex, _contents);
+  ONU_ABILITY_LOCAL void RebuildIndex() ONU_ABILITY_REQUIRES(_mutex, _contents);
+  ONU_ABILITY_LOCAL void EraseFrom(ONU_ABILITY_ENUM_PROFILE_SOURCE source)
+      ONU_ABILITY_REQUIRES(_mutex) ONU_ABILITY_EXCLUDES(_contents);
+  // Gives a profile of the table the abilities of its draft, which stored a value of
+  // `code`; the draft is left with those that the profile had.
+  ONU_ABILITY_LOCAL void TakeOver(OnuAbilityProfile& stored, OnuAbilityProfile& draft,
+                                  unsigned short code) ONU_ABILITY_REQUIRES(_mutex)
+      ONU_ABILITY_EXCLUDES(_contents);
+  ONU_ABILITY_LOCAL unsigned short NewId(ONU_ABILITY_ENUM_PROFILE_SOURCE source) const
+      ONU_ABILITY_REQUIRES(_mutex);
+  ONU_ABILITY_LOCAL unsigned short FindNewId(ONU_ABILITY_ENUM_PROFILE_SOURCE source) const
+      ONU_ABILITY_REQUIRES(_mutex);
   // A profile's own value of a code, as its Get gives it.
   ONU_ABILITY_LOCAL unsigned int Read(const OnuAbilityProfile& profile, unsigned short code,
-                                      unsigned int& value);
+                                      unsigned int& value) ONU_ABILITY_REQUIRES(_mutex);
   ONU_ABILITY_LOCAL unsigned int Read(const OnuAbilityProfile& profile, unsigned short code,
-                                      std::string& value);
+                                      std::string& value) ONU_ABILITY_REQUIRES(_mutex);
   template <typename Value>
   ONU_ABILITY_LOCAL bool AddToOldest(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
                                      unsigned int key_ability_value, unsigned short ability_code,
-                                     const Value& value);
+                                     const Value& value) ONU_ABILITY_REQUIRES(_mutex);
   ONU_ABILITY_LOCAL OnuAbilityProfile* FindOldestByKey(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
-                                                       unsigned int key_ability_value);
+                                                       unsigned int key_ability_value)
+      ONU_ABILITY_REQUIRES(_mutex);
   ONU_ABILITY_LOCAL unsigned int CollectByCode(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
                                                unsigned short code, unsigned int value,
                                                std::vector<OnuAbilityProfile>& profiles);
   ONU_ABILITY_LOCAL static unsigned int CopyOut(const OnuAbilityProfile* found,
                                                 OnuAbilityProfile& profile);
+
+  // Null in a table that always walks; not looked at while it is not whole. Changed and
+  // read as the profiles, but for what questions under the lock leave in it.
+  std::unique_ptr<ProfileIndex> _index ONU_ABILITY_GUARDED_BY(_mutex);
+  bool _is_index_whole ONU_ABILITY_GUARDED_BY(_mutex) = true;
 };
 
 #endif  // ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_TABLE_BASE_H

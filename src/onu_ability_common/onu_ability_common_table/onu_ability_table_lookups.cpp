@@ -1,31 +1,11 @@
 // The lookups of a table. Unless a comment says otherwise they walk from the
 // newest profile to the oldest, so of two profiles that qualify the one added
 // later wins.
-#include <algorithm>
-
 #include "onu_ability_common_global/log.h"
 #include "onu_ability_common_table/ability_name.h"
 #include "onu_ability_common_table/onu_ability_table_base.h"
 #include "onu_ability_common_table/profile_index.h"
 #include "onu_ability_common_table/table_lock.h"
-
-// From the oldest, and without the lock, as meant.
-unsigned int OnuAbilityTableBase::IsExist(unsigned short ability_code) {
-  ONU_ABILITY_LOG(10, "function start!");
-  for (const auto& profile : _vec_profile) {
-    if (profile.IsExist(ability_code)) {
-      // The registry's current key code, not the table's own.
-      unsigned int key_ability_value = 0;
-      profile.Get(OnuAbilityCodeInfo::GetInstance()->GetKeyAbilityCode(), key_ability_value);
-      ONU_ABILITY_LOG(6, "ability_code exist!key_ability_value:%d, ability_code:%d",
-                      key_ability_value, ability_code);
-      ONU_ABILITY_LOG(10, "function end!");
-      return 1;
-    }
-  }
-  ONU_ABILITY_LOG(10, "function end!");
-  return 0;
-}
 
 unsigned int OnuAbilityTableBase::IsExist(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
                                           unsigned int key_ability_value) {
@@ -39,29 +19,6 @@ unsigned int OnuAbilityTableBase::IsExist(ONU_ABILITY_ENUM_PROFILE_SOURCE source
   }
   ONU_ABILITY_LOG(10, "function end!");
   return profile != nullptr ? 1 : 0;
-}
-
-// From the oldest, and without the lock, as meant.
-unsigned int OnuAbilityTableBase::IsEqual(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
-                                          unsigned short ability_code, unsigned int value) {
-  ONU_ABILITY_LOG(10, "function start!");
-  const ValueIndex* index = RegularShortWayBy(ability_code);
-  const bool found =
-      index != nullptr
-          ? HasNumber(source, *index, value)
-          : std::any_of(_vec_profile.begin(), _vec_profile.end(), [&](const auto& profile) {
-              return profile.IsEqual(source, ability_code, value) != 0;
-            });
-  if (found) {
-    ONU_ABILITY_LOG(10, "function end!");
-    return 1;
-  }
-  ONU_ABILITY_LOG(1,
-                  "ability value is not equal!profile_source:%d, ability_code:%d, ability_name:%s, "
-                  "ability_value:%d",
-                  source, ability_code, AbilityName(ability_code).c_str(), value);
-  ONU_ABILITY_LOG(10, "function end!");
-  return 0;
 }
 
 unsigned int OnuAbilityTableBase::Get(ONU_ABILITY_ENUM_PROFILE_SOURCE source,

@@ -1,6 +1,8 @@
 // The manager's own life, its tables, and the operations that change them.
 #include "onu_ability_common_table/onu_ability_table_manager.h"
 
+#include <memory>
+
 #include "onu_ability_common_global/log.h"
 #include "onu_ability_common_table/ability_name.h"
 #include "onu_ability_common_table/onu_match_ability_table.h"
@@ -33,20 +35,21 @@ void OnuAbilityTableManager::Init() {
 }
 
 void OnuAbilityTableManager::AddOnuAbilityTable(ONU_ABILITY_ENUM_PROFILE_TYPE type) {
-  OnuAbilityTableBase* table = nullptr;
+  std::unique_ptr<OnuAbilityTableBase> table;
   if (type == ONU_ABILITY_PROFILE_TYPE_REAL) {
-    table = new OnuRealAbilityTable;
+    table = std::make_unique<OnuRealAbilityTable>();
   } else if (type == ONU_ABILITY_PROFILE_TYPE_MATCH) {
-    table = new OnuMatchAbilityTable;
+    table = std::make_unique<OnuMatchAbilityTable>();
   } else {
     ONU_ABILITY_LOG(0, "table_type is out of range!");
     return;
   }
   table->KeepIndex();
-  // Where there is a table already, the new one is never released, as meant.
   OnuAbilityTableBase*& entry = _map_table[type];
+  // Where there is a table already, the new one is never released, as meant.
+  OnuAbilityTableBase* made = table.release();
   if (entry == nullptr) {
-    entry = table;
+    entry = made;
   }
 }  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks)
 
@@ -65,7 +68,8 @@ unsigned int OnuAbilityTableManager::Add(OnuAbilityProfile& profile) {
   ONU_ABILITY_LOG(10, "OnuAbilityTableManager::Add start!");
   ONU_ABILITY_LOG(4, "profile_type:%d", profile._profile_type);
   profile.Update();
-  if (!profile.HasId()) {
+  const bool gets_new_id = !profile.HasId();
+  if (gets_new_id) {
     // A failure shows below: the type then has no table.
     Get(profile._profile_type, profile._profile_source, profile._id);
   }
@@ -75,7 +79,9 @@ unsigned int OnuAbilityTableManager::Add(OnuAbilityProfile& profile) {
     return ONU_ABILITY_RET_INVALID_PARAM;
   }
   ONU_ABILITY_LOG(9, "profile_type valid!");
+  profile._handling.has_new_id = gets_new_id;
   const unsigned int ret = table->Add(profile);
+  profile._handling.has_new_id = false;  // of a table of the host's own
   ONU_ABILITY_LOG(10, "OnuAbilityTableManager::Add end!");
   return ret;
 }

@@ -44,8 +44,13 @@ OnuAbilityProfile* WalkFromNewest(std::vector<OnuAbilityProfile>& profiles, Fits
 
 }  // namespace
 
+ProfileIndex* OnuAbilityTableBase::Index() const {
+  return _is_index_whole ? _index.get() : nullptr;
+}
+
 const ValueIndex* OnuAbilityTableBase::ShortWayBy(unsigned short code) const {
-  return _index != nullptr && NobodyListensTo(LogLevels(4, 9, 10)) ? _index->Of(code) : nullptr;
+  const ProfileIndex* index = Index();
+  return index != nullptr && NobodyListensTo(LogLevels(4, 9, 10)) ? index->Of(code) : nullptr;
 }
 
 const ValueIndex* OnuAbilityTableBase::RegularShortWayBy(unsigned short code) const {

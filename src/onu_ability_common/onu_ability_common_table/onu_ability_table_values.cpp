@@ -10,8 +10,9 @@
 // say but that it went well.
 unsigned int OnuAbilityTableBase::Read(const OnuAbilityProfile& profile, unsigned short code,
                                        unsigned int& value) {
-  if (_index != nullptr && NobodyListensTo(LogLevels(9))) {
-    const KeptNumber::Place kept = _index->Number(_vec_profile, PositionOf(profile), code);
+  ProfileIndex* index = Index();
+  if (index != nullptr && NobodyListensTo(LogLevels(9))) {
+    const KeptNumber::Place kept = index->Number(_vec_profile, PositionOf(profile), code);
     if (kept != KeptNumber::kNone) {
       value = kept;
       return ONU_ABILITY_RET_OK;
@@ -22,8 +23,9 @@ unsigned int OnuAbilityTableBase::Read(const OnuAbilityProfile& profile, unsigne
 
 unsigned int OnuAbilityTableBase::Read(const OnuAbilityProfile& profile, unsigned short code,
                                        std::string& value) {
-  if (_index != nullptr && NobodyListensTo(LogLevels(9))) {
-    const KeptString::Place kept = _index->String(_vec_profile, PositionOf(profile), code);
+  ProfileIndex* index = Index();
+  if (index != nullptr && NobodyListensTo(LogLevels(9))) {
+    const KeptString::Place kept = index->String(_vec_profile, PositionOf(profile), code);
     if (kept != KeptString::kNone) {
       value = *kept;
       return ONU_ABILITY_RET_OK;

@@ -1,5 +1,8 @@
 #include "onu_ability_common_table/onu_match_ability_table.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "onu_ability_common_global/log.h"
 #include "onu_ability_common_global/short_ways.h"
 #include "onu_ability_common_table/ability_code_index.h"
@@ -7,15 +10,6 @@
 #include "onu_ability_common_table/table_lock.h"
 
 namespace {
-
-// Whether deleting `profile` means `candidate`: by the id when there is one, else
-// by a comparison, which may change the candidate.
-bool IsDeletedBy(const OnuAbilityProfile& profile, OnuAbilityProfile& candidate) {
-  if (candidate._profile_source != profile._profile_source) {
-    return false;
-  }
-  return profile.HasId() ? candidate._id == profile._id : (candidate == profile) != 0;
-}
 
 // The values of a report that patterns are compared with. False when reading their
 // codes would say or acquire something.
@@ -50,6 +44,7 @@ unsigned int OnuMatchAbilityTable::Add(OnuAbilityProfile& profile) {
   ONU_ABILITY_LOG(10, "OnuMatchAbilityTable::Add start!");
   {
     const TableLock lock(_mutex);
+    RenewId(profile);
     // The caller's own object changes, as meant.
     profile._flag_match_type = ONU_ABILITY_MATCH_TYPE_EXACT;
     ONU_ABILITY_LOG(1, "find null!onu ability profile will be added");
@@ -59,22 +54,36 @@ unsigned int OnuMatchAbilityTable::Add(OnuAbilityProfile& profile) {
   return ONU_ABILITY_RET_OK;
 }
 
+// Whether deleting `profile` means `candidate`: by the id when there is one, else by a
+// comparison.
+bool OnuMatchAbilityTable::IsMeant(const OnuAbilityProfile& profile,
+                                   const OnuAbilityProfile& candidate, unsigned short key_code) {
+  if (candidate._profile_source != profile._profile_source) {
+    return false;
+  }
+  return profile.HasId() ? candidate._id == profile._id : candidate.Fits(profile, key_code);
+}
+
 unsigned int OnuMatchAbilityTable::Del(const OnuAbilityProfile& profile) {
   ONU_ABILITY_LOG(10, "OnuMatchAbilityTable::DeleteItem start!");
   unsigned int ret = ONU_ABILITY_RET_NOT_FOUND;
   {
     const TableLock lock(_mutex);
+    const unsigned short key_code = OnuAbilityCodeInfo::GetInstance()->GetKeyAbilityCode();
     auto candidate = _vec_profile.rbegin();
-    while (candidate != _vec_profile.rend() && !IsDeletedBy(profile, *candidate)) {
+    while (candidate != _vec_profile.rend() && !IsMeant(profile, *candidate, key_code)) {
       ++candidate;
     }
-    if (candidate != _vec_profile.rend()) {
+    const bool found = candidate != _vec_profile.rend();
+    if (!profile.HasId() && OnuAbilityProfile::LeavesPendingEntry(profile)) {
+      LeavePendingEntries(profile._profile_source, found ? PositionOf(*candidate) : 0, key_code);
+    }
+    if (found) {
       ONU_ABILITY_LOG(9, "(Del)find ok!id:%hu", profile._id);
       Erase(candidate);
       ret = ONU_ABILITY_RET_OK;
     } else {
       ONU_ABILITY_LOG(1, "(Del)find null!id:%hu", profile._id);
-      NoteComparisons();
     }
   }
   ONU_ABILITY_LOG(10, "OnuMatchAbilityTable::DeleteItem end!");
@@ -98,42 +107,79 @@ unsigned int OnuMatchAbilityTable::operator==(OnuAbilityProfile& profile) {
 }
 
 OnuAbilityProfile* OnuMatchAbilityTable::FindFitting(const OnuAbilityProfile& report) {
+  const unsigned short key_code = OnuAbilityCodeInfo::GetInstance()->GetKeyAbilityCode();
   OnuAbilityProfile* fitting = nullptr;
-  if (FindByIndex(report, fitting)) {
-    return fitting;
+  if (!FindByIndex(report, key_code, fitting)) {
+    auto stored = _vec_profile.rbegin();
+    while (stored != _vec_profile.rend() && !stored->Fits(report, key_code)) {
+      ++stored;
+    }
+    fitting = stored != _vec_profile.rend() ? &*stored : nullptr;
   }
-  auto stored = _vec_profile.rbegin();
-  while (stored != _vec_profile.rend() && (*stored == report) == 0) {
-    ++stored;
+  if (OnuAbilityProfile::LeavesPendingEntry(report)) {
+    LeavePendingEntries(ONU_ABILITY_PROFILE_SOURCE_ALL,
+                        fitting != nullptr ? PositionOf(*fitting) : 0, key_code);
   }
-  NoteComparisons();
-  return stored != _vec_profile.rend() ? &*stored : nullptr;
+  return fitting;
 }
 
-// A walk's comparisons may have left entries for the key code.
-void OnuMatchAbilityTable::NoteComparisons() {
-  if (_index != nullptr) {
-    _index->Patterns().NotePendingEntries(OnuAbilityCodeInfo::GetInstance()->GetKeyAbilityCode());
-  }
-}
-
-// The short way. False, with nothing changed, when the walk has anything to say.
-bool OnuMatchAbilityTable::FindByIndex(const OnuAbilityProfile& report,
+// The short way. False when the walk has anything to say.
+bool OnuMatchAbilityTable::FindByIndex(const OnuAbilityProfile& report, unsigned short key_code,
                                        OnuAbilityProfile*& fitting) {
   std::vector<PatternIndex::Compared> compared;
-  if (_index == nullptr || !NobodyListensTo(LogLevels(4, 5, 6, 9, 10)) ||
+  ProfileIndex* index = Index();
+  if (index == nullptr || !NobodyListensTo(LogLevels(4, 5, 6, 9, 10)) ||
       !CollectCompared(report, compared)) {
     return false;
   }
-  const unsigned short key_code = OnuAbilityCodeInfo::GetInstance()->GetKeyAbilityCode();
-  PatternIndex& patterns = _index->Patterns();
+  PatternIndex& patterns = index->Patterns();
   if (patterns.Prepare(_vec_profile, key_code, compared)) {
     return false;
   }
   const unsigned int found = patterns.Newest(compared);
-  if (!report._common_ability.empty()) {
-    patterns.AddPendingEntries(_vec_profile, key_code, found != kNoPosition ? found : 0);
-  }
   fitting = found != kNoPosition ? &_vec_profile[found] : nullptr;
   return true;
+}
+
+std::vector<unsigned int> OnuMatchAbilityTable::LackingFrom(unsigned int oldest,
+                                                            unsigned short key_code) {
+  std::vector<unsigned int> lacking;
+  if (ProfileIndex* index = Index()) {
+    const auto& known = index->Patterns().Lacking(_vec_profile, key_code);
+    lacking.assign(std::lower_bound(known.begin(), known.end(), oldest), known.end());
+    return lacking;
+  }
+  for (unsigned int position = oldest; position < _vec_profile.size(); ++position) {
+    if (_vec_profile[position]._common_ability.count(key_code) == 0) {
+      lacking.push_back(position);
+    }
+  }
+  return lacking;
+}
+
+void OnuMatchAbilityTable::LeavePendingEntries(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                                               unsigned int oldest, unsigned short key_code) {
+  const std::vector<unsigned int> lacking = LackingFrom(oldest, key_code);
+  if (lacking.empty()) {
+    return;
+  }
+  // Made before any is stored: all profiles get theirs, or none.
+  std::vector<AbilityMap::node_type> entries;
+  entries.reserve(lacking.size());
+  AbilityMap maker;
+  while (entries.size() < lacking.size()) {
+    maker.try_emplace(key_code);
+    entries.push_back(maker.extract(key_code));
+  }
+  const WriteScope scope(_contents);
+  for (const unsigned int position : lacking) {
+    OnuAbilityProfile& profile = _vec_profile[position];
+    if (source == ONU_ABILITY_PROFILE_SOURCE_ALL || source == profile._profile_source) {
+      profile._common_ability.insert(std::move(entries.back()));
+      entries.pop_back();
+    }
+  }
+  if (ProfileIndex* index = Index()) {
+    index->Patterns().NotePendingEntries(key_code);
+  }
 }

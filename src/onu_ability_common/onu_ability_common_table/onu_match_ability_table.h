@@ -29,10 +29,21 @@ class ONU_ABILITY_API OnuMatchAbilityTable : public OnuAbilityTableBase {
   unsigned int operator==(OnuAbilityProfile& profile) override;
 
  private:
-  // REQUIRES: the lock is held.
-  ONU_ABILITY_LOCAL OnuAbilityProfile* FindFitting(const OnuAbilityProfile& report);
-  ONU_ABILITY_LOCAL bool FindByIndex(const OnuAbilityProfile& report, OnuAbilityProfile*& fitting);
-  ONU_ABILITY_LOCAL void NoteComparisons();
+  ONU_ABILITY_LOCAL static bool IsMeant(const OnuAbilityProfile& profile,
+                                        const OnuAbilityProfile& candidate,
+                                        unsigned short key_code);
+  ONU_ABILITY_LOCAL OnuAbilityProfile* FindFitting(const OnuAbilityProfile& report)
+      ONU_ABILITY_REQUIRES(_mutex);
+  ONU_ABILITY_LOCAL bool FindByIndex(const OnuAbilityProfile& report, unsigned short key_code,
+                                     OnuAbilityProfile*& fitting) ONU_ABILITY_REQUIRES(_mutex);
+  // Gives the entry that a comparison leaves to the profiles from `oldest` on that lack
+  // the key code; only to those of a source, unless it is 2.
+  ONU_ABILITY_LOCAL void LeavePendingEntries(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                                             unsigned int oldest, unsigned short key_code)
+      ONU_ABILITY_REQUIRES(_mutex);
+  ONU_ABILITY_LOCAL std::vector<unsigned int> LackingFrom(unsigned int oldest,
+                                                          unsigned short key_code)
+      ONU_ABILITY_REQUIRES(_mutex);
 };
 
 #endif  // ONU_ABILITY_COMMON_TABLE_ONU_MATCH_ABILITY_TABLE_H

@@ -16,6 +16,7 @@ unsigned int OnuRealAbilityTable::Add(OnuAbilityProfile& profile) {
   unsigned int ret = ONU_ABILITY_RET_OK;
   {
     const TableLock lock(_mutex);
+    RenewId(profile);
     profile._flag_match_type = ONU_ABILITY_MATCH_TYPE_EXACT;
     if (profile._profile_source == ONU_ABILITY_PROFILE_SOURCE_DEFAULT || !IsDuplicate(profile)) {
       Append(profile);
@@ -120,8 +121,9 @@ unsigned int OnuRealAbilityTable::Del(const OnuAbilityProfile& profile) {
 }
 
 unsigned int OnuRealAbilityTable::LampTotal(const OnuAbilityProfile& profile) {
-  if (_index != nullptr && NobodyListensTo(LogLevels(6, 9, 10))) {
-    return _index->LampTotal(profile, PositionOf(profile));
+  ProfileIndex* index = Index();
+  if (index != nullptr && NobodyListensTo(LogLevels(6, 9, 10))) {
+    return index->LampTotal(profile, PositionOf(profile));
   }
   return profile.GetTotalNum(ONU_ABILITY_ATTR_LAMP);
 }

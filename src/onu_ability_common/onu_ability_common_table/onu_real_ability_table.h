@@ -39,11 +39,14 @@ class ONU_ABILITY_API OnuRealAbilityTable : public OnuAbilityTableBase {
   unsigned int MinusBindCount(unsigned int key_ability_value) override;
 
  private:
-  // REQUIRES: the lock is held.
-  ONU_ABILITY_LOCAL bool IsDuplicate(const OnuAbilityProfile& profile) const;
-  ONU_ABILITY_LOCAL bool HasKeyOf(const OnuAbilityProfile& profile) const;
-  ONU_ABILITY_LOCAL unsigned int LampTotal(const OnuAbilityProfile& profile);
-  ONU_ABILITY_LOCAL OnuAbilityProfile* FindBindable(unsigned int key_ability_value);
+  ONU_ABILITY_LOCAL bool IsDuplicate(const OnuAbilityProfile& profile) const
+      ONU_ABILITY_REQUIRES(_mutex);
+  ONU_ABILITY_LOCAL bool HasKeyOf(const OnuAbilityProfile& profile) const
+      ONU_ABILITY_REQUIRES(_mutex);
+  ONU_ABILITY_LOCAL unsigned int LampTotal(const OnuAbilityProfile& profile)
+      ONU_ABILITY_REQUIRES(_mutex);
+  ONU_ABILITY_LOCAL OnuAbilityProfile* FindBindable(unsigned int key_ability_value)
+      ONU_ABILITY_REQUIRES(_mutex);
 };
 
 #endif  // ONU_ABILITY_COMMON_TABLE_ONU_REAL_ABILITY_TABLE_H

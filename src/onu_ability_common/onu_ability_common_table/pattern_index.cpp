@@ -1,6 +1,7 @@
 #include "onu_ability_common_table/pattern_index.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -125,22 +126,27 @@ bool PatternColumn::Intersect(const ONU_ABILITY_COMMON_ABILITY_VALUE& value,
 
 bool PatternIndex::Prepare(const Profiles& profiles, unsigned short key_code,
                            std::vector<Compared>& compared) {
-  FindLacking(profiles, key_code);
+  const bool is_key_lacking = !Lacking(profiles, key_code).empty();
   bool has_unknown_tag = false;
   for (Compared& question : compared) {
-    const auto [entry, added] = _columns.try_emplace(question.code);
-    PatternColumn& column = entry->second;
-    if (added) {
-      for (unsigned int position = 0; position < profiles.size(); ++position) {
-        column.Append(profiles[position], question.code, position);
-      }
-    }
-    question.column = &column;
+    question.column = &ColumnOf(profiles, question.code);
     // The pending entry that a profile gets for the key code has such a tag.
-    has_unknown_tag = has_unknown_tag || column.HasUnknownTag() ||
-                      (question.code == key_code && !_lacking.empty());
+    has_unknown_tag = has_unknown_tag || question.column->HasUnknownTag() ||
+                      (question.code == key_code && is_key_lacking);
   }
   return has_unknown_tag;
+}
+
+PatternColumn& PatternIndex::ColumnOf(const Profiles& profiles, unsigned short code) {
+  const auto known = _columns.find(code);
+  if (known != _columns.end()) {
+    return known->second;
+  }
+  PatternColumn column;
+  for (unsigned int position = 0; position < profiles.size(); ++position) {
+    column.Append(profiles[position], code, position);
+  }
+  return _columns.emplace(code, std::move(column)).first->second;
 }
 
 unsigned int PatternIndex::Newest(std::vector<Compared>& compared) {
@@ -166,28 +172,21 @@ unsigned int PatternIndex::Newest(std::vector<Compared>& compared) {
   return Highest(_fitting);
 }
 
-void PatternIndex::AddPendingEntries(Profiles& profiles, unsigned short key_code,
-                                     unsigned int oldest) {
-  FindLacking(profiles, key_code);
-  while (!_lacking.empty() && _lacking.back() >= oldest) {
-    profiles[_lacking.back()]._common_ability.try_emplace(key_code);
-    _lacking.pop_back();
-    _columns.erase(key_code);
-  }
-}
-
-void PatternIndex::FindLacking(const Profiles& profiles, unsigned short key_code) {
+const std::vector<unsigned int>& PatternIndex::Lacking(const Profiles& profiles,
+                                                       unsigned short key_code) {
   if (_knows_lacking && _lacked_code == key_code) {
-    return;
+    return _lacking;
   }
-  _knows_lacking = true;
-  _lacked_code = key_code;
+  _knows_lacking = false;
   _lacking.clear();
   for (unsigned int position = 0; position < profiles.size(); ++position) {
     if (profiles[position]._common_ability.count(key_code) == 0) {
       _lacking.push_back(position);
     }
   }
+  _lacked_code = key_code;
+  _knows_lacking = true;
+  return _lacking;
 }
 
 void PatternIndex::Append(const OnuAbilityProfile& profile) {

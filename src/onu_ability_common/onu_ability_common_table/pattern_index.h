@@ -74,9 +74,8 @@ class PatternIndex {
   // The newest profile that fits all values, or kNoPosition. Reorders them.
   // REQUIRES: Prepare.
   unsigned int Newest(std::vector<Compared>& compared);
-  // Gives the pending entry to the profiles from `oldest` on that lack the key code:
-  // those that the walk would have compared.
-  void AddPendingEntries(Profiles& profiles, unsigned short key_code, unsigned int oldest);
+  // The profiles that lack the key code, oldest first. Good until the next change.
+  const std::vector<unsigned int>& Lacking(const Profiles& profiles, unsigned short key_code);
 
   // What happened to the profiles.
   void Append(const OnuAbilityProfile& profile);
@@ -87,7 +86,8 @@ class PatternIndex {
   void Clear();
 
  private:
-  void FindLacking(const Profiles& profiles, unsigned short key_code);
+  // Made where it is missing.
+  PatternColumn& ColumnOf(const Profiles& profiles, unsigned short code);
 
   std::map<unsigned short, PatternColumn> _columns;
   unsigned int _size = 0;  // of the table

@@ -209,14 +209,15 @@ KeptString::Place ProfileIndex::String(const std::vector<OnuAbilityProfile>& pro
 unsigned int ProfileIndex::LampTotal(const OnuAbilityProfile& profile, unsigned int position) {
   KeptTotal& kept = _lamp_totals[position];
   const AbilityCodeReader codes;
-  if (kept.generation != 0 && kept.generation == codes.Generation()) {
+  const unsigned int generation = codes.Generation();
+  if (kept.generation != 0 && kept.generation == generation) {
     return kept.total;
   }
   kept.generation = 0;
   if (!SumLamps(profile, codes, kept.total)) {
     return profile.GetTotalNum(ONU_ABILITY_ATTR_LAMP);
   }
-  kept.generation = codes.Generation();
+  kept.generation = generation;
   return kept.total;
 }
 
@@ -244,11 +245,11 @@ void ProfileIndex::NoteValue(const std::vector<OnuAbilityProfile>& profiles, uns
   }
   for (const unsigned short changed : {code, ONU_ABILITY_CODE_ALL_LAN, ONU_ABILITY_CODE_DATA_UNI}) {
     _patterns.Forget(changed);
-    const auto columns = _columns.find(changed);
-    if (columns != _columns.end()) {
-      columns->second.numbers.NoteValue(profiles[position], changed, position);
-      columns->second.strings.NoteValue(profiles[position], changed, position);
-    }
+  }
+  // The profile has the abilities of its draft, so every string of it is another one.
+  for (auto& [kept_code, columns] : _columns) {
+    columns.numbers.NoteValue(profiles[position], kept_code, position);
+    columns.strings.NoteValue(profiles[position], kept_code, position);
   }
   _lamp_totals[position] = KeptTotal();
 }

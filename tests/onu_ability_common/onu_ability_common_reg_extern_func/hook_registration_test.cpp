@@ -11,19 +11,19 @@ namespace {
 
 using Members = std::array<void*, 10>;
 
+template <typename Function>
+void* Address(const OnuAbilityHook<Function>& hook) {
+  return reinterpret_cast<void*>(static_cast<Function>(hook));
+}
+
 // The members by hook id.
 Members MembersById() {
   const OnuAbilityRegExternFunc* registry = OnuAbilityRegExternFunc::GetInstance();
-  return {reinterpret_cast<void*>(registry->_get_vendor_id),
-          reinterpret_cast<void*>(registry->_get_report_type),
-          reinterpret_cast<void*>(registry->_get_private_capability),
-          reinterpret_cast<void*>(registry->_hand_over_profile),
-          reinterpret_cast<void*>(registry->_set_real_type),
-          reinterpret_cast<void*>(registry->_set_report_type),
-          reinterpret_cast<void*>(registry->_get_ability_value),
-          reinterpret_cast<void*>(registry->_get_identify_setting),
-          reinterpret_cast<void*>(registry->_read_one_by_one),
-          reinterpret_cast<void*>(registry->_get_device_name)};
+  return {Address(registry->_get_vendor_id),          Address(registry->_get_report_type),
+          Address(registry->_get_private_capability), Address(registry->_hand_over_profile),
+          Address(registry->_set_real_type),          Address(registry->_set_report_type),
+          Address(registry->_get_ability_value),      Address(registry->_get_identify_setting),
+          Address(registry->_read_one_by_one),        Address(registry->_get_device_name)};
 }
 
 class HookRegistrationTest : public LibraryTest {

@@ -13,8 +13,8 @@ constexpr AbilityTraits kUsual =
     kKnownCode | kHoldsConfirmType | kHoldsLamp | kHoldsPortType | kHoldsValueType;
 
 std::string NameOf(unsigned short code) {
-  const char* name = AbilityCodeReader().Name(code);
-  return name != nullptr ? name : "(unknown)";
+  NameText name;
+  return AbilityCodeReader().CopyName(code, name) ? name.c_str() : "(unknown)";
 }
 
 // Of the traits those that these tests set.

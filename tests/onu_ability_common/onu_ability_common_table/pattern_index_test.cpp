@@ -1,5 +1,5 @@
-// The newest profile of a table that a whole report fits, and the entries for the key
-// code that the walk to it would have left.
+// The newest profile of a table that a whole report fits, and the profiles that lack the
+// key code, to which a comparison leaves an entry.
 #include "short_way_fixture.h"
 
 namespace table_test {
@@ -34,6 +34,17 @@ class PatternIndexTest : public LibraryTest {
       }
     }
     return holders;
+  }
+
+  // As a table does to those from `oldest` on that lack the code.
+  void AddPendingEntries(unsigned short code, unsigned int oldest) {
+    const std::vector<unsigned int> lacking = index.Lacking(profiles, code);
+    for (const unsigned int position : lacking) {
+      if (position >= oldest) {
+        profiles[position]._common_ability.try_emplace(code);
+      }
+    }
+    index.NotePendingEntries(code);
   }
 
   Profiles profiles;
@@ -147,7 +158,7 @@ TEST_F(PatternIndexTest, ClearedItIsTheOneOfAnEmptyTable) {
   Append(Holding(kFePorts, 4));
   EXPECT_EQ(0U, Newest({{kFePorts, Number(4)}}));
   EXPECT_EQ(0U, Newest({}));
-  index.AddPendingEntries(profiles, kKeyValue, 0);
+  AddPendingEntries(kKeyValue, 0);
   EXPECT_EQ((Positions{0}), HoldersOf(kKeyValue));
 }
 
@@ -184,29 +195,24 @@ class PatternIndexPendingTest : public PatternIndexTest {
 };
 
 TEST_F(PatternIndexPendingTest, EntriesGoToThoseFromTheHitOn) {
-  index.AddPendingEntries(profiles, kKeyValue, 3);
+  AddPendingEntries(kKeyValue, 3);
   EXPECT_EQ((Positions{0, 2, 3, 4}), HoldersOf(kKeyValue));
-  index.AddPendingEntries(profiles, kKeyValue, 2);
+  AddPendingEntries(kKeyValue, 2);
   EXPECT_EQ((Positions{0, 2, 3, 4}), HoldersOf(kKeyValue));
-  index.AddPendingEntries(profiles, kKeyValue, 0);
+  AddPendingEntries(kKeyValue, 0);
   EXPECT_EQ((Positions{0, 1, 2, 3, 4}), HoldersOf(kKeyValue));
 }
 
-TEST_F(PatternIndexPendingTest, EntryIsUnsetAndReplacesNone) {
-  index.AddPendingEntries(profiles, kKeyValue, 0);
-  const ONU_ABILITY_COMMON_ABILITY_VALUE& pending = profiles[1]._common_ability.at(kKeyValue);
-  EXPECT_EQ(0U, pending.ability_value_type);
-  EXPECT_EQ(0xFFFFFFFFU, pending.ability_ushort_value);
-  EXPECT_EQ("", pending.ability_string_value);
-  EXPECT_EQ(7U, NumberOf(profiles[0], kKeyValue));
-  EXPECT_EQ(7U, NumberOf(profiles[2], kKeyValue));
-  EXPECT_EQ(0U, profiles[1]._common_ability_num);
+TEST_F(PatternIndexPendingTest, LackingAreListedFromTheOldest) {
+  EXPECT_EQ((Positions{1, 3, 4}), index.Lacking(profiles, kKeyValue));
+  EXPECT_EQ((Positions{0, 1, 2, 3, 4}), index.Lacking(profiles, kRealType));
+  EXPECT_EQ(Positions(), index.Lacking(profiles, kFePorts));
 }
 
 TEST_F(PatternIndexPendingTest, EntriesShowInTheColumnOfTheKeyCode) {
   Append(With(Holding(kFePorts, 4), kKeyValue, 7));
   Newest({{kKeyValue, Number(7)}});
-  index.AddPendingEntries(profiles, kKeyValue, 0);
+  AddPendingEntries(kKeyValue, 0);
   EXPECT_EQ(5U, Newest({{kKeyValue, Number(7)}}));
   EXPECT_TRUE(says);
   // Before, each that lacked the code fitted every value.
@@ -214,20 +220,20 @@ TEST_F(PatternIndexPendingTest, EntriesShowInTheColumnOfTheKeyCode) {
 }
 
 TEST_F(PatternIndexPendingTest, ProfileAppendedLaterGetsOneToo) {
-  index.AddPendingEntries(profiles, kKeyValue, 4);
+  AddPendingEntries(kKeyValue, 4);
   Append(Holding(kFePorts, 4));
   Append(With(Holding(kFePorts, 4), kKeyValue, 7));
-  index.AddPendingEntries(profiles, kKeyValue, 5);
+  AddPendingEntries(kKeyValue, 5);
   EXPECT_EQ((Positions{0, 2, 4, 5, 6}), HoldersOf(kKeyValue));
 }
 
 TEST_F(PatternIndexPendingTest, AnotherKeyCodeIsLackedByOthers) {
-  index.AddPendingEntries(profiles, kKeyValue, 4);
+  AddPendingEntries(kKeyValue, 4);
   profiles[2].UpdateInit(kRealType, 70);
-  index.AddPendingEntries(profiles, kRealType, 1);
+  AddPendingEntries(kRealType, 1);
   EXPECT_EQ((Positions{1, 2, 3, 4}), HoldersOf(kRealType));
   EXPECT_EQ(70U, NumberOf(profiles[2], kRealType));
-  index.AddPendingEntries(profiles, kKeyValue, 3);
+  AddPendingEntries(kKeyValue, 3);
   EXPECT_EQ((Positions{0, 2, 3, 4}), HoldersOf(kKeyValue));
 }
 

@@ -1,0 +1,21 @@
+#!/bin/sh
+# Storms the library with many threads: under clang's thread sanitizer, for 20 seconds or
+# as many as the first argument says, and three times as long without it, when more
+# happens at once. clang's thread-safety analysis of what guards what is part of every
+# build with clang, so of this one.
+set -eu
+cd "$(dirname "$0")/.."
+seconds=${1:-20}
+scripts/install_packages.sh build
+scripts/install_packages.sh check
+build=build-threads
+CC=clang CXX=clang++ cmake -S . -B $build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+  -DONU_ABILITY_SANITIZE=thread -DONU_ABILITY_BUILD_HOST=OFF \
+  >$build.log 2>&1 || { cat $build.log; exit 1; }
+cmake --build $build --target threads_test
+TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1 \
+  $build/tests/threads/threads_test --seconds "$seconds"
+echo "threads: no race in $seconds s; now without the sanitizer"
+make -s configure
+cmake --build build --target threads_test
+build/tests/threads/threads_test --seconds $((seconds * 3))
