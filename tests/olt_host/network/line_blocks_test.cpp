@@ -107,7 +107,7 @@ TEST(LineBlocks, GiveEveryByteOnceInWholeLines) {
     for (const LineBlock& block : blocks) {
       LineBlocks rest(path);
       rest.Skip(block.end, block.first_line + LinesIn(block.text));
-      ExpectBlocksOf(Rest(rest), text, block.end);
+      ExpectBlocksOf(Rest(rest), text, static_cast<std::size_t>(block.end));
     }
   }
 }
@@ -192,6 +192,25 @@ TEST(LineBlocks, GoOnOnlyWhereALineBegins) {
         ErrorOf([&] { skip(offset, 3); }, directory),
         "lines: no line begins at byte " + std::to_string(offset) + "; expected line 3 there");
   }
+}
+
+// A hole but for its end, behind what 32 bits can count.
+TEST(LineBlocks, GoOnBehindFourGigabytes) {
+  const TemporaryDirectory directory;
+  const std::string path = directory.Path("lines");
+  constexpr std::uint64_t kBegin = (std::uint64_t{5} << 30U) + 1;
+  {
+    const olt_host::FileDescriptor file(open(path.c_str(), O_WRONLY | O_CREAT, 0600));
+    ASSERT_TRUE(file.is_open());
+    ASSERT_EQ(pwrite(file.get(), "\nlast\n", 6, static_cast<off_t>(kBegin - 1)), 6);
+  }
+  LineBlocks blocks(path);
+  EXPECT_EQ(blocks.size(), kBegin + 5);
+  blocks.Skip(kBegin, 2);
+  const auto block = blocks.Next();
+  ASSERT_TRUE(block.has_value());
+  EXPECT_EQ(block->text, "last\n");
+  EXPECT_EQ(block->end, kBegin + 5);
 }
 
 TEST(LineBlocks, TellTheSizeOfAFile) {

@@ -187,7 +187,7 @@ void Runner::WaitForAny() {
       std::max(first->deadline - Clock::now(), Clock::duration::zero()));
   timespec limit{};
   // A signal may stand for several processes or for one that is taken already.
-  limit.tv_sec = std::min<std::chrono::seconds::rep>(left.count() / 1000, 1);
+  limit.tv_sec = left.count() >= 1000 ? 1 : 0;
   limit.tv_nsec = static_cast<long>(left.count() % 1000) * 1000000L;
   sigtimedwait(&child_signal_, nullptr, &limit);
 }
