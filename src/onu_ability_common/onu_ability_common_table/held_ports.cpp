@@ -1,6 +1,7 @@
 #include "onu_ability_common_table/held_ports.h"
 
 #include <algorithm>
+#include <new>
 
 #include "onu_ability_common_table/ability_code_index.h"
 
@@ -17,14 +18,18 @@ constexpr AbilityTraits kOfInterest = kLanPort | kDataUni | kDerivedCount;
 bool HeldPorts::Find(AbilityMap& abilities, const AbilityCodeReader& codes) {
   _changes = 0;
   _ports.clear();
-  _ports.reserve(kUsualPorts);
   _lan_total = nullptr;
   _data_uni_total = nullptr;
   const unsigned int generation = codes.Generation();
-  for (auto& [code, value] : abilities) {
-    if (!Note(code, value, codes)) {
-      return false;
+  try {
+    _ports.reserve(kUsualPorts);
+    for (auto& [code, value] : abilities) {
+      if (!Note(code, value, codes)) {
+        return false;
+      }
     }
+  } catch (const std::bad_alloc&) {
+    return false;  // the walk needs none
   }
   _changes = abilities.Changes();
   _generation = generation;

@@ -32,7 +32,7 @@ class ONU_ABILITY_LOCAL HeldPorts {
     return Follow(abilities) && generation != 0 && _generation == generation;
   }
   // Looks for them among all codes. False when a walk over the codes would say
-  // something or acquire an attribute.
+  // something or acquire an attribute, and when the memory does not suffice.
   bool Find(AbilityMap& abilities, const AbilityCodeReader& codes);
   // What is known. The LAN total is never among the data UNIs.
   const std::vector<Port>& Ports() const { return _ports; }
