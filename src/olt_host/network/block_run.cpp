@@ -22,6 +22,8 @@ using Json = nlohmann::ordered_json;
 
 constexpr std::uint64_t kMegabyte = 1000000;
 
+std::size_t Megabytes(std::uint64_t bytes) { return static_cast<std::size_t>(bytes / kMegabyte); }
+
 // The whole of what the result depends on.
 Json Identity(const BlockRun& run) {
   if (run.checkpoint.empty()) return {};
@@ -42,7 +44,7 @@ class Going {
       : _blocks(run.input),
         _checkpoint(run.checkpoint, Identity(run)),
         _taker(taker),
-        _bar(std::cerr, isatty(STDERR_FILENO) != 0, _blocks.size().value_or(0) / kMegabyte) {
+        _bar(std::cerr, isatty(STDERR_FILENO) != 0, Megabytes(_blocks.size().value_or(0))) {
     _bar.SetUnit(" MB");
     if (const auto done = _checkpoint.Read()) {
       _done = *done;
@@ -63,7 +65,7 @@ class Going {
     _done.offset = _under_way.front().offset;
     _done.line = _under_way.front().line;
     _under_way.pop_front();
-    _bar.Show(_done.offset / kMegabyte);
+    _bar.Show(Megabytes(_done.offset));
     if (!_checkpoint.IsDue()) return;
     _done.summary = _taker.Taken();
     _checkpoint.Keep(_done);

@@ -72,7 +72,7 @@ bool ReceiveFrame(int socket, Kind& kind, std::string& bytes) {
   Head head{};
   if (!ReceiveAll(socket, &head, sizeof(head))) return false;
   kind = head.kind;
-  bytes.resize(head.length);
+  bytes.resize(static_cast<std::size_t>(head.length));
   return ReceiveAll(socket, bytes.data(), bytes.size());
 }
 
