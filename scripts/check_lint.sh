@@ -11,7 +11,7 @@ scripts/install_packages.sh build
 scripts/install_packages.sh check
 scripts/install_packages.sh bench
 build=build-lint
-CC=clang CXX=clang++ cmake -S . -B $build -G Ninja -DONU_ABILITY_BUILD_BENCH=ON \
+CC=clang CXX=clang++ cmake -S . -B $build -G Ninja -DONU_ABILITY_BUILD_BENCH=ON -DONU_ABILITY_BUILD_FOOTPRINT=ON \
   -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON \
   >$build.log 2>&1 || { cat $build.log; exit 1; }
 cmake --build $build --target onu_type_help >>$build.log 2>&1 || { cat $build.log; exit 1; }
