@@ -52,6 +52,27 @@ class Questions : public Role {
   }
 };
 
+// The two questions without a lock, and nothing else: no lock that the thread takes in
+// between tells a sanitizer that its reading was over.
+class LocklessQuestions : public Role {
+ public:
+  using Role::Role;
+
+  void Step() override {
+    OnuAbilityTableManager& tables = *OnuAbilityTableManager::GetInstance();
+    const unsigned int type = kFirstType + Choose(kTypes);
+    for (const auto table : {ONU_ABILITY_PROFILE_TYPE_REAL, ONU_ABILITY_PROFILE_TYPE_MATCH}) {
+      Expect(tables.IsEqual(table, ONU_ABILITY_PROFILE_SOURCE_ALL, 1081, type) == 1,
+             "a real type is missing without the lock");
+      Expect(tables._map_table.at(table)->IsExist(ONU_ABILITY_CODE_DEFAULT_KEY) == 1,
+             "a code that profiles hold is missing");
+    }
+    Expect(tables.IsEqual(ONU_ABILITY_PROFILE_TYPE_MATCH, ONU_ABILITY_PROFILE_SOURCE_ALL,
+                          ONU_ABILITY_CODE_DEFAULT_KEY, 59999) == 0,
+           "a key value comes from nowhere");
+  }
+};
+
 class RegistryReader : public Role {
  public:
   using Role::Role;
@@ -108,6 +129,9 @@ std::unique_ptr<Role> MakeConfirmations(unsigned int number, Violations& violati
 }
 std::unique_ptr<Role> MakeQuestions(unsigned int number, Violations& violations) {
   return std::make_unique<Questions>("questions", 10 + number, violations);
+}
+std::unique_ptr<Role> MakeLocklessQuestions(Violations& violations) {
+  return std::make_unique<LocklessQuestions>("questions without a lock", 25, violations);
 }
 std::unique_ptr<Role> MakeRegistryReader(unsigned int number, Violations& violations) {
   return std::make_unique<RegistryReader>("registry reader", 20 + number, violations);

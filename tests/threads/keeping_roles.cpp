@@ -13,8 +13,8 @@ constexpr auto kReal = ONU_ABILITY_PROFILE_TYPE_REAL;
 constexpr auto kMatch = ONU_ABILITY_PROFILE_TYPE_MATCH;
 constexpr auto kExternal = ONU_ABILITY_PROFILE_SOURCE_EXTERNAL;
 constexpr auto kAll = ONU_ABILITY_PROFILE_SOURCE_ALL;
-// A source of nobody else's, to delete all of it.
-constexpr auto kOwnSource = static_cast<ONU_ABILITY_ENUM_PROFILE_SOURCE>(9);
+// A source of the pattern keepers', each of whom deletes all of it.
+constexpr auto kCommonSource = static_cast<ONU_ABILITY_ENUM_PROFILE_SOURCE>(9);
 constexpr unsigned int kKeys = 16;
 
 OnuAbilityTableManager& Tables() { return *OnuAbilityTableManager::GetInstance(); }
@@ -216,21 +216,30 @@ class PatternKeeper : public Role {
     Expect((Tables() == report) == _ids.count(key), "a pattern is recognised or not");
   }
 
+  // All keepers at once, so that their ids meet.
   void AddAndDropAll() {
-    for (unsigned int i = 0; i < 3; ++i) {
-      OnuAbilityProfile pattern = Pattern(_first_key, kOwnSource, _first_key + 500);
+    constexpr unsigned int kBurst = 12;
+    OnuAbilityProfile pattern = Pattern(_first_key, kCommonSource, _first_key + 500);
+    for (unsigned int i = 0; i < kBurst; ++i) {
+      pattern._id = ONU_ABILITY_INVALID_ID;
       Tables().Add(pattern);
     }
-    Tables().DelAll(kOwnSource, kMatch);
+    ExpectIdsOfTheirOwn(kCommonSource);
+    Tables().DelAll(kCommonSource, kMatch);
   }
 
-  void LookAtAll() {
+  std::set<unsigned short> ExpectIdsOfTheirOwn(ONU_ABILITY_ENUM_PROFILE_SOURCE source) {
     std::vector<OnuAbilityProfile> profiles;
-    Tables().GetAll(kMatch, kExternal, profiles);
+    Tables().GetAll(kMatch, source, profiles);
     std::set<unsigned short> ids;
     for (const auto& profile : profiles) {
       Expect(ids.insert(profile._id).second, "two patterns have one id");
     }
+    return ids;
+  }
+
+  void LookAtAll() {
+    const std::set<unsigned short> ids = ExpectIdsOfTheirOwn(kExternal);
     for (const auto& [key, id] : _ids) {
       Expect(ids.count(id) == 1, "a kept pattern is missing");
     }

@@ -52,6 +52,7 @@ class Role {
 // The roles. `number` tells those of one kind apart.
 std::unique_ptr<Role> MakeConfirmations(unsigned int number, Violations& violations);
 std::unique_ptr<Role> MakeQuestions(unsigned int number, Violations& violations);
+std::unique_ptr<Role> MakeLocklessQuestions(Violations& violations);
 std::unique_ptr<Role> MakeProfileKeeper(unsigned int number, Violations& violations);
 std::unique_ptr<Role> MakePatternKeeper(unsigned int number, Violations& violations);
 std::unique_ptr<Role> MakeRegistryReader(unsigned int number, Violations& violations);

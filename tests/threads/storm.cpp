@@ -29,6 +29,7 @@ StormReport RunStorm(std::chrono::milliseconds time) {
     roles.push_back(MakeProfileKeeper(number, violations));
     roles.push_back(MakePatternKeeper(number, violations));
   }
+  roles.push_back(MakeLocklessQuestions(violations));
   roles.push_back(MakeRegistryReader(0, violations));
   roles.push_back(MakeOperator(violations));
   roles.push_back(MakeSettingsChanger(violations));

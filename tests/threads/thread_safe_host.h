@@ -1,7 +1,7 @@
 // A host that many threads may use at once. It keeps nothing of what the library says:
 // it reads all of it, so that a thread sanitizer sees whatever changes under a reader,
 // and now and then answers a log line with questions to the library, as a host's sink
-// may where it holds no table's lock.
+// may: those that take a table's lock only where the thread holds none.
 #ifndef TESTS_THREADS_THREAD_SAFE_HOST_H
 #define TESTS_THREADS_THREAD_SAFE_HOST_H
 
