@@ -52,6 +52,12 @@ says "2 tests in 2 processes: 1 passed, 1 failed, 0 skipped"
 run 0 --gtest_filter='Ten/*' --jobs 4
 says "10 tests in 10 processes: all passed"
 
+GTEST_TOTAL_SHARDS=2 GTEST_SHARD_INDEX=1
+export GTEST_TOTAL_SHARDS GTEST_SHARD_INDEX
+run 0 --gtest_filter='Ten/*'
+says "5 tests in 5 processes: all passed"
+unset GTEST_TOTAL_SHARDS GTEST_SHARD_INDEX
+
 run 1 --gtest_filter='Absent.*'
 says "no test is selected"
 

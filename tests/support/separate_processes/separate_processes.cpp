@@ -89,6 +89,7 @@ int RunOneTest(const Running& run, const sigset_t& signals) {
   dup2(fileno(run.output), STDERR_FILENO);
   std::fclose(run.output);
   unsetenv("GTEST_TOTAL_SHARDS");
+  unsetenv("GTEST_SHARD_INDEX");
   GTEST_FLAG_SET(filter, run.test);
   const int status = RUN_ALL_TESTS();
   run.report->skipped = testing::UnitTest::GetInstance()->skipped_test_count() > 0;
