@@ -2,28 +2,47 @@
 // refuses has one message, and keeping going it takes the rest.
 #include <exception>
 #include <string>
+#include <vector>
 
 #include "catalogue/catalogue_files.h"
 #include "catalogue/catalogue_loader.h"
+#include "catalogue/catalogue_profile.h"
 #include "catalogue/catalogue_reader.h"
 #include "fuzz_target.h"
 #include "input_bytes.h"
 #include "loaded_host.h"
+#include "onu_ability_common_table.h"
+#include "short_ways/texts.h"
 
 namespace {
 
 using olt_host::Catalogue;
 
+std::string Shown(const std::vector<OnuAbilityProfile>& profiles) {
+  std::string text;
+  for (const OnuAbilityProfile& profile : profiles) text += "\n  " + Shown(profile);
+  return text;
+}
+
+// What is worked out beside the library is what loading makes.
+void HoldTable(const Catalogue& catalogue, ONU_ABILITY_ENUM_PROFILE_TYPE type) {
+  std::vector<OnuAbilityProfile> loaded;
+  OnuAbilityTableManager::GetInstance()->GetAll(type, ONU_ABILITY_PROFILE_SOURCE_ALL, loaded);
+  HoldSame("the loaded table", Shown(olt_host::MakeTable(catalogue, type)), Shown(loaded));
+}
+
 void HoldLoads(const Catalogue& catalogue) {
-  EmptyLibrary({});
+  EmptyLibrary(SmallCatalogue());  // which the first input finds
   std::string failure;
   try {
     olt_host::LoadCatalogue(catalogue);
   } catch (const std::exception& error) {
     failure = error.what();
   }
-  EmptyLibrary(catalogue);
   HoldSame("a catalogue that was taken can be loaded", "", failure);
+  HoldTable(catalogue, ONU_ABILITY_PROFILE_TYPE_REAL);
+  HoldTable(catalogue, ONU_ABILITY_PROFILE_TYPE_MATCH);
+  EmptyLibrary(catalogue);
 }
 
 // Whether the reader takes the file whole.

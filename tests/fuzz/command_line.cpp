@@ -8,11 +8,11 @@
 // - no handler ends in an exception;
 // - what operators made can be written as a state file and comes back from it.
 #include <algorithm>
-#include <cstring>
-#include <exception>
+#include <chrono>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "catalogue/report_reader.h"
@@ -126,6 +126,13 @@ void HoldJson(const std::string& text, const std::string& line) {
   Hold(nlohmann::json::accept(text), "no JSON document after " + line + "\n" + text);
 }
 
+// Whether its last message is what an exception said; what a handler returned is a number.
+bool TellsOfException(const std::string& output) {
+  const std::string message = output.substr(std::min(output.rfind("% "), output.size()));
+  return message.rfind("% Command failed: ", 0) == 0 &&
+         message.rfind("% Command failed: 0x", 0) != 0;
+}
+
 // One operator's session.
 class Operator {
  public:
@@ -146,8 +153,12 @@ class Operator {
     const std::string said = std::exchange(_output, "");
     HoldPrintable(said, line);
     Hold(checked.ok() == said.empty(), "what is refused is told: " + line);
-    if (checked.ok() && !parsed.blank && ReachesForFiles(parsed)) return;
-    Run(line, parsed, checked, said);
+    if (parsed.wants_json && !checked.ok()) HoldJson(said, line);
+    if (checked.kind != CommandResult::kDone) {
+      BeRefused(line, checked, said);
+    } else if (!ReachesForFiles(parsed)) {
+      Run(line, parsed);
+    }
   }
 
  private:
@@ -158,21 +169,26 @@ class Operator {
     olt_host::RenderHelp(olt_host::HelpFor(kCommandNode, line, nullptr), 1);
   }
 
-  void Run(const std::string& line, const ParsedLine& parsed, const CommandResult& checked,
-           const std::string& said) {
-    const bool may_change = checked.kind == CommandResult::kDone &&
-                            olt_host::CommandTable::Instance().MayChange(*parsed.match.command);
+  std::string Execute(const std::string& line, CommandResult& result) {
+    result = olt_host::ExecuteLine(_terminal, kCommandNode, line);
+    return std::exchange(_output, "");
+  }
+
+  void BeRefused(const std::string& line, const CommandResult& checked, const std::string& said) {
+    CommandResult result;
+    HoldSame("refused in the same words", said, Execute(line, result));
+    Hold(result.kind == checked.kind, "checked and run alike: " + line);
+  }
+
+  // REQUIRES: checking the line found nothing wrong.
+  void Run(const std::string& line, const ParsedLine& parsed) {
     const LibraryState before = olt_host::CaptureLibrary();
-    const CommandResult result = olt_host::ExecuteLine(_terminal, kCommandNode, line);
-    const std::string output = std::exchange(_output, "");
-    if (checked.kind != CommandResult::kDone) {
-      Hold(result.kind == checked.kind, "checked and run alike: " + line);
-      HoldSame("refused in the same words", said, output);
-    }
-    Hold(output.find("% Command failed: ") == std::string::npos ||
-             output.find("% Command failed: 0x") != std::string::npos,
+    CommandResult result;
+    const std::string output = Execute(line, result);
+    Hold(result.kind != CommandResult::kFailed || !TellsOfException(output),
          "a handler threw, after " + line + "\n" + output);
     if (parsed.wants_json && parsed.filters.empty()) HoldJson(output, line);
+    const bool may_change = olt_host::CommandTable::Instance().MayChange(*parsed.match.command);
     const bool stays = !may_change && !olt_host::Host().unconfirmed.Waits() && !_waited;
     Hold(!stays || olt_host::SameForOperators(before, olt_host::CaptureLibrary()),
          "a command that only looks changed the library: " + line);

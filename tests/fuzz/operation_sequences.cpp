@@ -10,6 +10,7 @@
 #include "input_bytes.h"
 #include "short_ways/operation_choice.h"
 #include "short_ways/twin_runs.h"
+#include "support/scripted_hooks.h"
 
 namespace {
 
@@ -37,6 +38,11 @@ const Operations& AllOperations() {
   return operations;
 }
 
+void RegisterAllHooks(Stage& stage, HostileInput& /*random*/) {
+  stage.Say("register every hook");
+  RegisterHooks();
+}
+
 // What most sequences begin with, by the bits of a byte.
 std::vector<Step> Beginning(unsigned int choice, std::uint64_t seed) {
   std::vector<Step> steps = {{{"quiet mask", 0, ListenQuietly}, seed}};
@@ -44,7 +50,8 @@ std::vector<Step> Beginning(unsigned int choice, std::uint64_t seed) {
   if ((choice & 2U) != 0) steps.push_back({{"catalogue", 0, DefineCatalogue}, seed});
   if ((choice & 4U) == 0) steps.push_back({{"tables", 0, InitTables}, seed});
   if ((choice & 8U) == 0) steps.push_back({{"load", 0, Load}, seed});
-  if ((choice & 0xF0U) == 0xF0U) steps.push_back({{"medium load", 0, LoadMedium}, seed});
+  if ((choice & 16U) == 0) steps.push_back({{"hooks", 0, RegisterAllHooks}, seed});
+  if ((choice & 0xF0U) == 0xE0U) steps.push_back({{"medium load", 0, LoadMedium}, seed});
   return steps;
 }
 
