@@ -84,7 +84,9 @@ class Target:
                    self.program]
         if "libonu_ability_common" in self.needed():
             command += ["-object", self.library]
-        exported = subprocess.run(command + self.sources, check=True, stdout=subprocess.PIPE)
+        exported = subprocess.run(command + self.sources, capture_output=True, check=False)
+        if exported.returncode != 0:
+            sys.exit(exported.stderr.decode())
         for file in json.loads(exported.stdout)["data"][0]["files"]:
             lines = file["summary"]["lines"]
             self.lines[os.path.relpath(file["filename"], ROOT)] = (lines["covered"],
