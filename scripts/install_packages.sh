@@ -5,6 +5,7 @@
 #   scripts/install_packages.sh check   the other gates (clang, lint, format)
 #   scripts/install_packages.sh fuzz    the fuzz targets and what they reach
 #   scripts/install_packages.sh bench   the benchmark, its references and its plot
+#   scripts/install_packages.sh mutants the linker of scripts/mutate.py
 #   scripts/install_packages.sh cross   the compiler for 32-bit ARM
 #   scripts/install_packages.sh board   that, and what starts its programs here
 #
@@ -17,6 +18,7 @@ build_packages="g++ cmake ninja-build pkg-config libgtest-dev libyaml-cpp-dev li
 check_packages="clang clang-format clang-tidy libclang-rt-14-dev"
 bench_packages="libbenchmark-dev libsqlite3-dev liblmdb-dev python3-matplotlib"
 fuzz_packages="clang libclang-rt-14-dev llvm"
+mutants_packages="lld"
 cross_packages="g++-arm-linux-gnueabihf"
 board_packages="$cross_packages qemu-user"
 
@@ -24,10 +26,11 @@ case "${1:-}" in
   build) packages=$build_packages ;;
   check) packages=$check_packages ;;
   bench) packages=$bench_packages ;;
+  mutants) packages=$mutants_packages ;;
   cross) packages=$cross_packages ;;
   board) packages=$board_packages ;;
   fuzz) packages=$fuzz_packages ;;
-  *) echo "usage: $0 build|check|bench|cross|board|fuzz" >&2; exit 2 ;;
+  *) echo "usage: $0 build|check|bench|mutants|cross|board|fuzz" >&2; exit 2 ;;
 esac
 
 missing=""

@@ -1,0 +1,242 @@
+#!/usr/bin/env python3
+"""How good are the library's tests? Tries small mistakes in its sources.
+
+One operator, constant, level, message, condition or statement is changed at a time (see
+scripts/mutants.py); the source is compiled and linked with everything else of the
+library's test program, and the tests run, each in a process of its own, those of the
+changed source's area first, up to the first failure. A mutant that no test fails on has
+survived: it needs a test, or a line in scripts/mutants_explained.txt that says why it
+cannot be told from the original.
+
+The build tree has to be up to date; scripts/install_packages.sh mutants gives the linker.
+
+    scripts/mutate.py [--seed N] [--count N] [--jobs N] [--only PART]
+                      [--seconds N] [--build FOLDER]
+"""
+import argparse
+import concurrent.futures
+import glob
+import json
+import os
+import queue
+import random
+import re
+import shlex
+import subprocess
+import sys
+import time
+
+sys.dont_write_bytecode = True
+import mutants as mutation  # noqa: E402
+
+PROGRAM = "onu_ability_common_test"
+EXPLAINED = "scripts/mutants_explained.txt"
+TEST_SECONDS = 60  # of one test, under load; a mutant that hangs fails its test
+
+
+class Failure(Exception):
+    pass
+
+
+def run(command, **options):
+    return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+                          errors="replace", check=False, **options)
+
+
+class Build:
+    """The commands of a build tree that is up to date."""
+
+    def __init__(self, folder):
+        self.folder = folder
+        with open(f"{folder}/compile_commands.json", encoding="utf-8") as file:
+            self.compile = {os.path.relpath(entry["file"]): entry for entry in json.load(file)
+                            if "onu_ability_common_objects.dir" in entry["command"]}
+        listed = run(["ninja", "-C", folder, "-t", "commands", "-s", "tests/" + PROGRAM]).stdout
+        link = [line for line in listed.split("\n") if f" -o tests/{PROGRAM} " in line][-1]
+        match = re.search(r"(\S*(?:c\+\+|g\+\+\S*|clang\+\+\S*) .* -o tests/\S+ .*?) &&", link + " &&")
+        self.link = shlex.split(match.group(1))
+
+    def object_of(self, source):
+        command = shlex.split(self.compile[source]["command"])
+        return command[command.index("-o") + 1]
+
+    def compile_command(self, source, changed, result):
+        """At -O0 and without debug information, by the build's own options."""
+        command = [word for word in shlex.split(self.compile[source]["command"])
+                   if not re.fullmatch(r"-O\w*|-g\w*|-Werror", word)]
+        command[command.index("-o") + 1] = result
+        command[command.index("-c") + 1] = changed
+        for option in ("-MT", "-MF"):
+            if option in command:
+                del command[command.index(option):command.index(option) + 2]
+        return [word for word in command if word != "-MD"] + ["-O0", "-w"]
+
+    def link_command(self, source, replaced, result):
+        original = self.object_of(source)
+        command = [replaced if word == original else word for word in self.link]
+        command[command.index("-o") + 1] = result
+        return command + ["-fuse-ld=lld"]
+
+
+def words_of(path):
+    stem = os.path.splitext(os.path.basename(path))[0]
+    plain = {"onu", "ability", "test", "common", "info", "and", "of"}
+    return {word.rstrip("s") for word in stem.split("_")} - plain
+
+
+def suites_of(path):
+    with open(path, encoding="utf-8") as file:
+        return set(re.findall(r"^TEST(?:_F|_P)?\((\w+),", file.read(), re.MULTILINE))
+
+
+def test_filters(source):
+    """The tests in the order in which they are asked: near the source, and the others."""
+    near = set()
+    folder = os.path.basename(os.path.dirname(source))
+    scores = {}
+    for path in glob.glob("tests/onu_ability_common/**/*_test.cpp", recursive=True):
+        score = 2 * len(words_of(source) & words_of(path))
+        score += 1 if os.path.basename(os.path.dirname(path)) == folder else 0
+        scores[path] = score
+    best = sorted(scores, key=lambda path: (-scores[path], path))[:12]
+    for path in best:
+        near |= suites_of(path)
+    pattern = ":".join(f"{suite}.*:*/{suite}.*" for suite in sorted(near))
+    return [pattern, "-" + pattern]
+
+
+class Trial:
+    def __init__(self, build, jobs):
+        self.build = build
+        self.work = os.path.join(build.folder, "mutants")
+        os.makedirs(self.work, exist_ok=True)
+        self.free = queue.Queue()
+        for worker in range(jobs):
+            self.free.put(worker)
+        self.deadline = None
+
+    def result_of(self, mutant):
+        """"killed TEST", "survived" or "not compiling"; None when time is up."""
+        if self.deadline is not None and time.monotonic() > self.deadline:
+            return None
+        worker = self.free.get()
+        try:
+            return self.tried(mutant, os.path.join(self.work, str(worker)))
+        finally:
+            self.free.put(worker)
+
+    def tried(self, mutant, folder):
+        os.makedirs(folder, exist_ok=True)
+        with open(mutant.file, encoding="utf-8") as file:
+            source = file.read()
+        changed = os.path.abspath(os.path.join(folder, os.path.basename(mutant.file)))
+        with open(changed, "w", encoding="utf-8") as file:
+            file.write(source[:mutant.start] + mutant.text + source[mutant.end:])
+        compiled, program = os.path.abspath(folder + "/changed.o"), os.path.abspath(folder + "/test")
+        command = self.build.compile_command(mutant.file, changed, compiled)
+        if run(command, cwd=self.build.folder).returncode != 0:
+            return "not compiling"
+        linked = run(self.build.link_command(mutant.file, compiled, program), cwd=self.build.folder)
+        if linked.returncode != 0:
+            return "not compiling"
+        return run_tests(program, mutant.file)
+
+
+def run_tests(program, source):
+    for tests in test_filters(source):
+        ended = run([program, "--separate-processes", "--timeout", str(TEST_SECONDS),
+                     "--gtest_fail_fast", "--gtest_filter=" + tests])
+        if ended.returncode != 0:
+            failed = re.search(r"^failed: ([^:]+)", ended.stdout, re.MULTILINE)
+            if failed is None:
+                raise Failure(ended.stdout[-2000:])
+            return "killed " + failed.group(1)
+    return "survived"
+
+
+def explained():
+    """Reasons by file, kind, line before and after."""
+    reasons = {}
+    if os.path.exists(EXPLAINED):
+        with open(EXPLAINED, encoding="utf-8") as lines:
+            for number, line in enumerate(lines, 1):
+                line = line.rstrip("\n")
+                if not line.strip() or line.startswith("#"):
+                    continue
+                fields = line.split(" ## ")
+                if len(fields) != 4:
+                    raise Failure(f"{EXPLAINED}:{number}: expected file ## before ## after ## reason")
+                reasons[tuple(fields[:3])] = fields[3]
+    return reasons
+
+
+def chosen(arguments, sources):
+    everything = []
+    for path in sorted(sources):
+        if arguments.only in path:
+            with open(path, encoding="utf-8") as file:
+                everything += mutation.mutants_of(path, file.read())
+    print(f"{len(everything)} mutants can be made; trying {min(arguments.count, len(everything))} "
+          f"of them, seed {arguments.seed}", flush=True)
+    return random.Random(arguments.seed).sample(everything, min(arguments.count, len(everything)))
+
+
+def report(results, reasons, out_of_time):
+    kinds = sorted({mutant.kind for mutant, _ in results})
+    counts = {kind: [0, 0, 0, 0] for kind in kinds}  # killed, explained, survived, not compiling
+    survivors = []
+    for mutant, result in results:
+        place = 3 if result == "not compiling" else 0
+        if result == "survived":
+            place = 1 if (mutant.file, mutant.before, mutant.after) in reasons else 2
+            if place == 2:
+                survivors.append(mutant)
+        counts[mutant.kind][place] += 1
+    print(f"{'changed':<12}{'killed':>8}{'explained':>11}{'survived':>10}{'not compiling':>15}")
+    for kind in kinds:
+        print("{:<12}{:>8}{:>11}{:>10}{:>15}".format(kind, *counts[kind]))
+    for mutant in sorted(survivors):
+        print(f"survived: {mutant.file}:{mutant.line} ({mutant.kind})\n"
+              f"  before: {mutant.before}\n  after:  {mutant.after}")
+    killed, known, survived, broken = (sum(counts[kind][i] for kind in kinds) for i in range(4))
+    able = killed + survived
+    share = 100.0 * killed / able if able else 0.0
+    late = f", {out_of_time} left out for lack of time" if out_of_time else ""
+    print(f"mutants: {killed} of {able} killed ({share:.1f} %), {known} explained, "
+          f"{broken} do not compile{late}")
+    return share
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.split("\n", maxsplit=1)[0])
+    parser.add_argument("--build", default="build", help="build tree that is up to date")
+    parser.add_argument("--seed", type=int, default=1)
+    parser.add_argument("--count", type=int, default=300)
+    parser.add_argument("--jobs", type=int, default=os.cpu_count())
+    parser.add_argument("--only", default="", help="part of the path of the sources")
+    parser.add_argument("--seconds", type=int, help="start no mutant after so many")
+    parser.add_argument("--least", type=float, default=95.0, help="per cent to be killed")
+    arguments = parser.parse_args()
+    trial = Trial(Build(arguments.build), arguments.jobs)
+    if arguments.seconds is not None:
+        trial.deadline = time.monotonic() + arguments.seconds
+    reasons = explained()
+    picked = chosen(arguments, trial.build.compile)
+    results = []
+    with concurrent.futures.ThreadPoolExecutor(arguments.jobs) as pool:
+        for mutant, result in zip(picked, pool.map(trial.result_of, picked)):
+            if result is not None:
+                results.append((mutant, result))
+                print(f"{len(results)}: {mutant.file}:{mutant.line} {mutant.kind}: {result}",
+                      flush=True)
+    if not results:
+        sys.exit("mutants: none was tried")
+    if report(results, reasons, len(picked) - len(results)) < arguments.least:
+        sys.exit(f"mutants: less than {arguments.least} % were killed")
+
+
+if __name__ == "__main__":
+    try:
+        main()
+    except Failure as failure:
+        sys.exit(f"mutants: {failure}")
