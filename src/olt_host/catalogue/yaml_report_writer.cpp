@@ -10,6 +10,13 @@ std::string BufferText(const std::string& text, const std::string& behind) {
   return QuotedYaml(behind.empty() ? text : text + std::string(1, '\0') + behind);
 }
 
+// As generated populations have them: a plain word. Any other text in quotes.
+std::string FaultName(const std::string& fault) {
+  const bool is_word = fault.find_first_not_of("abcdefghijklmnopqrstuvwxyz_") == std::string::npos;
+  const bool means_else = fault.empty() || fault == "null" || fault == "true" || fault == "false";
+  return is_word && !means_else ? fault : QuotedYaml(fault);
+}
+
 }  // namespace
 
 YamlReportWriter::YamlReportWriter(std::ostream& out) : _out(out), _names(PlainCodeNames()) {}
@@ -62,7 +69,7 @@ void YamlReportWriter::WriteTruth(const Truth& truth) {
   _out << ", truth: {real_type: " << truth.real_type;
   const char* before = ", faults: [";
   for (const std::string& fault : truth.faults) {
-    _out << before << fault;
+    _out << before << FaultName(fault);
     before = ", ";
   }
   _out << (truth.faults.empty() ? "}" : "]}");

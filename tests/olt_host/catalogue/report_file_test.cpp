@@ -1,8 +1,11 @@
 // Reports files: what they say, and what they end with when they cannot be used.
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "catalogue/catalogue_reader.h"
 #include "catalogue/report_reader.h"
+#include "catalogue/yaml_report_writer.h"
 #include "host_files.h"
 
 namespace olt_host_test {
@@ -179,6 +182,21 @@ TEST_F(ReportFile, TheTruthOfAGeneratedOnu) {
   EXPECT_EQ(onu.truth->faults, (std::vector<std::string>{"case", "ones"}));
   EXPECT_FALSE(onu.expect);
   EXPECT_EQ(ErrorOfOnu("truth: {}").substr(0, 9), "r.yaml:2:");
+}
+
+TEST_F(ReportFile, FaultsOfAnyTextAreWrittenAndReadBack) {
+  const olt_host::OnuReport onu =
+      Read(
+          "onus: [{place: 0, onu: 0, reported_type: 1, truth: {real_type: 9, faults: [case, "
+          "'a, b', 'x]: {', '', 'null', '#']}}]\n")
+          .onus.front();
+  std::ostringstream out;
+  olt_host::YamlReportWriter writer(out);
+  writer.Begin({});
+  writer.Write(onu);
+  writer.End();
+  EXPECT_NE(out.str().find("faults: [case, \"a, b\""), std::string::npos) << out.str();
+  EXPECT_EQ(Read(out.str()).onus.front().truth->faults, onu.truth->faults);
 }
 
 TEST_F(ReportFile, AbilityThatIsNotDefinedOrHoldsAText) {
