@@ -76,7 +76,15 @@ unsigned int OnuMatchAbilityTable::Del(const OnuAbilityProfile& profile) {
     }
     const bool found = candidate != _vec_profile.rend();
     if (!profile.HasId() && OnuAbilityProfile::LeavesPendingEntry(profile)) {
-      LeavePendingEntries(profile._profile_source, found ? PositionOf(*candidate) : 0, key_code);
+      // Only those of exactly its source were compared.
+      auto lacking = LackingFrom(found ? PositionOf(*candidate) : 0, key_code);
+      lacking.erase(std::remove_if(lacking.begin(), lacking.end(),
+                                   [&](unsigned int position) ONU_ABILITY_REQUIRES(_mutex) {
+                                     return _vec_profile[position]._profile_source !=
+                                            profile._profile_source;
+                                   }),
+                    lacking.end());
+      LeavePendingEntries(lacking, key_code);
     }
     if (found) {
       ONU_ABILITY_LOG(9, "(Del)find ok!id:%hu", profile._id);
@@ -117,8 +125,8 @@ OnuAbilityProfile* OnuMatchAbilityTable::FindFitting(const OnuAbilityProfile& re
     fitting = stored != _vec_profile.rend() ? &*stored : nullptr;
   }
   if (OnuAbilityProfile::LeavesPendingEntry(report)) {
-    LeavePendingEntries(ONU_ABILITY_PROFILE_SOURCE_ALL,
-                        fitting != nullptr ? PositionOf(*fitting) : 0, key_code);
+    LeavePendingEntries(LackingFrom(fitting != nullptr ? PositionOf(*fitting) : 0, key_code),
+                        key_code);
   }
   return fitting;
 }
@@ -157,9 +165,8 @@ std::vector<unsigned int> OnuMatchAbilityTable::LackingFrom(unsigned int oldest,
   return lacking;
 }
 
-void OnuMatchAbilityTable::LeavePendingEntries(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
-                                               unsigned int oldest, unsigned short key_code) {
-  const std::vector<unsigned int> lacking = LackingFrom(oldest, key_code);
+void OnuMatchAbilityTable::LeavePendingEntries(const std::vector<unsigned int>& lacking,
+                                               unsigned short key_code) {
   if (lacking.empty()) {
     return;
   }
@@ -173,11 +180,8 @@ void OnuMatchAbilityTable::LeavePendingEntries(ONU_ABILITY_ENUM_PROFILE_SOURCE s
   }
   const WriteScope scope(_contents);
   for (const unsigned int position : lacking) {
-    OnuAbilityProfile& profile = _vec_profile[position];
-    if (source == ONU_ABILITY_PROFILE_SOURCE_ALL || source == profile._profile_source) {
-      profile._common_ability.insert(std::move(entries.back()));
-      entries.pop_back();
-    }
+    _vec_profile[position]._common_ability.insert(std::move(entries.back()));
+    entries.pop_back();
   }
   if (ProfileIndex* index = Index()) {
     index->Patterns().NotePendingEntries(key_code);

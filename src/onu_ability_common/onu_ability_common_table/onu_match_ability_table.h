@@ -36,14 +36,13 @@ class ONU_ABILITY_API OnuMatchAbilityTable : public OnuAbilityTableBase {
       ONU_ABILITY_REQUIRES(_mutex);
   ONU_ABILITY_LOCAL bool FindByIndex(const OnuAbilityProfile& report, unsigned short key_code,
                                      OnuAbilityProfile*& fitting) ONU_ABILITY_REQUIRES(_mutex);
-  // Gives the entry that a comparison leaves to the profiles from `oldest` on that lack
-  // the key code; only to those of a source, unless it is 2.
-  ONU_ABILITY_LOCAL void LeavePendingEntries(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
-                                             unsigned int oldest, unsigned short key_code)
-      ONU_ABILITY_REQUIRES(_mutex);
+  // The profiles from `oldest` on that lack the key code.
   ONU_ABILITY_LOCAL std::vector<unsigned int> LackingFrom(unsigned int oldest,
                                                           unsigned short key_code)
       ONU_ABILITY_REQUIRES(_mutex);
+  // Gives them the entry for it that a comparison leaves.
+  ONU_ABILITY_LOCAL void LeavePendingEntries(const std::vector<unsigned int>& lacking,
+                                             unsigned short key_code) ONU_ABILITY_REQUIRES(_mutex);
 };
 
 #endif  // ONU_ABILITY_COMMON_TABLE_ONU_MATCH_ABILITY_TABLE_H

@@ -146,6 +146,27 @@ TEST_F(MatchTableStorageTest, DelWithIdZeroAndNoMatchTypeRemovesTheNewest) {
   EXPECT_EQ((Ids{1}), IdsOf(table.profiles()));
 }
 
+// Each that was compared gets the entry for the key code, down to the one that goes.
+TEST_F(MatchTableStorageTest, DelByComparisonLeavesEntriesToThoseThatItCompared) {
+  const auto put = [this](ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned int fe_ports) {
+    table.Put(With(MakeProfile(kMatch, source), kFePorts, fe_ports));
+  };
+  put(kAll, 8);
+  put(kAll, 4);
+  put(kDefault, 8);
+  put(kAll, 8);
+  OnuAbilityProfile profile = WithId(With(MakeProfile(kMatch, kAll), kFePorts, 4), 0);
+  profile._flag_match_type = ONU_ABILITY_MATCH_TYPE_PATTERN;
+  EXPECT_EQ(kOk, table.Del(profile));
+  ASSERT_EQ(3U, table.profiles().size());
+  EXPECT_EQ(0U, table.profiles()[0]._common_ability.count(kKeyValue));
+  EXPECT_EQ(0U, table.profiles()[1]._common_ability.count(kKeyValue));
+  const auto pending = table.profiles()[2]._common_ability.find(kKeyValue);
+  ASSERT_NE(table.profiles()[2]._common_ability.end(), pending);
+  EXPECT_EQ(ONU_ABILITY_VALUE_TYPE_NONE, pending->second.ability_value_type);
+  EXPECT_EQ(0xFFFFFFFFU, pending->second.ability_ushort_value);
+}
+
 TEST_F(MatchTableStorageTest, DelLeavesKeyCodesInTheirPlaces) {
   OnuAbilityCodeInfo::GetInstance()->SetKeyAbilityCode(5);
   table.Put(WithId(MakeProfile(kMatch), 1));
