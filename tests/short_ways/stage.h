@@ -22,7 +22,7 @@
 template <typename Table>
 class OwnTable : public Table {
  public:
-  std::vector<OnuAbilityProfile>& profiles() { return this->_vec_profile; }
+  std::vector<OnuAbilityProfile>& profiles() ONU_ABILITY_NOT_ANALYSED { return this->_vec_profile; }
 };
 
 class Stage {

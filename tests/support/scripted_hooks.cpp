@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "onu_ability_common_reg_extern_func.h"
 #include "host_code.h"
+#include "onu_ability_common_reg_extern_func.h"
 #include "recording_host.h"
 
 namespace {
