@@ -1,6 +1,5 @@
 #include "catalogue.h"
 
-#include <cstring>
 #include <map>
 
 #include "onu_ability_common_reg_extern_func.h"
@@ -44,7 +43,7 @@ void DefineCodes() {
 // the others are known by their serial ports.
 
 unsigned int GetVendorId(unsigned short, unsigned char, char* vendor_id) {
-  std::memcpy(vendor_id, "ZKWM", 4);
+  std::string("ZKWM").copy(vendor_id, 4);
   return 0;
 }
 unsigned int GetReportType(unsigned short place, unsigned char) {
@@ -76,7 +75,7 @@ unsigned int GetIdentifySetting(unsigned int, unsigned short, unsigned short* se
 }
 unsigned int ReadOneByOne(unsigned short, unsigned char) { return 1; }
 unsigned int GetDeviceName(unsigned short, unsigned char, unsigned int, char* device_name) {
-  std::memcpy(device_name, "A-DEVICE", 8);
+  std::string("A-DEVICE").copy(device_name, 20);
   return 0;
 }
 

@@ -34,6 +34,7 @@ class Operator : public Role {
   std::string Type(cmd_element& command, std::initializer_list<std::string> words) {
     std::vector<std::string> texts(words);
     std::vector<char*> arguments;
+    arguments.reserve(texts.size());
     for (auto& text : texts) {
       arguments.push_back(text.data());
     }
