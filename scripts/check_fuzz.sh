@@ -2,7 +2,8 @@
 # Fuzzes the targets of tests/fuzz with libFuzzer, each from its kept corpus, under the
 # address and undefined-behaviour sanitizers.
 #
-#   scripts/check_fuzz.sh [SECONDS]    so many for each target, two targets at a time
+#   scripts/check_fuzz.sh [SECONDS]    so many for each target, two targets at a time;
+#                                      with --seed 0 along other ways than the gate's
 #   scripts/check_fuzz.sh --coverage   what the kept corpora alone reach, source by source
 #
 # An input that fails is kept in build-fuzz/failing/, what was found on the way in
