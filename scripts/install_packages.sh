@@ -9,6 +9,8 @@
 #   scripts/install_packages.sh cross   the compiler for 32-bit ARM
 #   scripts/install_packages.sh board   that, and what starts its programs here
 #
+#   scripts/install_packages.sh libcxx  the second standard library
+#
 # docs/dependencies.md says what each package is for.
 set -eu
 
@@ -19,6 +21,7 @@ check_packages="clang clang-format clang-tidy libclang-rt-14-dev"
 bench_packages="libbenchmark-dev libsqlite3-dev liblmdb-dev python3-matplotlib"
 fuzz_packages="clang libclang-rt-14-dev llvm"
 mutants_packages="lld"
+libcxx_packages="clang libc++-14-dev libc++abi-14-dev googletest"
 cross_packages="g++-arm-linux-gnueabihf"
 board_packages="$cross_packages qemu-user"
 
@@ -29,8 +32,9 @@ case "${1:-}" in
   mutants) packages=$mutants_packages ;;
   cross) packages=$cross_packages ;;
   board) packages=$board_packages ;;
+  libcxx) packages=$libcxx_packages ;;
   fuzz) packages=$fuzz_packages ;;
-  *) echo "usage: $0 build|check|bench|mutants|cross|board|fuzz" >&2; exit 2 ;;
+  *) echo "usage: $0 build|check|bench|mutants|cross|board|fuzz|libcxx" >&2; exit 2 ;;
 esac
 
 missing=""

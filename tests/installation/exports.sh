@@ -1,17 +1,19 @@
 #!/bin/sh
-# exports.sh LIBRARY LIST: fails when the dynamic symbols that LIBRARY defines are
-# not those of LIST, or when it needs more from outside than the host's symbols.
+# exports.sh LIBRARY LIST NM READELF: fails when the dynamic symbols that LIBRARY defines
+# are not those of LIST, or when it needs more from outside than the host's symbols.
 set -eu
 library=$1
 list=$2
-nm -D --defined-only "$library" | awk '{print $3}' | sort -u | diff "$list" - || {
+nm=$3
+readelf=$4
+"$nm" -D --defined-only "$library" | awk '{print $3}' | sort -u | diff "$list" - || {
   echo "exports differ from $list (< listed, > exported)" >&2
   exit 1
 }
 
 host='CMutexLock|Variant|ulogPrintf|bep_[A-Za-z]+|vty_out|install_element|cl_install_module'
 # What has no version comes from no shared library: the host must bring it.
-strays=$(nm -DC --undefined-only "$library" | awk '$1 == "U"' | grep -v '@' |
+strays=$("$nm" -DC --undefined-only "$library" | awk '$1 == "U"' | grep -v '@' |
   grep -vE "U ($host)(::|$|\()" || true)
 if [ -n "$strays" ]; then
   printf 'undefined symbols that no host interface declares:\n%s\n' "$strays" >&2
@@ -19,8 +21,8 @@ if [ -n "$strays" ]; then
 fi
 
 # Nothing beyond the standard library.
-needed=$(readelf -d "$library" | sed -n 's/.*NEEDED.*\[\(.*\)\]/\1/p' |
-  grep -vE '^(libstdc\+\+|libc\+\+|libc\+\+abi|libgcc_s|libm|libc|ld-linux.*)\.so' ||
+needed=$("$readelf" -d "$library" | sed -n 's/.*NEEDED.*\[\(.*\)\]/\1/p' |
+  grep -vE '^(libstdc\+\+|libc\+\+|libc\+\+abi|libgcc_s|libm|libc|ld|ld-linux.*)\.so' ||
   true)
 if [ -n "$needed" ]; then
   printf 'libraries needed beyond the standard library:\n%s\n' "$needed" >&2

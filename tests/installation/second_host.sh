@@ -1,12 +1,14 @@
 #!/bin/sh
-# second_host.sh CMAKE BUILD CC CXX [FLAG]: installs the library of BUILD, builds
-# a host against the installed headers alone, and runs it.
+# second_host.sh CMAKE BUILD CC CXX FLAG [EMULATOR...]: installs the library of BUILD,
+# builds a host against the installed headers alone, with FLAG unless it is empty, and
+# runs it.
 set -eu
 cmake=$1
 build=$2
 cc=$3
 cxx=$4
-flag=${5:-}
+flag=$5
+shift 5
 here=$(cd "$(dirname "$0")" && pwd)
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -27,4 +29,4 @@ done
 # shellcheck disable=SC2086
 "$cxx" -std=c++17 -fvisibility=hidden -Wall -Wextra -Wpedantic -Werror $flag -I "$include" "$here/second_host.cpp" \
   "$work/module.o" "$library" -Wl,-rpath,"$(dirname "$library")" -pthread -o "$work/second_host"
-"$work/second_host"
+"$@" "$work/second_host"

@@ -129,7 +129,14 @@ bool OnuAbilityCodeInfo::Acquire(unsigned short code, ONU_ABILITY_ENUM_ABILITY_A
 
 OnuAbilityCodeInfo::Records OnuAbilityCodeInfo::CopyRecords() const {
   const ReadScope scope(onu_ability_settings_guard);
-  return _vec_ability_attr;
+  // One by one: the copying of a whole vector leaks, in one standard library, what it has
+  // copied when the memory does not suffice for the rest.
+  Records copies;
+  copies.reserve(_vec_ability_attr.size());
+  for (const auto& record : _vec_ability_attr) {
+    copies.push_back(record);
+  }
+  return copies;
 }
 
 void OnuAbilityCodeInfo::NoteChange(const ONU_ABILITY_CODE_ATTR_INFO& record) {

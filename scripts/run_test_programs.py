@@ -1,0 +1,72 @@
+#!/usr/bin/env python3
+"""Runs the whole suite of a build directory, its programs by an emulator if one is given:
+
+    scripts/run_test_programs.py BUILD [EMULATOR...]
+
+A program that can start its tests itself, each in a process of its own, is started once:
+starting is what costs under an emulator. CTest runs all that is left over.
+"""
+import json
+import os
+import subprocess
+import sys
+import time
+
+
+def starts_its_tests(program):
+    """Whether the program has the main of tests/support/separate_processes/."""
+    with open(program, "rb") as file:
+        return b" tests ended, " in file.read()
+
+
+def program_of(test):
+    """The test program that runs this test of CTest's list, or None."""
+    for word in test.get("command", []):
+        if word.endswith("_test") and os.access(word, os.X_OK):
+            return word
+    return None
+
+
+def run_program(program, emulator):
+    """Returns how many tests passed; ends everything when one did not."""
+    started = time.monotonic()
+    result = subprocess.run(
+        [*emulator, program, "--separate-processes", "--jobs", str(os.cpu_count())],
+        stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, errors="replace")
+    summary = result.stdout.strip().splitlines()[-1]
+    if result.returncode != 0 or not summary.endswith("all passed"):
+        sys.exit(f"{result.stdout}\n{program} failed")
+    seconds = time.monotonic() - started
+    print(f"{os.path.basename(program)}: {summary}, {seconds:.0f} s", flush=True)
+    return int(summary.split()[0])
+
+
+def main():
+    build, emulator = sys.argv[1], sys.argv[2:]
+    started = time.monotonic()
+    listed = subprocess.run(["ctest", "--test-dir", build, "--show-only=json-v1"],
+                            stdout=subprocess.PIPE, text=True, check=True)
+    programs, left_over = {}, []
+    for number, test in enumerate(json.loads(listed.stdout)["tests"], start=1):
+        program = program_of(test)
+        if program is not None and starts_its_tests(program):
+            programs[program] = programs.get(program, 0) + 1
+        else:
+            left_over.append(number)
+    passed = 0
+    for program, known in sorted(programs.items()):
+        ran = run_program(program, emulator)
+        # A filter that CTest passes on leaves tests out there, never here.
+        if ran < known:
+            sys.exit(f"{program}: {ran} tests ran of {known}")
+        passed += ran
+    chosen = ",".join(["0", "0", "0", *map(str, left_over)])
+    status = subprocess.run(["ctest", "--test-dir", build, "-I", chosen, "--output-on-failure",
+                             "-j", str(os.cpu_count()), "--progress"]).returncode
+    if status != 0:
+        sys.exit(status)
+    print(f"all {passed + len(left_over)} tests passed in {time.monotonic() - started:.0f} s")
+
+
+if __name__ == "__main__":
+    main()
