@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "onu_ability_common_reg_extern_func.h"
+
 namespace olt_host {
 
 namespace {
@@ -94,9 +96,9 @@ void Install(const LibraryState& wanted, const LibraryState& held) {
   InstallRegistries(wanted, held);
   InstallTable(ONU_ABILITY_PROFILE_TYPE_MATCH, wanted.match_profiles, held.match_profiles);
   InstallTable(ONU_ABILITY_PROFILE_TYPE_REAL, wanted.real_profiles, held.real_profiles);
-  OnuAbilityGlobalVar* settings = OnuAbilityGlobalVar::GetInstance();
-  settings->_sfu_common_type = wanted.sfu_common_type;
-  settings->_hgu_common_type = wanted.hgu_common_type;
+  OnuAbilityRegExternFunc& settings = *OnuAbilityRegExternFunc::GetInstance();
+  settings.SetSfuCommonType(wanted.sfu_common_type);
+  settings.SetHguCommonType(wanted.hgu_common_type);
   OnuAbilityCodeInfo::GetInstance()->SetKeyAbilityCode(wanted.key_ability_code);
 }
 
