@@ -1,8 +1,9 @@
-// The vocabulary of the library: the value, enumeration and record types that
-// everything else names, status codes, text and hex utilities, the serial
-// number of an ONU and the process-wide settings.
-//
-// Gathers the headers of the area; include this one.
+/// @file
+/// The vocabulary of the library: the value, enumeration and record types that
+/// everything else names, status codes, text and hex utilities, the serial
+/// number of an ONU and the process-wide settings.
+///
+/// Gathers the headers of the area; include this one.
 #ifndef ONU_ABILITY_COMMON_GLOBAL_H
 #define ONU_ABILITY_COMMON_GLOBAL_H
 

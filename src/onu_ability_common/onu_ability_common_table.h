@@ -1,7 +1,8 @@
-// The registries of attributes and ability codes, the profiles, their tables
-// with the manager in front of them, and ONU type confirmation.
-//
-// Gathers the headers of the area; include this one.
+/// @file
+/// The registries of attributes and ability codes, the profiles, their tables
+/// with the manager in front of them, and ONU type confirmation.
+///
+/// Gathers the headers of the area; include this one.
 #ifndef ONU_ABILITY_COMMON_TABLE_H
 #define ONU_ABILITY_COMMON_TABLE_H
 

@@ -1,13 +1,14 @@
-// The host's logging function: the only way a line leaves the library.
-//
-// Owned by the host, which defines the symbol. Called from whichever thread
-// entered the library, also while a table's lock is held, so the host's
-// implementation must be safe against concurrent calls.
-//
-// It may call back into the library: registries, settings, hooks and the log mask while
-// any line is written; tables, manager, query functions and commands only for a line
-// that no table operation writes, because those hold the table's lock and the lock is
-// not recursive. Lines that the call back causes arrive here, too.
+/// @file
+/// The host's logging function: the only way a line leaves the library.
+///
+/// Owned by the host, which defines the symbol. Called from whichever thread
+/// entered the library, also while a table's lock is held, so the host's
+/// implementation must be safe against concurrent calls.
+///
+/// It may call back into the library: registries, settings, hooks and the log mask while
+/// any line is written; tables, manager, query functions and commands only for a line
+/// that no table operation writes, because those hold the table's lock and the lock is
+/// not recursive. Lines that the call back causes arrive here, too.
 #ifndef ULOG_H
 #define ULOG_H
 
@@ -21,13 +22,15 @@ extern "C" {
 #endif
 
 #if defined(__GNUC__)
+/** Lets the compiler check format and arguments of the declaration below. */
 #define ULOG_PRINTF_FORMAT __attribute__((format(printf, 3, 4)))
 #else
 #define ULOG_PRINTF_FORMAT
 #endif
 
-/* Writes one line of module `module_id` at `level` (0 to 31).
- * `format` and its arguments follow printf; the format is never null. */
+/** Writes one line of module `module_id` at `level` (0 to 31; what the levels mean is
+ * said in log_settings.h). `format` and its arguments follow printf; the format is never
+ * null, and nearly every one ends in ` func:%s,line:%d` and two line breaks. */
 void ulogPrintf(unsigned int module_id, unsigned int level, const char* format,
                 ...) ULOG_PRINTF_FORMAT;
 

@@ -1,6 +1,8 @@
-/* Case conversion, hex text and the widening of all-ones markers.
+/** @file
+ * Case conversion, hex text and the widening of all-ones markers.
  *
- * No state; any thread may call these. Lengths are those of terminated text. */
+ * No state: any thread may call these at any time, each on text of its own. Lengths are
+ * those of terminated text. Nothing is logged unless said so. */
 #ifndef ONU_ABILITY_COMMON_GLOBAL_TEXT_UTILITIES_H
 #define ONU_ABILITY_COMMON_GLOBAL_TEXT_UTILITIES_H
 
@@ -10,17 +12,19 @@
 extern "C" {
 #endif
 
-/* Converts in place, by the default locale. Return 0, or
+/** @{ */
+/** Convert in place, character by character in the C library's locale. Return 0, or
  * ONU_ABILITY_RET_NULL_PTR for null. */
 ONU_ABILITY_API unsigned int onu_ability_trans_str_lower_to_upper(char* str);
 ONU_ABILITY_API unsigned int onu_ability_trans_str_upper_to_lower(char* str);
+/** @} */
 
-/* Removes in place every character that is not a hex digit, keeping the order
+/** Removes in place every character that is not a hex digit, keeping the order
  * of the others. The length is kept in 16 bits. Returns 0; null writes a line
  * to standard output and returns ONU_ABILITY_RET_INVALID_PARAM. */
 ONU_ABILITY_API unsigned int filter_nohexchar(char* str);
 
-/* Converts hex text to bytes, the first digit of each pair being the high
+/** Converts hex text to bytes, the first digit of each pair being the high
  * nibble; an odd last digit leaves a low nibble of 0. `src` is filtered in
  * place first. `dst_len` bytes of `dst` are zeroed before anything is written.
  *
@@ -32,11 +36,11 @@ ONU_ABILITY_API unsigned int filter_nohexchar(char* str);
  * digits than 255. */
 ONU_ABILITY_API unsigned int char_to_hex(unsigned char* dst, char* src, unsigned short dst_len);
 
-/* Stores `value` widened, 255 (not set, or every) as 0xFFFF. Returns 0, or
- * ONU_ABILITY_RET_NULL_PTR for a null `out`, which is logged. */
+/** Stores `value` widened, 255 (not set, or every) as 0xFFFF. Returns 0, or
+ * ONU_ABILITY_RET_NULL_PTR for a null `out`, which is logged at level 13. */
 ONU_ABILITY_API unsigned int all_1_onetype_to_twotype(unsigned char value, unsigned short* out);
 
-/* `value` widened, 255 as 0xFFFFFFFF. */
+/** `value` widened, 255 as 0xFFFFFFFF. */
 ONU_ABILITY_API unsigned int trans_1_type_to_4_type(unsigned char value);
 
 #ifdef __cplusplus

@@ -1,9 +1,10 @@
-// The abilities of a profile: an ordered map from code to value that tells when its
-// codes may have changed, so that what was found out about them need not be found out
-// again at every filling.
-//
-// Used as the std::map that it holds, with the same iterators. Values may change
-// through them unseen; which codes there are may not. No lock of its own.
+/// @file
+/// The abilities of a profile: an ordered map from code to value that tells when its
+/// codes may have changed, so that what was found out about them need not be found out
+/// again at every filling.
+///
+/// Used as the std::map that it holds, with the same iterators. Values may change
+/// through them unseen; which codes there are may not. No lock of its own.
 #ifndef ONU_ABILITY_COMMON_TABLE_ABILITY_MAP_H
 #define ONU_ABILITY_COMMON_TABLE_ABILITY_MAP_H
 
@@ -14,8 +15,11 @@
 
 #include "onu_ability_common_global.h"
 
+/// A std::map that counts its changes.
 class AbilityMap {
  public:
+  /// @{
+  /// As std::map's.
   using Map = std::map<unsigned short, ONU_ABILITY_COMMON_ABILITY_VALUE>;
   using key_type = Map::key_type;
   using mapped_type = Map::mapped_type;
@@ -30,11 +34,14 @@ class AbilityMap {
   using reverse_iterator = Map::reverse_iterator;
   using const_reverse_iterator = Map::const_reverse_iterator;
   using node_type = Map::node_type;
+  /// @}
 
+  /// @{
+  /// Made, copied and moved as a std::map. A copy counts its own changes; what is moved
+  /// from has changed.
   AbilityMap() = default;
   AbilityMap(Map map) : _map(std::move(map)) {}
   AbilityMap(std::initializer_list<value_type> values) : _map(values) {}
-  // A copy counts its own changes.
   AbilityMap(const AbilityMap& other) : _map(other._map) {}
   AbilityMap(AbilityMap&& other) noexcept : _map(std::move(other._map)) { other.NoteChange(); }
   AbilityMap& operator=(const AbilityMap& other) {
@@ -51,17 +58,22 @@ class AbilityMap {
     return *this;
   }
   ~AbilityMap() = default;
+  /// @}
 
-  // Another number after every operation that may have changed the codes. 0 for ever
-  // once the map itself was handed out for changing, by the conversion below.
+  /// Another number after every operation that may have changed the codes. 0 for ever
+  /// once the map itself was handed out for changing, by the conversion below.
   std::uint64_t Changes() const { return _changes; }
 
+  /// The map, for reading.
   operator const Map&() const { return _map; }
+  /// The map, for changing: from then on no change is counted.
   operator Map&() {
     _changes = 0;
     return _map;
   }
 
+  /// @{
+  /// As std::map's.
   iterator begin() { return _map.begin(); }
   iterator end() { return _map.end(); }
   const_iterator begin() const { return _map.begin(); }
@@ -87,9 +99,10 @@ class AbilityMap {
   auto equal_range(unsigned short code) const { return _map.equal_range(code); }
   mapped_type& at(unsigned short code) { return _map.at(code); }
   const mapped_type& at(unsigned short code) const { return _map.at(code); }
+  /// @}
 
-  // --- Changing. Each counts as a change, whether it found anything to change or not.
-
+  /// @{
+  /// As std::map's. Each counts as a change, whether it found anything to change or not.
   mapped_type& operator[](unsigned short code) {
     NoteChange();
     return _map[code];
@@ -171,6 +184,7 @@ class AbilityMap {
     other.NoteChange();
     _map.swap(other._map);
   }
+  /// @}
 
  private:
   void NoteChange() {

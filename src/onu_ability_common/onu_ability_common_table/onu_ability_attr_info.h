@@ -1,9 +1,10 @@
-// The registry of attribute ids and their names. Every ability code carries one
-// value for each id registered when it was made. Starts empty: the host fills
-// it at start-up.
-//
-// Any thread may call any operation at any time: each is one step for the others, a
-// change included. Operations that change it report their outcome only in the log.
+/// @file
+/// The registry of attribute ids and their names. Every ability code carries one
+/// value for each id registered when it was made. Starts empty: the host fills
+/// it at start-up.
+///
+/// Any thread may call any operation at any time: each is one step for the others, a
+/// change included. Operations that change it report their outcome only in the log.
 #ifndef ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_ATTR_INFO_H
 #define ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_ATTR_INFO_H
 
@@ -14,34 +15,40 @@
 #include "onu_ability_common_global.h"
 #include "onu_ability_common_global/reader_writer_guard.h"
 
+/// The registry of attributes.
 class ONU_ABILITY_API OnuAbilityAttrInfo {
  public:
-  // The singleton, built on first use.
+  /// The singleton, built on first use, destroyed at process exit.
   static OnuAbilityAttrInfo* GetInstance();
 
+  /// Forgets every id.
   virtual ~OnuAbilityAttrInfo();
   OnuAbilityAttrInfo(const OnuAbilityAttrInfo&) = delete;
   OnuAbilityAttrInfo& operator=(const OnuAbilityAttrInfo&) = delete;
 
-  // 1 when no id has this name, else 0. Names compare byte for byte.
+  /// 1 when no id has this name, else 0 (level 6). Names compare byte for byte.
   int IsValid(std::string name);
-  // 1 when the id is registered, else 0.
+  /// 1 when the id is registered, else 0 (level 1).
   unsigned int IsExist(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id);
-  // The name of the id, "NULL" when it is not registered.
+  /// The name of the id, "NULL" (level 1) when it is not registered.
   std::string Get(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id);
-  // The id with this name, 0 when there is none.
+  /// The id with this name (level 6), 0 when there is none.
   ONU_ABILITY_ENUM_ABILITY_ATTR_ID Get(std::string name);
 
-  // Registers the id, unless the name or the id is taken.
+  /// Registers the id, any number of 32 bits, unless the name (level 0) or the id (level 9)
+  /// is taken. Codes made from now on get an entry for it. Says at level 1 that it does.
   void Add(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, std::string name);
-  // Renames the id, unless any id, this one included, already has the name.
+  /// Renames the id (level 9), unless any id, this one included, already has the name
+  /// (level 0) or the id is not registered (level 1).
   void Update(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, std::string name);
-  // Unregister, unless some ability code has an entry for the id, whatever its
-  // value.
+  /// @{
+  /// Unregister, unless some ability code has an entry for the id, whatever its
+  /// value (level 0), or there is no such id (level 1).
   void Del(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id);
   void Del(std::string name);
+  /// @}
 
-  // Lists ids and names on the terminal, or in the log when `vty` is null.
+  /// Lists ids and names on the terminal, or in the log, at level 6, when `vty` is null.
   void Show(void* vty);
 
  private:
