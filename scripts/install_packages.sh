@@ -6,6 +6,7 @@
 #   scripts/install_packages.sh fuzz    the fuzz targets and what they reach
 #   scripts/install_packages.sh bench   the benchmark, its references and its plot
 #   scripts/install_packages.sh mutants the linker of scripts/mutate.py
+#   scripts/install_packages.sh memcheck valgrind
 #   scripts/install_packages.sh cross   the compiler for 32-bit ARM
 #   scripts/install_packages.sh board   that, and what starts its programs here
 #
@@ -21,6 +22,7 @@ check_packages="clang clang-format clang-tidy libclang-rt-14-dev"
 bench_packages="libbenchmark-dev libsqlite3-dev liblmdb-dev python3-matplotlib"
 fuzz_packages="clang libclang-rt-14-dev llvm"
 mutants_packages="lld"
+memcheck_packages="valgrind"
 libcxx_packages="clang libc++-14-dev libc++abi-14-dev googletest"
 cross_packages="g++-arm-linux-gnueabihf"
 board_packages="$cross_packages qemu-user"
@@ -30,11 +32,12 @@ case "${1:-}" in
   check) packages=$check_packages ;;
   bench) packages=$bench_packages ;;
   mutants) packages=$mutants_packages ;;
+  memcheck) packages=$memcheck_packages ;;
   cross) packages=$cross_packages ;;
   board) packages=$board_packages ;;
   libcxx) packages=$libcxx_packages ;;
   fuzz) packages=$fuzz_packages ;;
-  *) echo "usage: $0 build|check|bench|mutants|cross|board|fuzz|libcxx" >&2; exit 2 ;;
+  *) echo "usage: $0 build|check|bench|mutants|memcheck|cross|board|fuzz|libcxx" >&2; exit 2 ;;
 esac
 
 missing=""
