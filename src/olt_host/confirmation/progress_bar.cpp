@@ -9,11 +9,11 @@ namespace {
 
 constexpr std::chrono::milliseconds kShortWork{700};
 constexpr std::chrono::milliseconds kRedraw{100};
-constexpr std::size_t kBarWidth = 50;
+constexpr std::uint64_t kBarWidth = 50;
 
 }  // namespace
 
-ProgressBar::ProgressBar(std::ostream& out, bool is_terminal, std::size_t total, Clock clock)
+ProgressBar::ProgressBar(std::ostream& out, bool is_terminal, std::uint64_t total, Clock clock)
     : _out(out),
       _is_terminal(is_terminal),
       _total(total),
@@ -26,7 +26,7 @@ ProgressBar::~ProgressBar() {
   }
 }
 
-void ProgressBar::Show(std::size_t done) {
+void ProgressBar::Show(std::uint64_t done) {
   if (!_is_terminal || _total == 0) {
     return;
   }
@@ -36,7 +36,7 @@ void ProgressBar::Show(std::size_t done) {
   }
   _next = now + kRedraw;
   _drawn = true;
-  const std::size_t filled = kBarWidth * done / _total;
+  const auto filled = static_cast<std::size_t>(kBarWidth * done / _total);
   _out << "\r[" << std::string(filled, '#') << std::string(kBarWidth - filled, ' ') << "] " << done
        << "/" << _total << _unit << std::flush;
 }

@@ -4,7 +4,7 @@
 #define OLT_HOST_CONFIRMATION_PROGRESS_BAR_H
 
 #include <chrono>
-#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <ostream>
 #include <string>
@@ -17,7 +17,7 @@ class ProgressBar {
   using Clock = std::function<std::chrono::steady_clock::time_point()>;
 
   // For `total` steps. Writes to `out` only when that is a terminal.
-  ProgressBar(std::ostream& out, bool is_terminal, std::size_t total,
+  ProgressBar(std::ostream& out, bool is_terminal, std::uint64_t total,
               Clock clock = std::chrono::steady_clock::now);
   // Wipes the bar away.
   ~ProgressBar();
@@ -28,12 +28,12 @@ class ProgressBar {
   void SetUnit(std::string unit) { _unit = std::move(unit); }
 
   // `done` steps are behind.
-  void Show(std::size_t done);
+  void Show(std::uint64_t done);
 
  private:
   std::ostream& _out;
   bool _is_terminal;
-  std::size_t _total;
+  std::uint64_t _total;
   Clock _clock;
   std::string _unit;
   std::chrono::steady_clock::time_point _next;  // not drawn again before

@@ -1,6 +1,7 @@
 #include "network/network_summary_text.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <iomanip>
 #include <sstream>
 #include <vector>
@@ -37,7 +38,7 @@ std::string Named(std::uint32_t key, const std::string& name) {
   return std::to_string(key) + (name.empty() ? "" : " " + name);
 }
 
-void WriteMore(std::ostream& out, std::size_t hidden, const char* what) {
+void WriteMore(std::ostream& out, std::uint64_t hidden, const char* what) {
   if (hidden > 0) out << "          ... and " << hidden << " more " << what << "\n";
 }
 

@@ -50,7 +50,9 @@ class Round {
     Answer answer;  // its memory is used again
   };
 
-  Place& PlaceOf(std::uint64_t task) { return _places[task % _places.size()]; }
+  Place& PlaceOf(std::uint64_t task) {
+    return _places[static_cast<std::size_t>(task % _places.size())];
+  }
   Place& FirstPlace() { return PlaceOf(_taken); }
 
   void HandOut() {

@@ -215,5 +215,15 @@ TEST_F(ProgressBarTest, ShowsHowFarItIsAndWipesItselfAway) {
   EXPECT_EQ(_out.str(), "\r[" + std::string(25, '#') + std::string(25, ' ') + "] 5/10\r\x1b[K");
 }
 
+TEST_F(ProgressBarTest, CountsMoreThanAMachineOfThirtyTwoBitsCounts) {
+  {
+    olt_host::ProgressBar bar(_out, true, 6'000'000'000, Clock());
+    Wait(800);
+    bar.Show(3'000'000'000);
+  }
+  EXPECT_EQ(_out.str(), "\r[" + std::string(25, '#') + std::string(25, ' ') +
+                            "] 3000000000/6000000000\r\x1b[K");
+}
+
 }  // namespace
 }  // namespace olt_host_test
