@@ -22,9 +22,9 @@ class Ended(Exception):
 class PseudoTerminal:
     """A program on a terminal of its own."""
 
-    def __init__(self, arguments, directory, environment, errors):
+    def __init__(self, arguments, directory, environment, errors, rows=ROWS):
         self._master, self._slave = os.openpty()
-        self.resize(ROWS, COLUMNS)
+        self.resize(rows, COLUMNS)
         self.process = subprocess.Popen(
             arguments, cwd=directory, env=environment, stdin=self._slave, stdout=self._slave,
             stderr=errors, start_new_session=True,

@@ -1,0 +1,55 @@
+#!/usr/bin/python3
+"""Holds the list of commands that are run elsewhere against the documents and against the
+scripts that are said to run them: every entry has a command in some document, and the words
+up to the first `*` of its pattern, or what the list says in their place, are in the script.
+
+    check_elsewhere.py TREE LIST
+"""
+
+import argparse
+import pathlib
+import sys
+
+from check_links import documents
+from document import DocumentError, lone_commands, read_document
+from elsewhere import Elsewhere
+
+
+def commands_of(document):
+    for step in read_document(document):
+        if step.kind == "shell":
+            yield step.text
+        elif step.kind == "commands":
+            yield from (command for _, command in lone_commands(step.text))
+
+
+def faults(tree, elsewhere):
+    used = set()
+    for document in documents(tree):
+        try:
+            used.update(elsewhere.entry_of(command) for command in commands_of(document))
+        except DocumentError as error:
+            yield str(error)
+    for pattern in elsewhere.patterns():
+        place = tree / elsewhere.place(pattern)
+        if pattern not in used:
+            yield f"no document has a command \"{pattern}\""
+        if not place.is_file():
+            yield f"\"{pattern}\" is run by {elsewhere.place(pattern)}, which is not there"
+        elif elsewhere.words(pattern) not in " ".join(place.read_text().split()):
+            yield f"{elsewhere.place(pattern)} does not run \"{elsewhere.words(pattern)}\""
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
+    parser.add_argument("tree", type=pathlib.Path)
+    parser.add_argument("list", type=pathlib.Path)
+    options = parser.parse_args()
+    elsewhere = Elsewhere(options.list)
+    found = list(faults(options.tree, elsewhere))
+    print("\n".join(found + [f"{len(elsewhere.patterns())} entries, {len(found)} faults"]))
+    sys.exit(1 if found else 0)
+
+
+if __name__ == "__main__":
+    main()
