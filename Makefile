@@ -9,7 +9,7 @@ BENCH_PLOT := $(BENCH_BUILD)/performance.svg
 BENCH_FILTER :=
 BENCH_FLAGS :=
 
-.PHONY: run test build configure check bench install clean help
+.PHONY: run test build configure check bench pictures install clean help
 
 run: configure
 	@echo "==> Building olt_host in $(BUILD)/"
@@ -47,6 +47,10 @@ bench:
 	  2>$(BENCH_BUILD)/bench.log || { tail $(BENCH_BUILD)/bench.log; exit 1; }
 	@bench/report.py $(BENCH_BUILD)/results.json --plot $(BENCH_PLOT)
 
+pictures: configure
+	@scripts/install_packages.sh docs
+	@cmake --build $(BUILD) --target pictures
+
 install: build
 	cmake --install $(BUILD)
 
@@ -58,5 +62,6 @@ help:
 	@echo "make test     build and run the tests"
 	@echo "make check    run every other gate: scripts/check_*.sh"
 	@echo "make bench    measure: a table, $(BENCH_BUILD)/results.json and a plot"
+	@echo "make pictures draw the pictures of the documents anew"
 	@echo "make install  install the library, its headers and olt_host"
 	@echo "make clean    remove what was built"

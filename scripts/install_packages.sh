@@ -11,6 +11,7 @@
 #   scripts/install_packages.sh board   that, and what starts its programs here
 #
 #   scripts/install_packages.sh libcxx  the second standard library
+#   scripts/install_packages.sh docs    what draws the pictures of the documents
 #
 # docs/dependencies.md says what each package is for.
 set -eu
@@ -24,6 +25,7 @@ fuzz_packages="clang libclang-rt-14-dev llvm"
 mutants_packages="lld"
 memcheck_packages="valgrind"
 libcxx_packages="clang libc++-14-dev libc++abi-14-dev googletest"
+docs_packages="graphviz fonts-dejavu-core"
 cross_packages="g++-arm-linux-gnueabihf"
 board_packages="$cross_packages qemu-user"
 
@@ -37,7 +39,8 @@ case "${1:-}" in
   board) packages=$board_packages ;;
   libcxx) packages=$libcxx_packages ;;
   fuzz) packages=$fuzz_packages ;;
-  *) echo "usage: $0 build|check|bench|mutants|memcheck|cross|board|fuzz|libcxx" >&2; exit 2 ;;
+  docs) packages=$docs_packages ;;
+  *) echo "usage: $0 build|check|bench|mutants|memcheck|cross|board|fuzz|libcxx|docs" >&2; exit 2 ;;
 esac
 
 missing=""
