@@ -20,7 +20,8 @@ import subprocess
 import sys
 import xml.etree.ElementTree
 
-import layers
+sys.dont_write_bytecode = True
+import layers  # noqa: E402
 
 TREE = pathlib.Path(__file__).resolve().parent.parent
 PICTURES = TREE / "docs/pictures"
