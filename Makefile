@@ -9,7 +9,7 @@ BENCH_PLOT := $(BENCH_BUILD)/performance.svg
 BENCH_FILTER :=
 BENCH_FLAGS :=
 
-.PHONY: run test build configure check bench pictures install clean help
+.PHONY: run test build configure check bench pictures docs install clean help
 
 run: configure
 	@echo "==> Building olt_host in $(BUILD)/"
@@ -51,6 +51,13 @@ pictures: configure
 	@scripts/install_packages.sh docs
 	@cmake --build $(BUILD) --target pictures
 
+# What the comments of the public headers say, as pages.
+docs:
+	@scripts/install_packages.sh docs
+	@rm -rf build-docs/html
+	@doxygen docs/Doxyfile
+	@echo "==> The reference is build-docs/html/index.html"
+
 install: build
 	cmake --install $(BUILD)
 
@@ -63,5 +70,6 @@ help:
 	@echo "make check    run every other gate: scripts/check_*.sh"
 	@echo "make bench    measure: a table, $(BENCH_BUILD)/results.json and a plot"
 	@echo "make pictures draw the pictures of the documents anew"
+	@echo "make docs     make the reference of the public headers: build-docs/html"
 	@echo "make install  install the library, its headers and olt_host"
 	@echo "make clean    remove what was built"

@@ -11,7 +11,7 @@
 #   scripts/install_packages.sh board   that, and what starts its programs here
 #
 #   scripts/install_packages.sh libcxx  the second standard library
-#   scripts/install_packages.sh docs    what draws the pictures of the documents
+#   scripts/install_packages.sh docs    what draws the pictures, makes the reference, checks man pages
 #
 # docs/dependencies.md says what each package is for.
 set -eu
@@ -25,7 +25,7 @@ fuzz_packages="clang libclang-rt-14-dev llvm"
 mutants_packages="lld"
 memcheck_packages="valgrind"
 libcxx_packages="clang libc++-14-dev libc++abi-14-dev googletest"
-docs_packages="graphviz fonts-dejavu-core"
+docs_packages="graphviz fonts-dejavu-core doxygen mandoc groff-base"
 cross_packages="g++-arm-linux-gnueabihf"
 board_packages="$cross_packages qemu-user"
 
