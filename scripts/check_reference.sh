@@ -10,8 +10,8 @@ scripts/install_packages.sh docs
 # The headers that the installation leaves out are those that Doxygen leaves out.
 installed_not=$(grep -o 'PATTERN "[^"]*" EXCLUDE' src/onu_ability_common/CMakeLists.txt |
   cut -d'"' -f2 | sort)
-documented_not=$(sed -n '/^EXCLUDE_PATTERNS/,/[^\\]$/p' docs/Doxyfile | sed 's/.*=//' |
-  tr -d '\\' | xargs -n1 | sort)
+documented_not=$(sed -n '/^EXCLUDE_PATTERNS/,/[^\]$/{s/.*=//; s/[\]$//; p}' docs/Doxyfile |
+  xargs -n1 | sort)
 if [ -z "$installed_not" ] || [ "$installed_not" != "$documented_not" ]; then
   echo "reference: docs/Doxyfile leaves out other headers than the installation:" >&2
   diff <(echo "$installed_not") <(echo "$documented_not") >&2 || true
@@ -55,8 +55,8 @@ rm -f build-docs/run.log
   -f tests/reference/commands.txt --log-levels all --log build-docs/run.log >build-docs/run.txt
 lines=$(scripts/log_messages.py --lines build-docs/run.log)
 
-pages=(docs/man/*.[1-8])
-for page in "${pages[@]}"; do
+manuals=(docs/man/*.[1-8])
+for page in "${manuals[@]}"; do
   mandoc -Tlint -Wwarning "$page"
   complaints=$(groff -ww -mdoc -Tutf8 "$page" 2>&1 >/dev/null)
   if [ -n "$complaints" ]; then
@@ -70,6 +70,7 @@ for page in "${pages[@]}"; do
   done
 done
 options=$(scripts/man_options.py "$host" docs/man/olt_host.1)
+commands=$(scripts/man_commands.py "$host" docs/man/olt_host-commands.7)
 
 echo "reference: $headers headers without a gap, $messages ($lines), $codes," \
-  "${#pages[@]} man pages with $options"
+  "${#manuals[@]} man pages with $options, $commands"

@@ -197,6 +197,34 @@ class ManOptions(TreeCopy):
         self.assert_refused(self.check(), "jobs: merge is in --help, not in the page")
 
 
+class ManCommands(TreeCopy):
+    PAGE = "docs/man/olt_host-commands.7"
+    COPIED = (PAGE,)
+
+    def check(self):
+        return self.run_script("man_commands.py", HOST, self.root / self.PAGE)
+
+    def test_takes_the_page_as_it_is(self):
+        result = self.check()
+        self.assertEqual(result.returncode, 0, result.stderr)
+
+    def test_refuses_a_page_without_a_command(self):
+        self.change(self.PAGE, ".It Ic test ability\n", ".It Ic who {[json]}*1\n")
+        result = self.check()
+        self.assert_refused(result, "test ability is missing")
+        self.assert_refused(result, "who {[json]}*1 is told twice")
+
+    def test_refuses_another_range(self):
+        self.change(self.PAGE, "terminal length <0-512>", "terminal length <1-512>")
+        self.assert_refused(self.check(), "terminal length <1-512> is no command")
+
+    def test_refuses_a_trial_that_has_words_of_its_own(self):
+        self.change(self.PAGE, ".It Ic try drop\n", ".It Ic try test ability\n")
+        result = self.check()
+        self.assert_refused(result, "try drop is missing")
+        self.assert_refused(result, "try test ability is no command")
+
+
 if __name__ == "__main__":
     if HOST is None:
         sys.exit(__doc__)
