@@ -11,6 +11,9 @@
  * registered. onu_ability_search_by_real_type takes no lock of the host's. Every failure
  * is logged: at level 1, and a null pointer at level 13. The road through manager and table
  * adds their lines: hits at level 9, entry and exit at level 10.
+ *
+ * When the memory does not suffice, std::bad_alloc passes through them, and through a module
+ * in C on its way to whoever catches it.
  */
 #ifndef ONU_ABILITY_COMMON_SERVICE_CINTERFACE_H
 #define ONU_ABILITY_COMMON_SERVICE_CINTERFACE_H

@@ -6,7 +6,8 @@
 /// order of the syntax string; numbers that are none read as 0, a missing
 /// argument as the empty text. Codes and types are cut to 16 bits, keys and other numbers
 /// have 32. They return 0 unless said otherwise, and write to `vty` what came of it; what
-/// the operations behind them log is said where those are declared.
+/// the operations behind them log is said where those are declared. When the memory does not
+/// suffice, they throw std::bad_alloc.
 #ifndef ONU_ABILITY_COMMON_SERVICE_CLI_H
 #define ONU_ABILITY_COMMON_SERVICE_CLI_H
 

@@ -4,7 +4,8 @@
 /// against the match profiles, which overwrite it, and handed back.
 ///
 /// One object a confirmation, owned by the caller and used by one thread: made,
-/// performed once, destroyed.
+/// performed once, destroyed. When the memory does not suffice, Perform throws std::bad_alloc;
+/// the tables are then whole, and the object is to be destroyed.
 #ifndef ONU_ABILITY_COMMON_TABLE_CONFIRM_ONU_TYPE_H
 #define ONU_ABILITY_COMMON_TABLE_CONFIRM_ONU_TYPE_H
 
@@ -28,25 +29,25 @@ class ONU_ABILITY_API ConfirmOnuType : public OnuAbilityProfile {
   /// never ends it. Logs its steps at level 4; takes table locks, none while a hook runs.
   unsigned int Perform();
 
-  // The steps of Perform. Each says at level 4 what it found.
+  // The steps of Perform.
 
   using OnuAbilityProfile::Init;
   /// Gathers the report through the hooks 7, 0, 1, 8, 6, 2, 9 and 3, which must all be
   /// registered. Of the registered codes it asks for those that are numbers and whose
   /// confirm-type attribute has the bit of value 2; a record that lacks either attribute
-  /// acquires it with the value 0. Once an object: it does not clear.
+  /// acquires it with the value 0. Once an object: it does not clear. Level 4.
   void Init();
   /// 0 when the reported type is the key ability value of a match profile, which overwrites
-  /// this one; else what the manager's lookup answers.
+  /// this one; else what the manager's lookup answers (level 4).
   unsigned int IsValidOnuType();
   /// Recognises the ONU by its abilities: the newest match profile that they fit overwrites
-  /// this one; without any it stays as it is. Always 0.
+  /// this one; without any (level 4) it stays as it is. Always 0.
   unsigned int ConfirmOnuTypeByAbilities();
   /// Brings the private capability into codes 1002 and 48: a known one as it is and the
-  /// wildcard, an unknown one as the wildcard. Always 0.
+  /// wildcard, an unknown one as the wildcard. Always 0. Level 4.
   unsigned int UpdateOnucapaFromSpecialMe();
   /// Translates the reported type by the identify modes, if code 1023 of the real profile
-  /// says so, and stores it under code 1080. Always 0.
+  /// says so, and stores it under code 1080. Always 0. Level 4.
   unsigned int TransOnutypeByHswSwitch();
 
   unsigned short _place;                     ///< told to every hook

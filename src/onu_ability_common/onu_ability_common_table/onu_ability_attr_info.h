@@ -4,7 +4,9 @@
 /// it at start-up.
 ///
 /// Any thread may call any operation at any time: each is one step for the others, a
-/// change included. Operations that change it report their outcome only in the log.
+/// change included. Operations that change it report their outcome only in the log. When the
+/// memory does not suffice, an operation throws std::bad_alloc: the registry is then as before
+/// or as after.
 #ifndef ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_ATTR_INFO_H
 #define ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_ATTR_INFO_H
 
@@ -43,7 +45,8 @@ class ONU_ABILITY_API OnuAbilityAttrInfo {
   void Update(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, std::string name);
   /// @{
   /// Unregister, unless some ability code has an entry for the id, whatever its
-  /// value (level 0), or there is no such id (level 1).
+  /// value (level 0), or there is no such id or name (level 1). By name it is said at levels 6
+  /// and 9.
   void Del(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id);
   void Del(std::string name);
   /// @}

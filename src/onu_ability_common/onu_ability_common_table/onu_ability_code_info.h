@@ -5,7 +5,8 @@
 ///
 /// Any thread may call any operation at any time, but for Get(): each operation is one
 /// step for the others, a change included, and so is the change that reading an
-/// attribute may be (see Get).
+/// attribute may be (see Get). When the memory does not suffice, an operation throws
+/// std::bad_alloc: the registry is then as before or as after.
 #ifndef ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_CODE_INFO_H
 #define ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_CODE_INFO_H
 
@@ -52,7 +53,8 @@ class ONU_ABILITY_API OnuAbilityCodeInfo {
   void Restore(std::vector<ONU_ABILITY_CODE_ATTR_INFO> records);
 
   /// 1 when no other code has the record's name and every attribute id of the
-  /// record is registered, else 0 (level 0). Any code, and an empty name, will do.
+  /// record is registered, else 0 (level 0). Any code, and an empty name, will do. Says
+  /// each attribute at level 6.
   int IsValid(const ONU_ABILITY_CODE_ATTR_INFO& info);
   /// Adds the record (level 1), or replaces the one with its code in place (level 9); an
   /// invalid record changes nothing (level 0). The outcome shows only in the log.

@@ -62,8 +62,8 @@ class ONU_ABILITY_API OnuAbilityProfile {
   unsigned int Get(unsigned short code, unsigned int& value) const;
   /// The string. An absent code gives "", a number leaves `value` untouched.
   unsigned int Get(unsigned short code, std::string& value) const;
-  /// The number of the registry's current key ability code, as the number of any code. The
-  /// lines name the profile's own key ability code, as meant.
+  /// The number of the registry's current key ability code, as the number of any code. Level
+  /// 4 names that code, the other lines the profile's own key ability code, as meant.
   unsigned int Get(unsigned int& value) const;
 
   /// Whether the profile has an id: 0 and 65535 stand for none.

@@ -8,9 +8,9 @@
 /// Every forwarding operation answers ONU_ABILITY_RET_INVALID_PARAM, or 0 for a
 /// yes/no question, when the profile type has no table, and otherwise what the
 /// table answers unless said otherwise. It logs a missing table at level 1, a table that it
-/// found at level 9, and at levels 1, 4 or 5 what the table could not do; the table's own
-/// lines come in between. What each operation does is said with the table's operation of
-/// this name, in OnuAbilityTableBase and the two tables.
+/// found at level 9 (but for Del of a profile and operator==), and at levels 1, 4 or 5 what the
+/// table could not do; the table's own lines come in between. What each operation does is said with
+/// the table's operation of this name, in OnuAbilityTableBase and the two tables.
 #ifndef ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_TABLE_MANAGER_H
 #define ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_TABLE_MANAGER_H
 
@@ -48,7 +48,8 @@ class ONU_ABILITY_API OnuAbilityTableManager {
   /// is changed, also when the table refuses it.
   unsigned int Add(OnuAbilityProfile& profile);
   /// @{
-  /// Add one value to a stored profile.
+  /// Add one value to the oldest profile of this source with this key ability value. A number
+  /// that no profile took is said at level 5 here, a string only by the table.
   unsigned int Add(ONU_ABILITY_ENUM_PROFILE_TYPE type, ONU_ABILITY_ENUM_PROFILE_SOURCE source,
                    unsigned int key_ability_value, unsigned short ability_code, unsigned int value);
   unsigned int Add(ONU_ABILITY_ENUM_PROFILE_TYPE type, ONU_ABILITY_ENUM_PROFILE_SOURCE source,
@@ -70,7 +71,8 @@ class ONU_ABILITY_API OnuAbilityTableManager {
   unsigned int operator==(OnuAbilityProfile& profile);
 
   /// @{
-  /// 1 or 0.
+  /// 1 or 0: some profile of the source (2 is all) has this key ability value, or this value
+  /// under the code. 0 is said at level 4 here.
   unsigned int IsExist(ONU_ABILITY_ENUM_PROFILE_TYPE type, ONU_ABILITY_ENUM_PROFILE_SOURCE source,
                        unsigned int key_ability_value);
   unsigned int IsEqual(ONU_ABILITY_ENUM_PROFILE_TYPE type, ONU_ABILITY_ENUM_PROFILE_SOURCE source,
@@ -78,17 +80,19 @@ class ONU_ABILITY_API OnuAbilityTableManager {
   /// @}
 
   /// @{
-  /// Count ONUs on a profile, of the real table alone.
+  /// Count an ONU on the oldest external profile with this key ability value, or count it no
+  /// more; the match table counts nothing.
   unsigned int AddBindCount(ONU_ABILITY_ENUM_PROFILE_TYPE type, unsigned int key_ability_value);
   unsigned int MinusBindCount(ONU_ABILITY_ENUM_PROFILE_TYPE type, unsigned int key_ability_value);
   /// @}
 
-  /// A new id.
+  /// The lowest id from 30001 that no profile of the source has, 65535 without any.
   unsigned int Get(ONU_ABILITY_ENUM_PROFILE_TYPE type, ONU_ABILITY_ENUM_PROFILE_SOURCE source,
                    unsigned short& id);
   /// @{
   /// Copies of profiles: all, newest first, or the newest, by key ability value or real type.
-  /// What they are written to stays as it was when the type has no table.
+  /// What they are written to stays as it was when the type has no table. That there is none
+  /// is said at level 4 here.
   unsigned int Get(ONU_ABILITY_ENUM_PROFILE_TYPE type, ONU_ABILITY_ENUM_PROFILE_SOURCE source,
                    unsigned int key_ability_value, std::vector<OnuAbilityProfile>& profiles);
   unsigned int Get(ONU_ABILITY_ENUM_PROFILE_TYPE type, ONU_ABILITY_ENUM_PROFILE_SOURCE source,
@@ -100,7 +104,8 @@ class ONU_ABILITY_API OnuAbilityTableManager {
   /// @}
   /// @{
   /// One value of the newest profile, by key ability value or real type. `value` stays as it
-  /// was when the type has no table.
+  /// was when the type has no table. That there is none is said here at level 5 for a number
+  /// by key ability value, else at level 1.
   unsigned int Get(ONU_ABILITY_ENUM_PROFILE_TYPE type, unsigned int key_ability_value,
                    unsigned short ability_code, unsigned int& value);
   unsigned int Get(ONU_ABILITY_ENUM_PROFILE_TYPE type, unsigned int key_ability_value,

@@ -24,7 +24,7 @@ class ONU_ABILITY_API OnuRealAbilityTable : public OnuAbilityTableBase {
   /// profile is always taken; any other is refused with
   /// ONU_ABILITY_RET_OPERATE_FAILED when its source already has its key ability
   /// value or its (valid) id. The refusal says "find ok!" at level 9, taking it "find
-  /// null!" at level 1, as meant. Else 0.
+  /// null!" at level 1, as meant. Else 0. Says a valid id at level 4.
   unsigned int Add(OnuAbilityProfile& profile) override;
 
   /// @{
