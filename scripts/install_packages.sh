@@ -18,7 +18,7 @@ set -eu
 
 build_packages="g++ cmake ninja-build pkg-config libgtest-dev libyaml-cpp-dev libspdlog-dev
   libcli11-dev nlohmann-json3-dev rapidjson-dev libedit-dev libasio-dev libtelnet-dev libcrypt-dev libmd-dev
-  python3 python3-pyte python3-jsonschema python3-yaml"
+  curl python3 python3-pyte python3-jsonschema python3-yaml"
 check_packages="clang clang-format clang-tidy libclang-rt-14-dev"
 bench_packages="libbenchmark-dev libsqlite3-dev liblmdb-dev python3-matplotlib"
 fuzz_packages="clang libclang-rt-14-dev llvm"

@@ -9,7 +9,10 @@ LEFT_OUT = "..."  # a line, indented or not, that stands for any lines
 NORMALISATIONS = [
     (re.compile(r"\b\d{4}-\d\d-\d\d[ T]\d\d:\d\d:\d\d(?:\.\d+)?Z?"), "TIME"),
     (re.compile(r"\b(?:Jan|Feb|Mar|Apr|May|Jun|Jul|Aug|Sep|Oct|Nov|Dec) [ \d]\d \d\d:\d\d\b"), "TIME"),
-    (re.compile(r"(TIME +)\d+s$"), r"\1IDLE"),
+    (re.compile(r"^Session +User +From +Access +Since +Idle$"), "SESSIONS"),
+    (re.compile(r"^( +\d+) +\S+ +(console|unix|127\.0\.0\.1:\d+) +(full|read-only) +TIME +\d+s$"),
+     r"\1 USER \2 \3 TIME IDLE"),
+    (re.compile(r'^( *"user": ")(?:[^"]*)(",?)$'), r"\1USER\2"),
     (re.compile(r"^(  (?:Process|Library|Compiler|Build|Up for|Threads) +).*"), r"\1..."),
     (re.compile(r'^( *"(?:process|library|compiler|build|idle_seconds|uptime_seconds)": ).*?(,?)$'),
      r"\1...\2"),

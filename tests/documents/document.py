@@ -18,10 +18,12 @@ What readers need not see stands in remarks of a line, `<!-- test: WORD ... -->`
     files DOCUMENT NAME ...   makes files that are shown in another document of docs/
     append NAME               the next block is added to the end of the file
     text                      the next block is a text, whatever it begins with
-    run COMMAND               a shell command, which must succeed
+    run COMMAND               a shell command, which must succeed, or with an "&" at its end
+                              a host that lets operators in
     console COMMAND           where the next line is typed: olt_host console ..., attach
                               ..., or telnet; in place of the console there was
     type LINE                 a line typed at the console
+    passwords WORD ...        what is typed at the next prompts for a password
     installed                 the rest needs the installed packages, see --installed
     built                     the rest does not
 """
@@ -30,7 +32,8 @@ import dataclasses
 import re
 
 DIRECTIVE = re.compile(r"<!-- test: ([a-z]+) ?(.*?) *-->$")
-DIRECTIVES = {"files", "append", "text", "run", "console", "type", "installed", "built"}
+DIRECTIVES = {"files", "append", "text", "run", "console", "type", "passwords", "installed",
+              "built"}
 FENCE = re.compile(r"( *)(```+|~~~+) *(\S*)")
 LIST_ITEM = re.compile(r"( *)(?:[-*+]|\d+[.)])( +)")
 FILE_NAME = re.compile(r"`([^`\s]+)`:$")

@@ -19,6 +19,7 @@ import re
 import shlex
 import shutil
 import signal
+import socket
 import sys
 
 from comparison import matches, without_blank_end
@@ -31,6 +32,8 @@ from shell import Shell, ShellError
 TREE = pathlib.Path(__file__).resolve().parents[2]
 DEFAULT_CONSOLE = "olt_host console data/catalogue.yaml data/reports.yaml"
 INTERACTIVE_JOBS = ("console", "attach")
+LINES_TOLD = 60  # of an output that is not as shown
+PORT = "2323"  # in documents; a free one stands for it, for several tests run at a time
 
 
 class Mismatch(Exception):
@@ -52,6 +55,8 @@ class Player:
         self._shell = Shell(self._scratch.root, self._scratch.environment, self._scratch.outputs)
         self._elsewhere = Elsewhere(options.elsewhere)
         self._console = None
+        self._passwords = []
+        self._port = str(free_port())
         self.counts = {"run": 0, "typed": 0, "elsewhere": 0, "installed": 0}
 
     def close(self):
@@ -105,7 +110,10 @@ class Player:
     # --- Shell commands.
 
     def _run(self, step):
-        status, text = self._shell.run(step.text)
+        if is_server(step.text):
+            self._run_server(step, lambda text: "olt_host: operators may " in text)
+            return
+        status, text = self._run_command(step.text)
         if status != 0:
             raise Mismatch(f"ended with {status}:\n{text}")
 
@@ -119,12 +127,21 @@ class Player:
             if step.shown or self._console.ended:
                 self._compare(step, self._console.banner)
         elif is_server(step.text):
-            text = self._shell.run_until(
-                step.text, lambda text: matches(step.shown, text.splitlines()))
+            text = self._run_server(step, lambda text: matches(step.shown, text.splitlines()))
             self._compare(step, text.splitlines())
         else:
-            _, text = self._shell.run(step.text)
+            _, text = self._run_command(step.text)
             self._compare(step, text.splitlines())
+
+    def _run_command(self, command):
+        status, text = self._shell.run(command.replace(PORT, self._port))
+        return status, text.replace(self._port, PORT)
+
+    def _run_server(self, step, is_enough):
+        def is_enough_here(text):
+            return is_enough(text.replace(self._port, PORT))
+        return self._shell.run_until(step.text.replace(PORT, self._port),
+                                     is_enough_here).replace(self._port, PORT)
 
     def _commands(self, step):
         commands = lone_commands(step.text)
@@ -144,7 +161,7 @@ class Player:
                 if self._console.ended:
                     raise Mismatch("ended:\n" + "\n".join(self._console.banner))
                 continue
-            status, text = self._shell.run(command)
+            status, text = self._run_command(command)
             if status != 0:
                 raise Mismatch(f"\"{command}\" ended with {status}:\n{text}")
 
@@ -169,6 +186,7 @@ class Player:
 
     def _start_console(self, words):
         self._end_console()
+        words = [word.replace(PORT, self._port) for word in words]
         self._console = Console(words, self._shell.directory(), self._shell.variables())
 
     def _end_console(self):
@@ -188,12 +206,18 @@ class Player:
         self._needs_console()
         self._console.type(step.text)
 
+    def _keep_passwords(self, step):
+        self._passwords = step.text.split()
+
     def _typed(self, step):
         self._needs_console()
         self.counts["typed"] += 1
         if not self._console.ended and self._console.prompt() != step.prompt:
             raise Mismatch(f"the prompt is {self._console.prompt()}")
-        self._compare(step, self._console.type(step.text))
+        text = step.text
+        if step.prompt == "Password:" and not text and self._passwords:
+            text = self._passwords.pop(0)
+        self._compare(step, self._console.type(text))
 
     def _needs_console(self):
         if self._console is None:
@@ -201,14 +225,17 @@ class Player:
 
     def _compare(self, step, real):
         if not matches(step.shown, real):
+            told = real[:LINES_TOLD] + [f"(and {len(real) - LINES_TOLD} more lines)"] * (
+                len(real) > LINES_TOLD)
             raise Mismatch("\n".join(["shows", *("    " + line for line in step.shown),
-                                      "prints", *("    " + line for line in real)]), real)
+                                      "prints", *("    " + line for line in told)]), real)
 
 
 ACTIONS = {
     "file": Player._file, "append": Player._append, "files": Player._files,
     "shell": Player._shell_step, "commands": Player._commands, "run": Player._run,
     "console": Player._console_step, "typed": Player._typed, "type": Player._type,
+    "passwords": Player._keep_passwords,
 }
 
 
@@ -229,6 +256,12 @@ def interactive_words(command):
 def is_server(command):
     """Whether it goes on while the reader does."""
     return command.rstrip().endswith("&") or re.match(r"\S*\bolt_host serve ", command) is not None
+
+
+def free_port():
+    with socket.socket() as listener:
+        listener.bind(("127.0.0.1", 0))
+        return listener.getsockname()[1]
 
 
 def update(path, failures):
