@@ -9,7 +9,7 @@
 #   scripts/install_packages.sh memcheck valgrind
 #   scripts/install_packages.sh cross   the compiler for 32-bit ARM
 #   scripts/install_packages.sh board   that, and what starts its programs here
-#
+#   scripts/install_packages.sh big_endian  the compiler for the other byte order, its emulator
 #   scripts/install_packages.sh libcxx  the second standard library
 #   scripts/install_packages.sh docs    what draws the pictures, makes the reference, checks man pages
 #
@@ -28,6 +28,7 @@ libcxx_packages="clang libc++-14-dev libc++abi-14-dev googletest"
 docs_packages="graphviz fonts-dejavu-core doxygen mandoc groff-base"
 cross_packages="g++-arm-linux-gnueabihf"
 board_packages="$cross_packages qemu-user"
+big_endian_packages="g++-powerpc-linux-gnu qemu-user googletest make xz-utils"
 
 case "${1:-}" in
   build) packages=$build_packages ;;
@@ -37,10 +38,11 @@ case "${1:-}" in
   memcheck) packages=$memcheck_packages ;;
   cross) packages=$cross_packages ;;
   board) packages=$board_packages ;;
+  big_endian) packages=$big_endian_packages ;;
   libcxx) packages=$libcxx_packages ;;
   fuzz) packages=$fuzz_packages ;;
   docs) packages=$docs_packages ;;
-  *) echo "usage: $0 build|check|bench|mutants|memcheck|cross|board|fuzz|libcxx|docs" >&2; exit 2 ;;
+  *) echo "usage: $0 build|check|bench|mutants|memcheck|cross|board|big_endian|fuzz|libcxx|docs" >&2; exit 2 ;;
 esac
 
 missing=""
