@@ -9,7 +9,7 @@ BENCH_PLOT := $(BENCH_BUILD)/performance.svg
 BENCH_FILTER :=
 BENCH_FLAGS :=
 
-.PHONY: run test build configure check bench pictures docs install clean help
+.PHONY: run test build configure check bench pictures docs install packages clean help
 
 run: configure
 	@echo "==> Building olt_host in $(BUILD)/"
@@ -58,8 +58,14 @@ docs:
 	@doxygen docs/Doxyfile
 	@echo "==> The reference is build-docs/html/index.html"
 
-install: build
+install: configure
+	@echo "==> Building the library and olt_host in $(BUILD)/"
+	@cmake --build $(BUILD) --target onu_ability_common onu_ability_common_static olt_host
 	cmake --install $(BUILD)
+
+# The Debian packages, in build-packages/.
+packages:
+	@scripts/build_packages.sh
 
 clean:
 	rm -rf build build-* *.log
@@ -72,4 +78,5 @@ help:
 	@echo "make pictures draw the pictures of the documents anew"
 	@echo "make docs     make the reference of the public headers: build-docs/html"
 	@echo "make install  install the library, its headers and olt_host"
+	@echo "make packages build the Debian packages: build-packages"
 	@echo "make clean    remove what was built"

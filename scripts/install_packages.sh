@@ -11,6 +11,8 @@
 #   scripts/install_packages.sh board   that, and what starts its programs here
 #   scripts/install_packages.sh big_endian  the compiler for the other byte order, its emulator
 #   scripts/install_packages.sh libcxx  the second standard library
+#   scripts/install_packages.sh packages  what builds and checks Debian packages
+#   scripts/install_packages.sh abi     what reads the types of a library
 #   scripts/install_packages.sh docs    what draws the pictures, makes the reference, checks man pages
 #
 # docs/dependencies.md says what each package is for.
@@ -27,6 +29,8 @@ memcheck_packages="valgrind"
 libcxx_packages="clang libc++-14-dev libc++abi-14-dev googletest"
 docs_packages="graphviz fonts-dejavu-core doxygen mandoc groff-base"
 cross_packages="g++-arm-linux-gnueabihf"
+packages_packages="debhelper dpkg-dev lintian man-db"
+abi_packages="abigail-tools"
 board_packages="$cross_packages qemu-user"
 big_endian_packages="g++-powerpc-linux-gnu qemu-user googletest make xz-utils"
 
@@ -40,9 +44,11 @@ case "${1:-}" in
   board) packages=$board_packages ;;
   big_endian) packages=$big_endian_packages ;;
   libcxx) packages=$libcxx_packages ;;
+  packages) packages=$packages_packages ;;
+  abi) packages=$abi_packages ;;
   fuzz) packages=$fuzz_packages ;;
   docs) packages=$docs_packages ;;
-  *) echo "usage: $0 build|check|bench|mutants|memcheck|cross|board|big_endian|fuzz|libcxx|docs" >&2; exit 2 ;;
+  *) echo "usage: $0 build|check|bench|mutants|memcheck|cross|board|big_endian|fuzz|libcxx|docs|packages|abi" >&2; exit 2 ;;
 esac
 
 missing=""

@@ -1,15 +1,25 @@
 #!/bin/sh
 # exports.sh LIBRARY LIST NM READELF: fails when the dynamic symbols that LIBRARY defines
-# are not those of LIST, or when it needs more from outside than the host's symbols.
+# are not those of LIST, the symbols file of the runtime package, when its name is not the
+# one there, or when it needs more from outside than the host's symbols.
 set -eu
 library=$1
 list=$2
 nm=$3
 readelf=$4
-"$nm" -D --defined-only "$library" | awk '{print $3}' | sort -u | diff "$list" - || {
+listed=$(mktemp)
+trap 'rm -f "$listed"' EXIT
+sed -n 's/^ \(.*\)@Base .*/\1/p' "$list" | sort -u >"$listed"
+"$nm" -D --defined-only "$library" | awk '{print $3}' | sort -u | diff "$listed" - || {
   echo "exports differ from $list (< listed, > exported)" >&2
   exit 1
 }
+
+soname=$("$readelf" -d "$library" | sed -n 's/.*SONAME.*\[\(.*\)\]/\1/p')
+if [ "$soname" != "$(sed -n '1s/ .*//p' "$list")" ]; then
+  echo "the library calls itself $soname, other than $list" >&2
+  exit 1
+fi
 
 host='CMutexLock|Variant|ulogPrintf|bep_[A-Za-z]+|vty_out|install_element|cl_install_module'
 # What has no version comes from no shared library: the host must bring it.
