@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "short_ways/texts.h"
+#include "support/end_of_child.h"
 
 Observation Observe(const Call& call, unsigned long long result) {
   Observation seen;
@@ -38,7 +39,7 @@ std::string InChild(const std::function<std::string()>& work) {
     alarm(60);  // whatever hangs has lost a lock
     const std::string said = work();
     text[said.copy(text, kRoom - 1)] = '\0';
-    _exit(0);
+    EndChild();
   }
   int status = 0;
   waitpid(child, &status, 0);

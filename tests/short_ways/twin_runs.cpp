@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <iostream>
 
+#include "support/end_of_child.h"
 #include "texts.h"
 
 namespace {
@@ -144,7 +145,7 @@ Outcome RunTwice(const std::vector<Step>& steps, bool records_handed_out) {
     close(channel[0]);
     RunBoth(steps, records_handed_out, channel[1]);
     std::fflush(nullptr);
-    _exit(0);
+    EndChild();
   }
   close(channel[1]);
   Outcome outcome = Listen(channel[0]);

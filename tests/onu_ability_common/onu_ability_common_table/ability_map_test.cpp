@@ -3,6 +3,7 @@
 #include "onu_ability_common_table/ability_map.h"
 
 #include <functional>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -20,6 +21,12 @@ std::vector<unsigned short> CodesOf(const AbilityMap& map) {
   return codes;
 }
 
+std::vector<unsigned int> NumbersIn(const AbilityMap& map) {
+  std::vector<unsigned int> numbers;
+  for (const auto& entry : map) numbers.push_back(entry.second.ability_ushort_value);
+  return numbers;
+}
+
 TEST(AbilityMap, ReadsLikeTheMapThatItHolds) {
   const AbilityMap map = Numbers();
   EXPECT_EQ(3U, map.size());
@@ -35,7 +42,29 @@ TEST(AbilityMap, ReadsLikeTheMapThatItHolds) {
   EXPECT_THROW(map.at(3), std::out_of_range);
   EXPECT_EQ(1, map.begin()->first);
   EXPECT_EQ(5, map.rbegin()->first);
+  EXPECT_EQ(1, std::prev(map.rend())->first);
+  EXPECT_EQ(Map().max_size(), map.max_size());
   EXPECT_EQ((std::vector<unsigned short>{1, 2, 5}), CodesOf(map));
+}
+
+TEST(AbilityMap, HandsOutPlacesWhoseValuesMayChange) {
+  AbilityMap map = Map{{1, Value(2, 10)}, {2, Value(2, 20)}, {5, Value(2, 50)}};
+  const auto before = map.Changes();
+  map.rbegin()->second.ability_ushort_value = 51;
+  std::prev(map.rend())->second.ability_ushort_value = 11;
+  map.upper_bound(1)->second.ability_ushort_value = 21;
+  EXPECT_EQ(map.upper_bound(1), map.equal_range(1).second);
+  EXPECT_EQ(before, map.Changes()) << "the codes are those that they were";
+  EXPECT_EQ((std::vector<unsigned int>{11, 21, 51}), NumbersIn(map));
+}
+
+TEST(AbilityMap, AssignedToItselfStaysAsItIs) {
+  AbilityMap map = Numbers();
+  const AbilityMap& same = map;
+  const auto before = map.Changes();
+  map = same;
+  EXPECT_EQ((std::vector<unsigned int>{10, 20, 50}), NumbersIn(map));
+  EXPECT_EQ(before, map.Changes());
 }
 
 struct Change {

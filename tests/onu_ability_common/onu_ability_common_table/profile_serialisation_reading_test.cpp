@@ -229,6 +229,30 @@ TEST_F(ProfileSerialisationReadingTest, RecordsAfterAFailedAllocationAreRead) {
             (Content{{kPotsPorts, NumberEntry(5)}, {kTypeName, {3, 0, "SFU-4"}}}));
 }
 
+TEST_F(ProfileSerialisationReadingTest, AnyBlockThatIsNotGivenLosesItsOwnStringOnly) {
+  const unsigned int codes[] = {1082, 1083, 1093};
+  for (unsigned int k = 1; k <= 3; ++k) {
+    profile = OnuAbilityProfile();
+    Items items = HeaderItems({21, 3, 2, 1, 1, 0, 3});
+    Content expected;
+    for (unsigned int place = 1; place <= 3; ++place) {
+      Items record = RecordItems(codes[place - 1], 3, 0, "text");
+      if (place == k) {
+        record.pop_back();  // which is not fetched then
+      } else {
+        expected[static_cast<unsigned short>(codes[place - 1])] = {3, 0, "text"};
+      }
+      items = items + record;
+    }
+    host.FailAllocation(k);
+
+    EXPECT_EQ(Read(items), 0U) << k;
+
+    EXPECT_EQ(ContentOf(profile), expected) << k;
+    EXPECT_EQ(host.blocks_in_use(), 0U) << k;
+  }
+}
+
 // --- Failing items
 
 TEST_F(ProfileSerialisationReadingTest, EveryFailingHeaderItemIsLoggedAndEndsTheReading) {
