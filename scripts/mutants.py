@@ -65,6 +65,12 @@ def level_places(source):
             re.finditer(r"(ONU_ABILITY_LOG(?:_BARE)?\(|ONU_ABILITY_LOG_FOR\([^,]+, )(?=\d)", source)}
 
 
+def is_compiled_away(source, start):
+    """Whether a text is for the compiler alone: a name in a static_assert."""
+    statement = source[max(source.rfind(character, 0, start) for character in ";{}") + 1:start]
+    return "static_assert(" in statement
+
+
 def token_mutants(source):
     """(kind, start, end, replacement) of each change of a token."""
     levels = level_places(source)
@@ -75,7 +81,7 @@ def token_mutants(source):
             kind = "level" if start in levels else "constant"
             for other in changed_number(text):
                 yield kind, start, end, other
-        elif token.lastgroup == "string" and len(text) > 2:
+        elif token.lastgroup == "string" and len(text) > 2 and not is_compiled_away(source, start):
             yield "message", start, end, '"~' + text[1:]
         elif token.lastgroup == "word":
             for other in WORDS.get(text, []):

@@ -4,7 +4,8 @@
 One operator, constant, level, message, condition or statement is changed at a time (see
 scripts/mutants.py); the source is compiled and linked with everything else of the
 library's test program, and the tests run, each in a process of its own, those of the
-changed source's area first, up to the first failure. A mutant that no test fails on has
+changed source's area first, up to the first failure. What they do not notice is shown to
+the random sequences: of the model, which knows every line, and of the short ways. A mutant that no test fails on has
 survived: it needs a test, or a line in scripts/mutants_explained.txt that says why it
 cannot be told from the original.
 
@@ -30,8 +31,11 @@ sys.dont_write_bytecode = True
 import mutants as mutation  # noqa: E402
 
 PROGRAM = "onu_ability_common_test"
+SEQUENCES = ["model/model_test", "short_ways/short_ways_test"]
 EXPLAINED = "scripts/mutants_explained.txt"
 TEST_SECONDS = 60  # of one test, under load; a mutant that hangs fails its test
+SEQUENCE_TESTS = "*/0:*/1"  # a quarter of them
+SEQUENCE_SECONDS = 300
 
 
 class Failure(Exception):
@@ -51,10 +55,13 @@ class Build:
         with open(f"{folder}/compile_commands.json", encoding="utf-8") as file:
             self.compile = {os.path.relpath(entry["file"]): entry for entry in json.load(file)
                             if "onu_ability_common_objects.dir" in entry["command"]}
-        listed = run(["ninja", "-C", folder, "-t", "commands", "-s", "tests/" + PROGRAM]).stdout
-        link = [line for line in listed.split("\n") if f" -o tests/{PROGRAM} " in line][-1]
+        self.links = {program: self.link_of(program) for program in [PROGRAM, *SEQUENCES]}
+
+    def link_of(self, program):
+        listed = run(["ninja", "-C", self.folder, "-t", "commands", "-s", "tests/" + program]).stdout
+        link = [line for line in listed.split("\n") if f" -o tests/{program} " in line][-1]
         match = re.search(r"(\S*(?:c\+\+|g\+\+\S*|clang\+\+\S*) .* -o tests/\S+ .*?) &&", link + " &&")
-        self.link = shlex.split(match.group(1))
+        return shlex.split(match.group(1))
 
     def object_of(self, source):
         command = shlex.split(self.compile[source]["command"])
@@ -71,9 +78,9 @@ class Build:
                 del command[command.index(option):command.index(option) + 2]
         return [word for word in command if word != "-MD"] + ["-O0", "-w"]
 
-    def link_command(self, source, replaced, result):
+    def link_command(self, program, source, replaced, result):
         original = self.object_of(source)
-        command = [replaced if word == original else word for word in self.link]
+        command = [replaced if word == original else word for word in self.links[program]]
         command[command.index("-o") + 1] = result
         return command + ["-fuse-ld=lld"]
 
@@ -136,10 +143,17 @@ class Trial:
         command = self.build.compile_command(mutant.file, changed, compiled)
         if run(command, cwd=self.build.folder).returncode != 0:
             return "not compiling"
-        linked = run(self.build.link_command(mutant.file, compiled, program), cwd=self.build.folder)
-        if linked.returncode != 0:
+        if not self.linked(PROGRAM, mutant, compiled, program):
             return "not compiling"
-        return run_tests(program, mutant.file)
+        result = run_tests(program, mutant.file)
+        for sequences in SEQUENCES:
+            if result == "survived" and self.linked(sequences, mutant, compiled, program):
+                result = run_sequences(program)
+        return result
+
+    def linked(self, name, mutant, compiled, program):
+        command = self.build.link_command(name, mutant.file, compiled, program)
+        return run(command, cwd=self.build.folder).returncode == 0
 
 
 def run_tests(program, source):
@@ -152,6 +166,18 @@ def run_tests(program, source):
                 raise Failure(ended.stdout[-2000:])
             return "killed " + failed.group(1)
     return "survived"
+
+
+def run_sequences(program):
+    try:
+        ended = run([program, "--gtest_fail_fast", "--gtest_filter=" + SEQUENCE_TESTS],
+                    timeout=SEQUENCE_SECONDS)
+    except subprocess.TimeoutExpired:
+        return "killed by the clock"
+    if ended.returncode == 0:
+        return "survived"
+    failed = re.search(r"^\[  FAILED  \] ([^ ,]+)", ended.stdout, re.MULTILINE)
+    return "killed " + (failed.group(1) if failed else f"by status {ended.returncode}")
 
 
 def explained():

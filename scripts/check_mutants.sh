@@ -1,0 +1,13 @@
+#!/bin/sh
+# Changes the library's sources in small ways and fails when its tests do not notice: a
+# sample, as large as three minutes allow. By hand, more and others:
+#
+#   scripts/check_mutants.sh --seed 7 --count 400 --seconds 7200
+set -eu
+cd "$(dirname "$0")/.."
+scripts/install_packages.sh build
+scripts/install_packages.sh mutants
+make -s configure BUILD=build
+cmake --build build --target onu_ability_common_test
+[ $# -gt 0 ] || set -- --seed 1 --count 100 --seconds 150
+exec python3 scripts/mutate.py --build build "$@"
