@@ -10,7 +10,8 @@ A block is indented by four spaces or fenced. In a block
 
 What follows, up to the next command, is its output. A block without these prompts is a
 list of commands whose output is not shown, if its lines begin with programs; otherwise it
-is a text, which it always is when its fence names a language. Behind a paragraph that is
+is a text. It always is when its fence names a language; but a fence named "text" around
+nothing but commands is an error, for there they would hide. Behind a paragraph that is
 nothing but "`NAME`:" it is a file: one to make, or to compare if a command has made it.
 
 What readers need not see stands in remarks of a line, `<!-- test: WORD ... -->`:
@@ -170,6 +171,8 @@ def _block_steps(block):
     if block.name:
         yield Step("file", block.line, "\n".join(block.lines) + "\n", name=block.name,
                    shown_at=block.line, indent=block.indent, shown=block.lines)
+    elif block.language == "text":
+        yield Step("text", block.line, "\n".join(block.lines) + "\n")
     elif block.language not in PLAIN_FENCES:
         return
     elif any(_prompt(line) for line in block.lines):

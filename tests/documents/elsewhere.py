@@ -9,9 +9,10 @@ ENTRY = re.compile(r"(\S.*?) +=> +(\S+)(?: +\((.*)\))?")
 
 
 class Elsewhere:
-    """Entries are lines `COMMAND => FILE` or `COMMAND => FILE (WORDS)`: a pattern of whole
-    commands as of a shell's file names, and the script of this tree that runs them, there
-    written as WORDS if not as here. Blank lines and remarks mean nothing."""
+    """Entries are lines `COMMAND => FILE`, a pattern of whole commands as of a shell's file
+    names and the script of this tree that runs them as they stand, by run_elsewhere.py; or
+    `COMMAND => FILE (WORDS)`, where WORDS stand in the script. Blank lines and remarks mean
+    nothing."""
 
     def __init__(self, path):
         self._places = {}
@@ -25,7 +26,7 @@ class Elsewhere:
             if found.group(1) in self._places:
                 raise DocumentError(f"{path.name}:{number}: {found.group(1)} stands there twice")
             self._places[found.group(1)] = found.group(2)
-            self._words[found.group(1)] = found.group(3) or found.group(1).partition("*")[0].strip()
+            self._words[found.group(1)] = found.group(3)
 
     def entry_of(self, command):
         """The entry that has the command, or None."""
@@ -37,8 +38,11 @@ class Elsewhere:
         return self._places[pattern]
 
     def words(self, pattern):
-        """What stands in the script."""
+        """What stands in the script; None where the script runs what the documents have."""
         return self._words[pattern]
+
+    def runs_as_it_stands(self, pattern):
+        return self._words[pattern] is None
 
     def patterns(self):
         return list(self._places)

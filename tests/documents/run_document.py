@@ -165,14 +165,22 @@ class Player:
             if status != 0:
                 raise Mismatch(f"\"{command}\" ended with {status}:\n{text}")
 
+    def _text(self, step):
+        commands = [command for _, command in lone_commands(step.text)]
+        if commands and all(map(self._begins_with_program, commands)):
+            raise Mismatch("is a block of commands, which a fence named \"text\" hides")
+
     def _is_elsewhere(self, command):
         entry = None if self._installed else self._elsewhere.entry_of(command)
         self.counts["elsewhere"] += entry is not None
         return entry is not None
 
     def _begins_with_program(self, command):
-        words = command.split()
-        while words and re.fullmatch(r"\w+=\S*", words[0]):
+        try:
+            words = shlex.split(command, comments=True)
+        except ValueError:  # a quote without its end
+            return False
+        while words and re.fullmatch(r"\w+=.*", words[0]):
             words.pop(0)
         if not words:
             return False
@@ -235,7 +243,7 @@ ACTIONS = {
     "file": Player._file, "append": Player._append, "files": Player._files,
     "shell": Player._shell_step, "commands": Player._commands, "run": Player._run,
     "console": Player._console_step, "typed": Player._typed, "type": Player._type,
-    "passwords": Player._keep_passwords,
+    "passwords": Player._keep_passwords, "text": Player._text,
 }
 
 

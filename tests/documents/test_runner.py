@@ -103,6 +103,9 @@ class CommandsWithoutOutput(DocumentCase):
     def test_a_text_is_none(self):
         self.assertIn("0 commands run", self.passes("    some text\n\n```yaml\ntest: 1\n```\n"))
 
+    def test_one_that_a_text_hides_is_noticed(self):
+        self.fails("```text\ntest -e data \\\n  -o -e docs\ntest -e docs\n```\n", "hides")
+
     def test_a_listed_one_is_run_elsewhere(self):
         self.assertIn("1 commands are run elsewhere", self.passes("    make test   # all\n"))
 
@@ -194,7 +197,7 @@ class TreeCase(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.tree = pathlib.Path(folder.name)
         (self.tree / "docs").mkdir()
-        (self.tree / "gate.sh").write_text("make bench FILTER=one\n")
+        (self.tree / "gate.sh").write_text("make bench FILTER=one\nrun_elsewhere.py other.sh\n")
         self.elsewhere = self.tree / "elsewhere.txt"
 
     def page(self, text, name="docs/page.md"):
@@ -242,7 +245,8 @@ class CommandsElsewhere(TreeCase):
         return run("check_elsewhere.py", self.tree, self.elsewhere)
 
     def test_used_entries_pass(self):
-        self.expect(self.check("make bench* => gate.sh\n", "    make bench OUT=x  # long\n"), 0)
+        self.expect(self.check("make bench* => gate.sh (make bench)\n",
+                               "    make bench OUT=x  # long\n"), 0)
 
     def test_an_entry_that_no_document_uses_is_noticed(self):
         self.expect(self.check("make bench => gate.sh\n", "    make other\n"), 1,
@@ -253,7 +257,7 @@ class CommandsElsewhere(TreeCase):
 
     def test_a_script_that_does_not_run_it_is_noticed(self):
         self.expect(self.check("make tea => gate.sh\n", "    make tea\n"), 1,
-                    "gate.sh does not run \"make tea\"")
+                    "gate.sh does not run \"run_elsewhere.py gate.sh\"")
         self.expect(self.check("make tea => gate.sh (make coffee)\n", "    make tea\n"), 1,
                     "gate.sh does not run \"make coffee\"")
 
