@@ -22,9 +22,7 @@ stripped_size() {
     cat "$build.log" >&2
     exit 1
   }
-  local library
-  library=$(find "$build" -name 'libonu_ability_common.so' -type f | head -n 1)
-  "$2strip" -o "$build/stripped.so" "$library"
+  "$2strip" -o "$build/stripped.so" "$build/src/onu_ability_common/libonu_ability_common.so"
   stat -c %s "$build/stripped.so"
 }
 
