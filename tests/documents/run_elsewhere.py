@@ -3,7 +3,7 @@
 that are run elsewhere says that a script runs them as they stand; for that script. Each is
 run once, must succeed, and must print what each document shows of it.
 
-    run_elsewhere.py SCRIPT [PATTERN]   those of one pattern only
+    run_elsewhere.py SCRIPT [--tree TREE] [--list LIST]
 """
 
 import argparse
@@ -18,14 +18,12 @@ from document import lone_commands, read_document
 from elsewhere import Elsewhere, without_remark
 
 HERE = pathlib.Path(__file__).resolve().parent
-TREE = HERE.parents[1]
 
 
-def commands_of(script, pattern):
+def commands_of(script, tree, elsewhere):
     """What documents show of each command: command -> [(where, lines)]."""
-    elsewhere = Elsewhere(HERE / "run_elsewhere.txt")
     found = {}
-    for document in documents(TREE):
+    for document in documents(tree):
         for step in read_document(document):
             where = f"{document.name}:{step.line}"
             shown = {}
@@ -36,15 +34,15 @@ def commands_of(script, pattern):
             for command, outputs in shown.items():
                 entry = elsewhere.entry_of(command)
                 if entry is not None and elsewhere.place(entry) == script and \
-                        elsewhere.runs_as_it_stands(entry) and pattern in (None, entry):
+                        elsewhere.runs_as_it_stands(entry):
                     found.setdefault(without_remark(command), []).extend(outputs)
     return found
 
 
-def run(command, outputs):
+def run(command, outputs, tree):
     """What went wrong."""
     started = time.monotonic()
-    done = subprocess.run(["bash", "-c", command], cwd=TREE, stdin=subprocess.DEVNULL,
+    done = subprocess.run(["bash", "-c", command], cwd=tree, stdin=subprocess.DEVNULL,
                           stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, check=False)
     print(f"{command}: {time.monotonic() - started:.0f} s", flush=True)
     if done.returncode != 0:
@@ -57,12 +55,14 @@ def run(command, outputs):
 def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
     parser.add_argument("script")
-    parser.add_argument("pattern", nargs="?")
+    parser.add_argument("--tree", type=pathlib.Path, default=HERE.parents[1])
+    parser.add_argument("--list", type=pathlib.Path, default=HERE / "run_elsewhere.txt")
     options = parser.parse_args()
-    commands = commands_of(options.script, options.pattern)
+    commands = commands_of(options.script, options.tree, Elsewhere(options.list))
     if not commands:
         sys.exit(f"no document has a command that {options.script} runs")
-    faults = [fault for command, outputs in commands.items() for fault in run(command, outputs)]
+    faults = [fault for command, outputs in commands.items()
+              for fault in run(command, outputs, options.tree)]
     print("\n".join(faults + [f"{len(commands)} commands run, {len(faults)} faults"]))
     sys.exit(1 if faults else 0)
 

@@ -261,6 +261,24 @@ class CommandsElsewhere(TreeCase):
         self.expect(self.check("make tea => gate.sh (make coffee)\n", "    make tea\n"), 1,
                     "gate.sh does not run \"make coffee\"")
 
+    def run_all(self, page):
+        self.elsewhere.write_text("echo * => gate.sh\nls * => other.sh\n")
+        self.page(page)
+        return run("run_elsewhere.py", "gate.sh", "--tree", self.tree, "--list", self.elsewhere)
+
+    def test_they_are_run_once_and_compared(self):
+        self.expect(self.run_all("    echo one  # word\n\nText.\n\n    $ echo one\n    one\n\n"
+                                 "Text.\n\n    ls missing\n"), 0, "1 commands run, 0 faults")
+
+    def test_another_output_is_noticed(self):
+        self.expect(self.run_all("    $ echo one\n    two\n"), 1, "page.md:1", "1 faults")
+
+    def test_one_that_fails_is_noticed(self):
+        self.expect(self.run_all("    echo one && false\n"), 1, "ended with 1")
+
+    def test_none_at_all_is_noticed(self):
+        self.expect(self.run_all("Text.\n"), 1, "no document has a command")
+
 
 if __name__ == "__main__":
     parser = argparse.ArgumentParser()
