@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr std::uint64_t kSequencesOfOneTest = 250;
+constexpr std::uint64_t kSequencesOfOneTest = SEQUENCES_OF_ONE_TEST;
 
 class LibraryAndModel : public ::testing::TestWithParam<unsigned int> {};
 

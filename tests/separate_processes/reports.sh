@@ -1,8 +1,10 @@
 #!/bin/sh
-# Usage: reports.sh PROGRAM. Runs the deliberately bad tests, each in a process of its
-# own, and fails unless every one is reported for what it is.
+# Usage: reports.sh PROGRAM [EMULATOR...]. Runs the deliberately bad tests, each in a
+# process of its own, and fails unless every one is reported for what it is.
 set -u
 program=$1
+shift
+emulator="$*"
 output=$(mktemp)
 trap 'rm -f "$output"' EXIT
 
@@ -11,7 +13,8 @@ trap 'rm -f "$output"' EXIT
 run() {
   wanted=$1
   shift
-  { "$program" --separate-processes "$@" 2>&1 3>&1; echo "status $?"; } | cat >"$output"
+  # shellcheck disable=SC2086  # a command and its arguments, or nothing
+  { $emulator "$program" --separate-processes "$@" 2>&1 3>&1; echo "status $?"; } | cat >"$output"
   says "status $wanted"
 }
 
