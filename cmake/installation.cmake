@@ -46,7 +46,9 @@ install(SCRIPT ${CMAKE_CURRENT_BINARY_DIR}/write_pkg_config.cmake COMPONENT deve
 # Documents and the examples, which are there to be copied.
 install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development
   FILES_MATCHING PATTERN "*.md" PATTERN "*.svg" PATTERN "man" EXCLUDE)
-install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
+install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development
+  FILES_MATCHING PATTERN "*.c" PATTERN "*.cpp" PATTERN "*.h" PATTERN "*.txt" PATTERN "Makefile"
+  PATTERN "build*" EXCLUDE)
 
 # Manual pages, each into the section that its name ends with; the third is for programmers.
 file(GLOB ONU_ABILITY_MANUAL_PAGES CONFIGURE_DEPENDS docs/man/*.[1-8])

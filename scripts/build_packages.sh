@@ -6,6 +6,11 @@ cd "$(dirname "$0")/.."
 scripts/install_packages.sh build
 scripts/install_packages.sh packages
 build="build-packages"
+version=$(sed -n 's/^project(.* VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
+if [ "$(dpkg-parsechangelog -S Version)" != "$version" ]; then
+  echo "$0: debian/changelog does not begin with version $version of the project" >&2
+  exit 1
+fi
 rm -rf $build
 mkdir -p $build/source
 cp -R CMakeLists.txt cmake data debian docs examples src $build/source
