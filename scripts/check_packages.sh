@@ -151,23 +151,43 @@ if ldd "$work/static/minimal_host" | grep onu_ability_common; then
   exit 1
 fi
 
-say "Building the library without CMake, for 32-bit ARM"
+# on_board LIBRARY HEADERS: the library exports what it should, and the module in C runs with it.
+on_board() {
+  local program=$work/query-$uses
+  tests/installation/exports.sh "$1" debian/libonu-ability-common1.symbols \
+    arm-linux-gnueabihf-nm arm-linux-gnueabihf-readelf
+  arm-linux-gnueabihf-gcc -I "$2" -I examples/minimal_host -c examples/query_from_c/query.c \
+    -o "$work/query.o"
+  arm-linux-gnueabihf-g++ -std=c++17 -Wno-psabi -I "$2" "$work/query.o" \
+    examples/minimal_host/{host_services,start_up}.cpp "$1" -Wl,-rpath,"$(dirname "$1")" -pthread \
+    -o "$program.arm"
+  printf '#!/bin/sh\nexec qemu-arm -L /usr/arm-linux-gnueabihf %s\n' "$program.arm" >"$program"
+  chmod +x "$program"
+  compare "$program" query_from_c
+}
+
+say "Building the library by the toolchain file, for 32-bit ARM"
+rm -rf build-arm
+{
+  cmake -S . -B build-arm -G Ninja \
+    -DCMAKE_TOOLCHAIN_FILE=cmake/toolchains/arm-linux-gnueabihf.cmake \
+    -DCMAKE_BUILD_TYPE=Release -DONU_ABILITY_BUILD_HOST=OFF -DONU_ABILITY_BUILD_TESTS=OFF
+  cmake --build build-arm
+  cmake --install build-arm --prefix build-arm/prefix
+} >"$work/log" || {
+  cat "$work/log"
+  exit 1
+}
+on_board "$tree/build-arm/prefix/lib/libonu_ability_common.so" \
+  build-arm/prefix/include/onu_ability_common
+
+say "Building it without CMake"
 CXX=arm-linux-gnueabihf-g++ CXXFLAGS="-O1 -Wno-psabi" AR=arm-linux-gnueabihf-ar \
   scripts/build_without_cmake.sh "$work/vendor"
-tests/installation/exports.sh "$work/vendor/libonu_ability_common.so" \
-  debian/libonu-ability-common1.symbols arm-linux-gnueabihf-nm arm-linux-gnueabihf-readelf
+on_board "$work/vendor/libonu_ability_common.so" "$work/vendor/include/onu_ability_common"
 # The help that it made of the list of ONU types is that of the usual build.
 diff <(grep '^  "' "$work/vendor/generated/onu_type_help.h") \
-  <(grep '^  "' "$(find "$built/source" -name onu_type_help.h)")
-# Its headers are more than the installed ones by those that none of these includes.
-arm-linux-gnueabihf-gcc -I "$work/vendor/include/onu_ability_common" -I examples/minimal_host \
-  -c examples/query_from_c/query.c -o "$work/query.o"
-arm-linux-gnueabihf-g++ -std=c++17 -Wno-psabi -I "$work/vendor/include/onu_ability_common" \
-  "$work/query.o" examples/minimal_host/{host_services,start_up}.cpp \
-  "$work/vendor/libonu_ability_common.so" -Wl,-rpath,"$work/vendor" -pthread -o "$work/query"
-printf '#!/bin/sh\nexec qemu-arm -L /usr/arm-linux-gnueabihf %s\n' "$work/query" >"$work/run-query"
-chmod +x "$work/run-query"
-compare "$work/run-query" query_from_c
+  <(grep '^  "' build-arm/src/onu_ability_common/generated/onu_type_help.h)
 
 if [ $installed = yes ]; then
   clean_up
