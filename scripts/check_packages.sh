@@ -123,6 +123,17 @@ for example in minimal_host query_from_c port_template; do
   compare "$work/$example/$program" $example
 done
 
+# Another major version is another library.
+mkdir "$work/later"
+printf '%s\n' 'cmake_minimum_required(VERSION 3.16)' 'project(later LANGUAGES C CXX)' \
+  'find_package(onu_ability_common 2 REQUIRED)' >"$work/later/CMakeLists.txt"
+if cmake -S "$work/later" -B "$work/later/build" >"$work/log" 2>&1 ||
+  ! grep -q 'compatible with requested version' "$work/log"; then
+  cat "$work/log"
+  echo "version 2 was asked for, and version 1 taken, or something else is wrong" >&2
+  exit 1
+fi
+
 say "Installing without packages"
 DESTDIR=$work/root make install >"$work/log" || {
   cat "$work/log"
