@@ -1,7 +1,8 @@
 #!/usr/bin/python3
 """Holds the list of commands that are run elsewhere against the documents and against the
 scripts that are said to run them: every entry has a command in some document, and the script runs
-the commands as they stand there, or has the words that the list gives.
+the commands as they stand there, or has the words that the list gives. What documents
+have for installed packages only is run by the gate that installs them.
 
     check_elsewhere.py TREE LIST
 """
@@ -15,12 +16,27 @@ from document import DocumentError, lone_commands, read_document
 from elsewhere import Elsewhere
 
 
+INSTALLED_BY = "scripts/check_packages.sh"
+RUNS_INSTALLED = "run_document.py --installed"
+
+
 def commands_of(document):
     for step in read_document(document):
         if step.kind == "shell":
             yield step.text
         elif step.kind == "commands":
             yield from (command for _, command in lone_commands(step.text))
+
+
+def unrun_with_packages(tree):
+    """Whether documents have commands for installed packages, and no gate runs them."""
+    gate = tree / INSTALLED_BY
+    if gate.is_file() and RUNS_INSTALLED in gate.read_text():
+        return []
+    return [f"{document.relative_to(tree)} has commands for installed packages, and "
+            f"{INSTALLED_BY} does not run them"
+            for document in documents(tree)
+            if any(step.kind == "installed" for step in read_document(document))]
 
 
 def faults(tree, elsewhere):
@@ -48,7 +64,7 @@ def main():
     parser.add_argument("list", type=pathlib.Path)
     options = parser.parse_args()
     elsewhere = Elsewhere(options.list)
-    found = list(faults(options.tree, elsewhere))
+    found = list(faults(options.tree, elsewhere)) + unrun_with_packages(options.tree)
     print("\n".join(found + [f"{len(elsewhere.patterns())} entries, {len(found)} faults"]))
     sys.exit(1 if found else 0)
 

@@ -10,7 +10,6 @@ import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "olt_host/sessions"))
 
-# pylint: disable=wrong-import-position
 from host_process import is_asleep
 from operator_line import Ended, PseudoTerminal, Telnet
 from operator_session import OperatorSession

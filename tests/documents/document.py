@@ -9,9 +9,9 @@ A block is indented by four spaces or fenced. In a block
                          Enter follows. "Username: " and "Password: " are prompts, too
 
 What follows, up to the next command, is its output. A block without these prompts is a
-list of commands whose output is not shown, if its lines begin with programs; otherwise it
-is a text. It always is when its fence names a language; but a fence named "text" around
-nothing but commands is an error, for there they would hide. Behind a paragraph that is
+list of commands whose output is not shown, unless its fence names a language: then it is a
+text. But a fence named "text" around nothing but commands is an error, for there they
+would hide. Behind a paragraph that is
 nothing but "`NAME`:" it is a file: one to make, or to compare if a command has made it.
 
 What readers need not see stands in remarks of a line, `<!-- test: WORD ... -->`:

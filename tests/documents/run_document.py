@@ -144,14 +144,10 @@ class Player:
                                      is_enough_here).replace(self._port, PORT)
 
     def _commands(self, step):
-        commands = lone_commands(step.text)
-        programs = [self._begins_with_program(command) for _, command in commands]
-        if not any(programs):
-            return
-        for (offset, command), is_program in zip(commands, programs):
-            if not is_program:
-                raise Mismatch(f"line {step.line + offset} is no command, but others of the block "
-                               "are; name a language, or use prompts")
+        for offset, command in lone_commands(step.text):
+            if not self._begins_with_program(command):
+                raise Mismatch(f"line {step.line + offset} begins with no program; a text has a "
+                               "fence with its language, or \"text\"")
             if self._is_elsewhere(command):
                 continue
             self.counts["run"] += 1
@@ -177,7 +173,7 @@ class Player:
 
     def _begins_with_program(self, command):
         try:
-            words = shlex.split(command, comments=True)
+            words = shlex.split(command.replace("\\\n", " "), comments=True)
         except ValueError:  # a quote without its end
             return False
         while words and re.fullmatch(r"\w+=.*", words[0]):

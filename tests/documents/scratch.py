@@ -11,7 +11,6 @@ import tempfile
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "olt_host/sessions"))
 
-# pylint: disable=wrong-import-position
 from host_process import environment
 
 LINKED = ("src", "tests", "bench")

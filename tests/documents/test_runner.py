@@ -97,11 +97,13 @@ class CommandsWithoutOutput(DocumentCase):
         self.fails("    test -e data/catalogue.yaml\n    test -e data/missing   # remark\n",
                    "data/missing", "ended with 1")
 
-    def test_a_block_of_commands_and_text_is_noticed(self):
-        self.fails("    test -e data\n    some text\n", "line 2 is no command")
+    def test_a_line_that_is_no_command_is_noticed(self):
+        self.fails("    test -e data\n    some text\n", "line 2 begins with no program")
 
-    def test_a_text_is_none(self):
-        self.assertIn("0 commands run", self.passes("    some text\n\n```yaml\ntest: 1\n```\n"))
+    def test_a_text_names_its_language(self):
+        output = self.passes("```text\nsome text\n```\n\n```yaml\ntest: 1\n```\n")
+        self.assertIn("0 commands run", output)
+        self.fails("```\nsome text\n```\n", "line 2 begins with no program")
 
     def test_one_that_a_text_hides_is_noticed(self):
         self.fails("```text\ntest -e data \\\n  -o -e docs\ntest -e docs\n```\n", "hides")
@@ -260,6 +262,14 @@ class CommandsElsewhere(TreeCase):
                     "gate.sh does not run \"run_elsewhere.py gate.sh\"")
         self.expect(self.check("make tea => gate.sh (make coffee)\n", "    make tea\n"), 1,
                     "gate.sh does not run \"make coffee\"")
+
+    def test_commands_for_packages_that_no_gate_installs_are_noticed(self):
+        page = "    make tea\n\n<!-- test: installed -->\n\n    $ tea\n"
+        entries = "make tea => gate.sh (make bench)\n"
+        self.expect(self.check(entries, page), 1, "commands for installed packages")
+        (self.tree / "scripts").mkdir()
+        (self.tree / "scripts/check_packages.sh").write_text("run_document.py --installed x.md\n")
+        self.expect(self.check(entries, page), 0)
 
     def run_all(self, page):
         self.elsewhere.write_text("echo * => gate.sh\nls * => other.sh\n")
