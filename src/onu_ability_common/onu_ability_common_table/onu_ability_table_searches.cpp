@@ -11,15 +11,11 @@ bool IsFrom(ONU_ABILITY_ENUM_PROFILE_SOURCE source, const OnuAbilityProfile& pro
   return source == ONU_ABILITY_PROFILE_SOURCE_ALL || source == profile._profile_source;
 }
 
-// The newest profile that holds the number and is `wanted`, or an irregular one that
-// is newer and, asked itself in the order of the walk, `fits`.
-template <typename Wanted, typename Fits>
-OnuAbilityProfile* FindNewest(std::vector<OnuAbilityProfile>& profiles, const ValueIndex& index,
-                              unsigned int number, Wanted wanted, Fits fits) {
-  unsigned int found = index.Newest(number);
-  while (found != kNoPosition && !wanted(profiles[found])) {
-    found = index.Older(found);
-  }
+// The profile at `found`, or an irregular one that is newer and, asked itself in the
+// order of the walk, `fits`.
+template <typename Fits>
+OnuAbilityProfile* NewerIrregularOr(unsigned int found, std::vector<OnuAbilityProfile>& profiles,
+                                    const ValueIndex& index, Fits fits) {
   const auto& irregular = index.Irregular();
   for (auto position = irregular.rbegin(); position != irregular.rend(); ++position) {
     if (found != kNoPosition && *position < found) {
@@ -64,8 +60,11 @@ OnuAbilityProfile* OnuAbilityTableBase::FindByCode(ONU_ABILITY_ENUM_PROFILE_SOUR
     return profile.IsEqual(source, code, value) != 0;
   };
   if (const ValueIndex* index = ShortWayBy(code)) {
-    const auto wanted = [source](const auto& profile) { return IsFrom(source, profile); };
-    return FindNewest(_vec_profile, *index, value, wanted, fits);
+    unsigned int found = index->Newest(value);
+    while (found != kNoPosition && !IsFrom(source, _vec_profile[found])) {
+      found = index->Older(found);
+    }
+    return NewerIrregularOr(found, _vec_profile, *index, fits);
   }
   return WalkFromNewest(_vec_profile, fits);
 }
@@ -75,8 +74,7 @@ OnuAbilityProfile* OnuAbilityTableBase::FindByCode(unsigned short code, unsigned
     return profile.IsEqual(code, value) != 0;
   };
   if (const ValueIndex* index = ShortWayBy(code)) {
-    const auto wanted = [](const auto& /*profile*/) { return true; };
-    return FindNewest(_vec_profile, *index, value, wanted, fits);
+    return NewerIrregularOr(index->Newest(value), _vec_profile, *index, fits);
   }
   return WalkFromNewest(_vec_profile, fits);
 }
@@ -86,8 +84,7 @@ OnuAbilityProfile* OnuAbilityTableBase::FindByRealType(unsigned short onu_real_t
     return (profile == onu_real_type) != 0;
   };
   if (const ValueIndex* index = ShortWayBy(ONU_ABILITY_CODE_REAL_TYPE)) {
-    const auto wanted = [](const auto& /*profile*/) { return true; };
-    return FindNewest(_vec_profile, *index, onu_real_type, wanted, fits);
+    return NewerIrregularOr(index->Newest(onu_real_type), _vec_profile, *index, fits);
   }
   return WalkFromNewest(_vec_profile, fits);
 }

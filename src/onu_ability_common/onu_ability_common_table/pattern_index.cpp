@@ -43,17 +43,17 @@ const std::uint64_t* AsBits(NamedPositions& named, std::size_t words, PositionBi
   return bits.data();
 }
 
+// Some bit has to be set.
 unsigned int Highest(const PositionBits& bits) {
-  for (std::size_t word = bits.size(); word-- > 0;) {
-    if (bits[word] != 0) {
-      unsigned int bit = kBitsOfWord - 1;
-      while ((bits[word] >> bit & 1U) == 0) {
-        --bit;
-      }
-      return static_cast<unsigned int>(word * kBitsOfWord) + bit;
-    }
+  std::size_t word = bits.size() - 1;
+  while (bits[word] == 0) {
+    --word;
   }
-  return kNoPosition;
+  unsigned int bit = kBitsOfWord - 1;
+  while ((bits[word] >> bit & 1U) == 0) {
+    --bit;
+  }
+  return static_cast<unsigned int>(word * kBitsOfWord) + bit;
 }
 
 template <typename Key>

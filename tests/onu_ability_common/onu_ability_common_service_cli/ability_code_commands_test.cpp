@@ -55,6 +55,13 @@ class CommandAbilityCodeTest : public CommandTest {
 
 // --- show ability code
 
+TEST_F(CommandAbilityCodeTest, ArgumentThatIsNullIsTheCodeZero) {
+  const unsigned int result = RunVector(cl_show_onu_ability_code_info_cmd, {nullptr});
+  const std::string shown = output;
+  EXPECT_EQ(Run(cl_show_onu_ability_code_info_cmd, {"0"}), result);
+  EXPECT_EQ(output, shown);
+}
+
 TEST_F(CommandAbilityCodeTest, ShowWithoutArgumentListsTheWholeRegistry) {
   EXPECT_EQ(Run(cl_show_onu_ability_code_info_cmd, {}), 0U);
   EXPECT_EQ(output,

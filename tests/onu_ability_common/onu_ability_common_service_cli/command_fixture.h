@@ -25,6 +25,11 @@ class CommandTest : public LibraryTest {
     for (std::string& argument : arguments) {
       argv.push_back(argument.data());
     }
+    return RunVector(command, argv);
+  }
+
+  // The same with any vector, null texts included.
+  unsigned int RunVector(cmd_element& command, std::vector<char*> argv) {
     vty terminal;
     const int result =
         command.func(&command, &terminal, static_cast<int>(argv.size()), argv.data());

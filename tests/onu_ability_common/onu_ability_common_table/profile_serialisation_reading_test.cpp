@@ -229,6 +229,17 @@ TEST_F(ProfileSerialisationReadingTest, RecordsAfterAFailedAllocationAreRead) {
             (Content{{kPotsPorts, NumberEntry(5)}, {kTypeName, {3, 0, "SFU-4"}}}));
 }
 
+TEST_F(ProfileSerialisationReadingTest, LengthThatNoBlockHoldsEndsTheReading) {
+  host.ForgetMemoryCalls();
+
+  Read(HeaderItems({21, 3, 2, 1, 1, 0, 1}) +
+       Items({IntItem(1083), IntItem(3), IntItem(0), IntItem(0xFFFFFFFFU)}));
+
+  EXPECT_TRUE(host.ClaimLog(13, "unpack ability_string_value failed\r\n"));
+  EXPECT_TRUE(host.memory_calls().empty()) << "one more byte for the end would be none at all";
+  EXPECT_EQ(ContentOf(profile), Content{});
+}
+
 TEST_F(ProfileSerialisationReadingTest, AnyBlockThatIsNotGivenLosesItsOwnStringOnly) {
   const unsigned int codes[] = {1082, 1083, 1093};
   for (unsigned int k = 1; k <= 3; ++k) {

@@ -96,6 +96,9 @@ TEST_F(TableManagerOutputsTest, FailedNewIdIsLogged) {
                 Log(4, "GetOnuAllAbilityValue failed!profile_source:1, ret:0x1234"),
                 Log(10, "OnuAbilityTableManager::GetNewId end!")}),
             TakeManagerLog());
+  onu_ability_set_log_level_mask(0);
+  EXPECT_EQ(0x1234U, manager.Get(kReal, kExternal, id)) << "heard or not";
+  onu_ability_set_log_level_mask(0xFFFFFFFFU);
   manager._map_table[kReal] = real;
 }
 

@@ -1,0 +1,138 @@
+// A log sink that changes the registries while an operation on them says its lines: what
+// the operation found before a line may be gone after it. Whenever the change comes, names
+// stay unique, and no code has an attribute that is not registered.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <set>
+#include <string>
+
+#include "onu_ability_common_table.h"
+#include "support/library_reset.h"
+#include "support/recording_host.h"
+
+namespace {
+
+constexpr auto kOther = static_cast<ONU_ABILITY_ENUM_ABILITY_ATTR_ID>(8);
+constexpr auto kAnother = static_cast<ONU_ABILITY_ENUM_ABILITY_ATTR_ID>(9);
+
+OnuAbilityAttrInfo& Attributes() { return *OnuAbilityAttrInfo::GetInstance(); }
+OnuAbilityCodeInfo& Codes() { return *OnuAbilityCodeInfo::GetInstance(); }
+
+void Define(unsigned short code, const std::string& name, bool has_other = false) {
+  ONU_ABILITY_CODE_ATTR_INFO record;
+  record.ability_code = code;
+  record.ability_name = name;
+  record.ability_attr.clear();
+  if (has_other) {
+    record.ability_attr[kOther] = 1;
+  }
+  Codes().Update(record);
+}
+
+// What is wrong with the registries; empty when nothing is.
+std::string Faults() {
+  std::string faults;
+  std::set<std::string> names;
+  for (int id = 0; id < 16; ++id) {
+    const auto attribute = static_cast<ONU_ABILITY_ENUM_ABILITY_ATTR_ID>(id);
+    if (Attributes().IsExist(attribute) != 0 && !names.insert(Attributes().Get(attribute)).second) {
+      faults += "two attributes have one name; ";
+    }
+  }
+  names.clear();
+  std::vector<ONU_ABILITY_CODE_ATTR_INFO> records;
+  onu_ability_get_all_ability_attr_info(records);
+  for (const ONU_ABILITY_CODE_ATTR_INFO& record : records) {
+    if (!names.insert(record.ability_name).second) {
+      faults += "two codes have one name; ";
+    }
+    for (const auto& attribute : record.ability_attr) {
+      if (Attributes().IsExist(attribute.first) == 0) {
+        faults += "a code has an attribute that is not registered; ";
+      }
+    }
+  }
+  return faults;
+}
+
+struct Meeting {
+  const char* name;
+  void (*prepare)();
+  void (*operation)();
+  void (*change)();  // made at one line of the operation
+  const char* said;  // at least once, for the change that came at that moment; or null
+};
+
+std::ostream& operator<<(std::ostream& out, const Meeting& meeting) { return out << meeting.name; }
+
+void Nothing() {}
+
+const Meeting kMeetings[] = {
+    {"TwoAddOneName", Nothing, [] { Attributes().Add(kOther, "NEW"); },
+     [] { Attributes().Add(kAnother, "NEW"); }, nullptr},
+    {"TwoAddOneId", Nothing, [] { Attributes().Add(kOther, "NEW"); },
+     [] { Attributes().Add(kOther, "ELSE"); }, nullptr},
+    {"RenamedToATakenName", [] { Attributes().Add(kOther, "OLD"); },
+     [] { Attributes().Update(kOther, "NEW"); }, [] { Attributes().Add(kAnother, "NEW"); },
+     nullptr},
+    {"RenamedWhenDeleted", [] { Attributes().Add(kOther, "OLD"); },
+     [] { Attributes().Update(kOther, "NEW"); }, [] { Attributes().Del(kOther); }, nullptr},
+    {"AttributeDeletedWhenUsed", [] { Attributes().Add(kOther, "OLD"); },
+     [] { Attributes().Del(kOther); }, [] { Define(2000, "CODE", true); },
+     "ability_attr_id is not exist!ability_attr_id:8"},
+    {"AttributeDeletedByNameWhenUsed", [] { Attributes().Add(kOther, "OLD"); },
+     [] { Attributes().Del(std::string("OLD")); }, [] { Define(2000, "CODE", true); },
+     "find ability_attr_name null!ability_attr_name:OLD"},
+    {"TwoCodesOfOneName", Nothing, [] { Define(2000, "CODE"); }, [] { Define(2001, "CODE"); },
+     "ability_code_info is invalid!"},
+    {"CodeWithAnAttributeThatGoes", [] { Attributes().Add(kOther, "OLD"); },
+     [] { Define(2000, "CODE", true); }, [] { Attributes().Del(kOther); },
+     "ability_code_info is invalid!"},
+    {"CodeDeletedTwice", [] { Define(2000, "CODE"); },
+     [] { Codes().Del(static_cast<unsigned short>(2000)); },
+     [] { Codes().Del(static_cast<unsigned short>(2000)); }, nullptr},
+};
+
+class ChangesInBetween : public ::testing::TestWithParam<Meeting> {
+ protected:
+  // Makes the change at the k-th line; false when the operation has fewer.
+  static bool Meet(unsigned int k) {
+    RecordingHost& host = RecordingHost::Instance();
+    unsigned int line = 0;
+    host.log_listener = [&line, k](const LogLine& /*said*/) {
+      if (++line == k) {
+        GetParam().change();
+      }
+    };
+    GetParam().operation();
+    host.log_listener = nullptr;
+    return line >= k;
+  }
+};
+
+TEST_P(ChangesInBetween, LeaveTheRegistriesWhole) {
+  RecordingHost& host = RecordingHost::Instance();
+  bool said = GetParam().said == nullptr;
+  bool met = true;
+  for (unsigned int k = 1; met; ++k) {
+    ResetLibrary({kOther, kAnother});
+    GetParam().prepare();
+    host.ForgetLog();
+    met = Meet(k);
+    for (const LogLine& line : host.TakeLog()) {
+      said = said || (met && line.text == GetParam().said);
+    }
+    EXPECT_EQ("", Faults()) << "the change came at line " << k;
+    host.ForgetLog();
+  }
+  EXPECT_TRUE(said) << GetParam().said;
+}
+
+std::string NameOf(const ::testing::TestParamInfo<Meeting>& parameter) {
+  return parameter.param.name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, ChangesInBetween, ::testing::ValuesIn(kMeetings), NameOf);
+
+}  // namespace
