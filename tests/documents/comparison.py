@@ -17,9 +17,9 @@ NORMALISATIONS = [
     (re.compile(r'^( *"(?:process|library|compiler|build|idle_seconds|uptime_seconds)": ).*?(,?)$'),
      r"\1...\2"),
     (re.compile(r"^(  (?:Memory|Most memory) in use +)\d+ kB"), r"\1..."),
-    (re.compile(r"\b\d+(?:\.\d+)? (?:us|ms|s)\b"), "DURATION"),
-    (re.compile(r'^( *"\w+_seconds": )[-+.e\d]+'), r"\1DURATION"),
     (re.compile(r"\b\d+m \d\ds\b"), "DURATION"),
+    (re.compile(r"\b\d+(?:\.\d+)? ?(?:us|ms|s)\b"), "DURATION"),
+    (re.compile(r'^( *"\w+_seconds": )[-+.e\d]+'), r"\1DURATION"),
     (re.compile(r"(\d+ ONUs in DURATION), \d+ a second"), r"\1, SO MANY a second"),
     (re.compile(r"(func:\w+,line:)\d+"), r"\1N"),
 ]

@@ -76,6 +76,11 @@ class ShellCommands(DocumentCase):
         self.fails("    $ seq 9\n    ...\n    8\n")
         self.fails("    $ seq 3\n    1\n    ...\n    1\n    ...\n")
 
+    def test_times_may_differ_and_nothing_beside_them(self):
+        page = "    $ echo 'since 2026-01-02 03:04:05, for 6s, 0.7 ms each'\n    {}\n"
+        self.passes(page.format("since 2027-11-12 13:14:15, for 16s, 12 ms each"))
+        self.fails(page.format("since 2027-11-12 13:14:15, for 16s, 12 ms all"))
+
     def test_a_shell_goes_on_through_the_document(self):
         self.passes("    $ cd data\n    $ wanted=facts\n\nText.\n\n"
                     "    $ test -d $wanted && basename \"$PWD\"\n    data\n")
