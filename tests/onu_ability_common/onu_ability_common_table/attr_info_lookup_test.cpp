@@ -3,6 +3,7 @@
 
 #include "support/catalogue_builder.h"
 #include "support/recording_host.h"
+#include "support/traces.h"
 
 namespace {
 
@@ -97,6 +98,8 @@ TEST_F(AttrInfoLookupTest, EveryOperationTracesStartAndEnd) {
     ASSERT_GE(lines.size(), 2U) << "operation " << i;
     EXPECT_EQ(Log(10, "function start!"), lines.front()) << "operation " << i;
     EXPECT_EQ(Log(10, "function end!"), lines.back()) << "operation " << i;
+    EXPECT_EQ(lines.front().function, lines.back().function) << "operation " << i;
+    EXPECT_EQ("", UnevenTraces(lines)) << "operation " << i;
   }
 }
 

@@ -3,6 +3,7 @@
 
 #include "support/catalogue_builder.h"
 #include "support/recording_host.h"
+#include "support/traces.h"
 
 namespace {
 
@@ -167,6 +168,9 @@ TEST_F(CodeInfoLookupTest, EveryOperationTracesStartAndEnd) {
       [&] { registry_->Show(&terminal); },
       [&] { registry_->Show(&terminal, kCode); },
       [&] { registry_->Show(&terminal, std::string("fe")); },
+      [&] { registry_->Show(nullptr); },
+      [&] { registry_->Show(nullptr, kCode); },
+      [&] { registry_->Show(nullptr, std::string("fe")); },
       [&] { registry_->Del(kNoCode); },
       [&] { registry_->Del(kCode); },
       [&] { registry_->Del("POWER_LAMP"); },
@@ -179,6 +183,8 @@ TEST_F(CodeInfoLookupTest, EveryOperationTracesStartAndEnd) {
     ASSERT_GE(lines.size(), 2U) << "operation " << i;
     EXPECT_EQ(Log(10, "function start!"), lines.front()) << "operation " << i;
     EXPECT_EQ(Log(10, "function end!"), lines.back()) << "operation " << i;
+    EXPECT_EQ(lines.front().function, lines.back().function) << "operation " << i;
+    EXPECT_EQ("", UnevenTraces(lines)) << "operation " << i;
   }
 }
 

@@ -1,0 +1,64 @@
+// The traces of a table's questions that no other test reads, and what a comparison of profiles
+// says.
+#include "table_fixture.h"
+
+namespace table_test {
+namespace {
+
+class TableBaseTracesTest : public TableTest {
+ protected:
+  TableBaseTracesTest() {
+    table.Put(With(With(MakeRealProfile(7, 70), kFePorts, 4), kTypeName, "NAME"));
+    ForgetSetUp();
+  }
+
+  OpenTable<OnuAbilityTableBase> table;
+};
+
+TEST_F(TableBaseTracesTest, AStringByTypeIsAskedUnderTrace) {
+  constexpr unsigned short kType = 70;
+  std::string text;
+  table.Get(kType, kTypeName, text);
+  const std::vector<LogLine> lines = host.TakeLog();
+  ASSERT_GE(lines.size(), 2U);
+  EXPECT_EQ(Log(10, "function start!"), lines.front());
+  EXPECT_EQ(Log(10, "function end!"), lines.back());
+}
+
+TEST_F(TableBaseTracesTest, TheExistenceOfACodeIsAskedUnderTrace) {
+  table.IsExist(kFePorts);
+  const std::vector<LogLine> lines = host.TakeLog();
+  ASSERT_GE(lines.size(), 2U);
+  EXPECT_EQ(Log(10, "function start!"), lines.front());
+  EXPECT_EQ(Log(10, "function end!"), lines.back());
+}
+
+TEST_F(TableBaseTracesTest, APatternSaysTheTypeOfEachValueThatItCompares) {
+  OnuAbilityProfile report = With(MakeProfile(kMatch), kFePorts, 4);
+  report._flag_match_type = ONU_ABILITY_MATCH_TYPE_PATTERN;
+  const OnuAbilityProfile pattern = With(MakeProfile(kMatch), kFePorts, 4);
+  host.ForgetLog();
+  OnuAbilityProfile stored = pattern;
+  EXPECT_NE(0, stored == report);
+  EXPECT_TRUE(host.ClaimLog(6, "value_type:2"));
+}
+
+TEST_F(TableBaseTracesTest, AnOperatorsProfileOfTheInputsIdIsSaidToExist) {
+  OnuAbilityProfile stored = WithId(MakeRealProfile(7, 70, kExternal), 9);
+  OnuAbilityProfile input = WithId(MakeRealProfile(9, 90, kExternal), 70);
+  input._flag_match_type = ONU_ABILITY_MATCH_TYPE_EXACT;
+  host.ForgetLog();
+  EXPECT_NE(0, stored == input);
+  EXPECT_TRUE(host.ClaimLog(5, "id already exist!"));
+}
+
+TEST_F(TableBaseTracesTest, ARealProfileWithAnIdIsAddedUnderThatId) {
+  OnuRealAbilityTable real;
+  OnuAbilityProfile added = WithId(MakeRealProfile(8, 80, kExternal), 30005);
+  host.ForgetLog();
+  real.Add(added);
+  EXPECT_TRUE(host.ClaimLog(4, "id:30005"));
+}
+
+}  // namespace
+}  // namespace table_test
