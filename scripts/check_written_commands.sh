@@ -27,7 +27,7 @@ quietly make bench BENCH_BUILD=$build BENCH_PLOT=$build/plot.svg \
 quietly bench/report.py $build/results.json --before $build/results.json
 
 # The programs that fuzz are those that the fuzz gate has left.
-[ -d build-fuzz/found/catalogue ] || quietly scripts/check_fuzz.sh 1
+[ -d build-sanitizers/found/catalogue ] || quietly scripts/check_fuzz.sh 1
 
 tests/documents/run_elsewhere.py scripts/check_written_commands.sh >$log || { cat $log; exit 1; }
 cat $log
