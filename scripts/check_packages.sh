@@ -30,7 +30,8 @@ for package in "${packages[@]}"; do
   fi
 done
 
-make packages
+# Optimised less than for use, and with lines alone for debuggers: that takes half the time.
+DEB_CXXFLAGS_APPEND='-O1 -g1' make packages
 built=$tree/build-packages
 
 work=$(mktemp -d)
