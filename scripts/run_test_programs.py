@@ -33,8 +33,9 @@ def program_of(test):
 def run_program(program, emulator):
     """Returns how many tests passed; ends everything when one did not."""
     started = time.monotonic()
+    patience = ["--timeout", "1800"] if emulator else []  # seconds a test; emulators are slow
     result = subprocess.run(
-        [*emulator, program, "--separate-processes", "--jobs", str(os.cpu_count())],
+        [*emulator, program, "--separate-processes", "--jobs", str(os.cpu_count()), *patience],
         stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, errors="replace")
     summary = result.stdout.strip().splitlines()[-1]
     if result.returncode != 0 or not summary.endswith("all passed"):

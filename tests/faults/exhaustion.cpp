@@ -187,7 +187,7 @@ Exhaustion RunOutOfMemory(const Operation& operation) {
     outcome.faults.push_back("with all its memory: " + after.outputs);
     return outcome;
   }
-  for (unsigned int k = 1;; ++k) {
+  for (unsigned int k = 1;; k += 1 + REQUESTS_BETWEEN_SHORTAGES) {
     bool over = true;
     for (const From from : {From::kOnce, From::kThenOnAll}) {
       const std::string said =

@@ -202,16 +202,16 @@ INSTANTIATE_TEST_SUITE_P(Seeds, RandomAgreement,
 
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer)
-#define OLT_HOST_TEST_IS_SANITIZED
+#define OLT_HOST_TEST_IS_SLOW
 #endif
 #elif defined(__SANITIZE_ADDRESS__)
-#define OLT_HOST_TEST_IS_SANITIZED
+#define OLT_HOST_TEST_IS_SLOW
 #endif
 
-#ifdef OLT_HOST_TEST_IS_SANITIZED
-constexpr bool kIsSanitized = true;
+#ifdef OLT_HOST_TEST_IS_SLOW
+constexpr bool kIsSlow = true;
 #else
-constexpr bool kIsSanitized = false;
+constexpr bool kIsSlow = false;
 #endif
 
 // Without the verdicts on two thousand profiles.
@@ -224,7 +224,7 @@ struct Kept {
 class LargeAgreement : public RandomAgreement {};
 
 TEST_P(LargeAgreement, OnEightThousandOnusAndTwoThousandPatterns) {
-  constexpr std::uint32_t kSlices = kIsSanitized ? 32 : 8;  // of which eight are looked at
+  constexpr std::uint32_t kSlices = kIsSlow ? 32 : 8;  // of which eight are looked at
   constexpr std::size_t kOnus = 8192;
   RandomNetwork random(77);
   InstallLibrary(random.Library(2000, true));
