@@ -9,6 +9,7 @@
 
 #include "onu_ability_common_global/log_settings.h"
 #include "onu_ability_common_table.h"
+#include "support/catalogue_builder.h"
 #include "support/library_reset.h"
 #include "support/recording_host.h"
 
@@ -139,6 +140,34 @@ TEST_P(ChangesInBetween, LeaveTheRegistriesWhole) {
 TEST_P(ChangesInBetween, LeaveTheRegistriesWholeWhileNobodyHearsOfARejection) {
   onu_ability_set_log_level_mask(~1U);
   MeetAtEveryLine();
+}
+
+// Two that ask for an id at the same time must not get the same one.
+TEST(ProfilesAddedInBetween, HaveIdsOfTheirOwn) {
+  OnuAbilityTableManager& manager = *OnuAbilityTableManager::GetInstance();
+  RecordingHost& host = RecordingHost::Instance();
+  bool met = true;
+  for (unsigned int k = 1; met; ++k) {
+    ResetLibrary({});
+    manager.Init();
+    OnuAbilityProfile first = MakeProfile(ONU_ABILITY_PROFILE_TYPE_MATCH, 1);
+    OnuAbilityProfile second = MakeProfile(ONU_ABILITY_PROFILE_TYPE_MATCH, 1);
+    unsigned int line = 0;
+    host.log_listener = [&](const LogLine& /*said*/) {
+      // The table's own lines come under its lock, where none may call back for it.
+      if (host.locks_held() == 0 && ++line == k) {
+        manager.Add(second);
+      }
+    };
+    manager.Add(first);
+    host.log_listener = nullptr;
+    met = line >= k;
+    std::vector<OnuAbilityProfile> stored;
+    manager.GetAll(ONU_ABILITY_PROFILE_TYPE_MATCH, ONU_ABILITY_PROFILE_SOURCE_ALL, stored);
+    ASSERT_EQ(met ? 2U : 1U, stored.size());
+    EXPECT_NE(stored.front()._id, met ? stored.back()._id : 0) << "it came at line " << k;
+    host.ForgetLog();
+  }
 }
 
 std::string NameOf(const ::testing::TestParamInfo<Meeting>& parameter) {

@@ -24,4 +24,14 @@ inline std::string UnevenTraces(const std::vector<LogLine>& lines) {
   return uneven;
 }
 
+// Who said `text`, by the tail of the first such line; empty when nobody did.
+inline std::string SaidBy(const std::string& text, const std::vector<LogLine>& lines) {
+  for (const LogLine& line : lines) {
+    if (line.text == text) {
+      return line.function;
+    }
+  }
+  return "";
+}
+
 #endif  // TESTS_SUPPORT_TRACES_H

@@ -1,5 +1,6 @@
 // What gathering makes of an ONU's answers.
 #include "confirm_onu_type_fixture.h"
+#include "support/traces.h"
 
 namespace {
 
@@ -161,6 +162,13 @@ TEST_F(ConfirmOnuTypeGatheringTest, LogsEveryStepInOrder) {
                 Log(4, "onu_capa_private:1"),
                 Log(4, "onu_device_name:HOME-1."),
             }));
+}
+
+TEST_F(ConfirmOnuTypeTest, WhatIsGatheredIsSaidByInit) {
+  ConfirmOnuType onu(kPlace, kOnu);
+  onu.Init();
+  EXPECT_EQ("Init",
+            SaidBy("confirm_type_attr_value:3, ability_value_type_attr_value:2", host.TakeLog()));
 }
 
 // --- Attributes are read from the record, not through the attribute registry,

@@ -200,5 +200,15 @@ TEST_F(MatchTableStorageTest, LampTotalsAndBindCountsAreInert) {
   EXPECT_EQ(0U, table.profiles()[0]._bind_count);
 }
 
+// Only the pattern comparison leaves entries behind.
+TEST_F(MatchTableStorageTest, DelByAnotherComparisonLeavesProfilesWithoutAKeyAlone) {
+  table.Put(With(MakeProfile(kMatch), kFePorts, 4));
+  OnuAbilityProfile meant = With(MakeProfile(kMatch), kFePorts, 5);
+  meant._flag_match_type = ONU_ABILITY_MATCH_TYPE_EXACT;
+  table.Del(meant);
+  ASSERT_EQ(1U, table.profiles().size());
+  EXPECT_EQ(0U, table.profiles()[0]._common_ability.count(kKeyValue));
+}
+
 }  // namespace
 }  // namespace table_test

@@ -1,5 +1,6 @@
 // The traces of a table's questions that no other test reads, and what a comparison of profiles
 // says.
+#include "support/traces.h"
 #include "table_fixture.h"
 
 namespace table_test {
@@ -40,7 +41,7 @@ TEST_F(TableBaseTracesTest, APatternSaysTheTypeOfEachValueThatItCompares) {
   host.ForgetLog();
   OnuAbilityProfile stored = pattern;
   EXPECT_NE(0, stored == report);
-  EXPECT_TRUE(host.ClaimLog(6, "value_type:2"));
+  EXPECT_EQ("operator==", SaidBy("value_type:2", host.TakeLog()));
 }
 
 TEST_F(TableBaseTracesTest, AnOperatorsProfileOfTheInputsIdIsSaidToExist) {
@@ -49,7 +50,7 @@ TEST_F(TableBaseTracesTest, AnOperatorsProfileOfTheInputsIdIsSaidToExist) {
   input._flag_match_type = ONU_ABILITY_MATCH_TYPE_EXACT;
   host.ForgetLog();
   EXPECT_NE(0, stored == input);
-  EXPECT_TRUE(host.ClaimLog(5, "id already exist!"));
+  EXPECT_EQ("operator==", SaidBy("id already exist!", host.TakeLog()));
 }
 
 TEST_F(TableBaseTracesTest, ARealProfileWithAnIdIsAddedUnderThatId) {
@@ -57,7 +58,13 @@ TEST_F(TableBaseTracesTest, ARealProfileWithAnIdIsAddedUnderThatId) {
   OnuAbilityProfile added = WithId(MakeRealProfile(8, 80, kExternal), 30005);
   host.ForgetLog();
   real.Add(added);
-  EXPECT_TRUE(host.ClaimLog(4, "id:30005"));
+  EXPECT_EQ("Add", SaidBy("id:30005", host.TakeLog()));
+}
+
+TEST_F(TableBaseTracesTest, AddingAValueReleasesNoProfile) {
+  EXPECT_EQ(kOk, table.Add(kDefault, 7U, kFePorts, 8U));
+  EXPECT_EQ(kOk, table.Add(kDefault, 7U, kTypeName, std::string("OTHER")));
+  EXPECT_EQ("", SaidBy("release OnuAbilityProfile!", host.TakeLog()));
 }
 
 }  // namespace
