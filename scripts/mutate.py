@@ -5,9 +5,9 @@ One operator, constant, level, message, condition or statement is changed at a t
 scripts/mutants.py); the source is compiled and linked with everything else of the
 library's test program, and the tests run, each in a process of its own, those of the
 changed source's area first, up to the first failure. What they do not notice is shown to
-the random sequences: of the model, which knows every line, and of the short ways. A mutant that no test fails on has
-survived: it needs a test, or a line in scripts/mutants_explained.txt that says why it
-cannot be told from the original.
+the random sequences, those of the model and those of the short ways, and to the tests of
+what the host does wrong. A mutant that no test fails on has survived: it needs a test, or
+a line in scripts/mutants_explained.txt that says why it cannot be told from the original.
 
 The build tree has to be up to date; scripts/install_packages.sh mutants gives the linker.
 
@@ -32,6 +32,7 @@ import mutants as mutation  # noqa: E402
 
 PROGRAM = "onu_ability_common_test"
 SEQUENCES = ["model/model_test", "short_ways/short_ways_test"]
+FAULTS = "faults/faults_test"
 EXPLAINED = "scripts/mutants_explained.txt"
 TEST_SECONDS = 60  # of one test, under load; a mutant that hangs fails its test
 SEQUENCE_TESTS = "*/0:*/1"  # a quarter of them
@@ -55,7 +56,7 @@ class Build:
         with open(f"{folder}/compile_commands.json", encoding="utf-8") as file:
             self.compile = {os.path.relpath(entry["file"]): entry for entry in json.load(file)
                             if "onu_ability_common_objects.dir" in entry["command"]}
-        self.links = {program: self.link_of(program) for program in [PROGRAM, *SEQUENCES]}
+        self.links = {program: self.link_of(program) for program in [PROGRAM, *SEQUENCES, FAULTS]}
 
     def link_of(self, program):
         listed = run(["ninja", "-C", self.folder, "-t", "commands", "-s", "tests/" + program]).stdout
@@ -149,6 +150,8 @@ class Trial:
         for sequences in SEQUENCES:
             if result == "survived" and self.linked(sequences, mutant, compiled, program):
                 result = run_sequences(program)
+        if result == "survived" and self.linked(FAULTS, mutant, compiled, program):
+            result = run_separately(program, "*")
         return result
 
     def linked(self, name, mutant, compiled, program):
@@ -158,14 +161,21 @@ class Trial:
 
 def run_tests(program, source):
     for tests in test_filters(source):
-        ended = run([program, "--separate-processes", "--timeout", str(TEST_SECONDS),
-                     "--gtest_fail_fast", "--gtest_filter=" + tests])
-        if ended.returncode != 0:
-            failed = re.search(r"^failed: ([^:]+)", ended.stdout, re.MULTILINE)
-            if failed is None:
-                raise Failure(ended.stdout[-2000:])
-            return "killed " + failed.group(1)
+        result = run_separately(program, tests)
+        if result != "survived":
+            return result
     return "survived"
+
+
+def run_separately(program, tests):
+    ended = run([program, "--separate-processes", "--timeout", str(TEST_SECONDS),
+                 "--gtest_fail_fast", "--gtest_filter=" + tests])
+    if ended.returncode == 0:
+        return "survived"
+    failed = re.search(r"^failed: ([^:]+)", ended.stdout, re.MULTILINE)
+    if failed is None:
+        raise Failure(ended.stdout[-2000:])
+    return "killed " + failed.group(1)
 
 
 def run_sequences(program):
