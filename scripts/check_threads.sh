@@ -1,11 +1,11 @@
 #!/bin/sh
-# Storms the library with many threads: under clang's thread sanitizer, for 20 seconds or
+# Storms the library with many threads: under clang's thread sanitizer, for 12 seconds or
 # as many as the first argument says, and three times as long without it, when more
 # happens at once. clang's thread-safety analysis of what guards what is part of every
 # build with clang, so of this one.
 set -eu
 cd "$(dirname "$0")/.."
-seconds=${1:-20}
+seconds=${1:-12}
 scripts/install_packages.sh build
 scripts/install_packages.sh check
 build=build-threads
