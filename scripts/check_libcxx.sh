@@ -13,6 +13,6 @@ CC=clang CXX=clang++ cmake -S . -B $build -G Ninja -DCMAKE_BUILD_TYPE=Release \
   -DONU_ABILITY_GTEST_SOURCES=/usr/src/googletest/googletest \
   >$build.log 2>&1 || { cat $build.log; exit 1; }
 cmake --build $build
-scripts/run_test_programs.py $build >$build.tests || { cat $build.tests; exit 1; }
-cat $build.tests
-echo "libc++: $(tail -n 1 $build.tests); tests/installation was left out"
+scripts/run_test_programs.py $build >$build/tests.txt || { cat $build/tests.txt; exit 1; }
+cat $build/tests.txt
+echo "libc++: $(tail -n 1 $build/tests.txt); tests/installation was left out"

@@ -11,6 +11,6 @@ build=build-sanitizers
 scripts/build_sanitizers.sh
 rm -rf $build/profiles
 LLVM_PROFILE_FILE=$PWD/$build/profiles/%4m.profraw scripts/run_test_programs.py $build \
-  >$build.tests 2>&1 || { cat $build.tests; exit 1; }
-echo "sanitizers: $(tail -n 1 $build.tests)"
+  >$build/tests.txt 2>&1 || { cat $build/tests.txt; exit 1; }
+echo "sanitizers: $(tail -n 1 $build/tests.txt)"
 exec python3 scripts/coverage.py $build scripts/coverage_exclusions.txt
