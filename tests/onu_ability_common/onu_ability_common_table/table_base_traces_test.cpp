@@ -24,6 +24,7 @@ TEST_F(TableBaseTracesTest, AStringByTypeIsAskedUnderTrace) {
   ASSERT_GE(lines.size(), 2U);
   EXPECT_EQ(Log(10, "function start!"), lines.front());
   EXPECT_EQ(Log(10, "function end!"), lines.back());
+  EXPECT_EQ(lines.back().function, lines.front().function);
 }
 
 TEST_F(TableBaseTracesTest, TheExistenceOfACodeIsAskedUnderTrace) {
@@ -32,6 +33,7 @@ TEST_F(TableBaseTracesTest, TheExistenceOfACodeIsAskedUnderTrace) {
   ASSERT_GE(lines.size(), 2U);
   EXPECT_EQ(Log(10, "function start!"), lines.front());
   EXPECT_EQ(Log(10, "function end!"), lines.back());
+  EXPECT_EQ(lines.back().function, lines.front().function);
 }
 
 TEST_F(TableBaseTracesTest, APatternSaysTheTypeOfEachValueThatItCompares) {
