@@ -8,6 +8,7 @@ starting is what costs under an emulator. CTest runs all that is left over. With
 the tests of these programs are the suite.
 """
 import argparse
+import functools
 import json
 import os
 import resource
@@ -16,6 +17,7 @@ import sys
 import time
 
 
+@functools.lru_cache(maxsize=None)
 def starts_its_tests(program):
     """Whether the program has the main of tests/support/separate_processes/."""
     with open(program, "rb") as file:
