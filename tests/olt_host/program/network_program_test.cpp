@@ -54,6 +54,7 @@ class StartedProgram {
       return;
     }
     setpgid(0, 0);
+    signal(SIGINT, SIG_DFL);  // a shell's background jobs ignore it, and so would this
     dup2(open(in.c_str(), O_RDONLY), STDIN_FILENO);
     dup2(creat(out.c_str(), 0600), STDOUT_FILENO);
     dup2(creat(err.c_str(), 0600), STDERR_FILENO);
@@ -173,10 +174,9 @@ class NetworkProgram : public testing::Test {
     return RunProgram(files);
   }
 
-  // Runs with a checkpoint and ends the program as soon as there is one, which comes too
-  // late now and then on a machine that does much else.
+  // Runs with a checkpoint and ends the program as soon as there is one.
   void Interrupt(int signal, bool group) const {
-    for (int attempt = 0; attempt < 60; ++attempt) {
+    for (int attempt = 0; attempt < 20; ++attempt) {
       std::filesystem::remove(_checkpoint);
       StartedProgram program(Arguments({"--checkpoint", _checkpoint, "--workers", "1"}),
                              "/dev/null", _directory.Path("out"), _directory.Path("err"));
