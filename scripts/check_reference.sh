@@ -8,7 +8,7 @@ scripts/install_packages.sh build
 scripts/install_packages.sh docs
 
 # The headers that the installation leaves out are those that Doxygen leaves out.
-installed_not=$(grep -o 'PATTERN "[^"]*" EXCLUDE' src/onu_ability_common/CMakeLists.txt |
+installed_not=$(grep -o 'PATTERN "[^"]*\.h" EXCLUDE' cmake/installation.cmake |
   cut -d'"' -f2 | sort)
 documented_not=$(sed -n '/^EXCLUDE_PATTERNS/,/[^\]$/{s/.*=//; s/[\]$//; p}' docs/Doxyfile |
   xargs -n1 | sort)
