@@ -32,13 +32,23 @@ def program_of(test):
     return None
 
 
-def run_program(program, emulator):
+def environment_of(test):
+    """What CTest sets for this test, beside what is set already."""
+    settings = {}
+    for item in test.get("properties", []):
+        if item["name"] == "ENVIRONMENT":
+            settings.update(setting.split("=", 1) for setting in item["value"])
+    return {**os.environ, **settings}
+
+
+def run_program(program, environment, emulator):
     """Returns how many tests passed; ends everything when one did not."""
     started = time.monotonic()
     patience = ["--timeout", "1800"] if emulator else []  # seconds a test; emulators are slow
     result = subprocess.run(
         [*emulator, program, "--separate-processes", "--jobs", str(os.cpu_count()), *patience],
-        stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, errors="replace")
+        stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, errors="replace",
+        env=environment)
     summary = result.stdout.strip().splitlines()[-1]
     if result.returncode != 0 or not summary.endswith("all passed"):
         sys.exit(f"{result.stdout}\n{program} failed")
@@ -67,7 +77,7 @@ def main():
     started = time.monotonic()
     listed = subprocess.run(["ctest", "--test-dir", build, "--show-only=json-v1"],
                             stdout=subprocess.PIPE, text=True, check=True)
-    programs, left_over, found = {}, [], set()
+    programs, environments, left_over, found = {}, {}, [], set()
     for number, test in enumerate(json.loads(listed.stdout)["tests"], start=1):
         program = program_of(test)
         name = os.path.basename(program or "")
@@ -76,13 +86,14 @@ def main():
         found.add(name)
         if program is not None and starts_its_tests(program):
             programs[program] = programs.get(program, 0) + 1
+            environments[program] = environment_of(test)
         else:
             left_over.append(number)
     if not found or not found.issuperset(wanted.only or []):
         sys.exit(f"{build} has tests of {sorted(found)} only")
     passed = 0
     for program, known in sorted(programs.items()):
-        ran = run_program(program, emulator)
+        ran = run_program(program, environments[program], emulator)
         # A filter that CTest passes on leaves tests out there, never here.
         if ran < known:
             sys.exit(f"{program}: {ran} tests ran of {known}")
