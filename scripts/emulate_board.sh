@@ -3,8 +3,8 @@
 # emulator: the library, its own tests, those of the exchange and those of its faults, and
 # the host's main job.
 #
-#   scripts/check_board.sh           these
-#   scripts/check_board.sh --whole   the tests of the host, too, and all other programs: a
+#   scripts/emulate_board.sh           these
+#   scripts/emulate_board.sh --whole   the tests of the host, too, and all other programs: a
 #                                    quarter of an hour more
 #
 # Left out even then are the tests of the documents and of the reference (tests/documents,
