@@ -47,6 +47,7 @@ class Wrapper {
       for (const std::string& word : Split(part, ' ')) Add(word, false);
       return;
     }
+    if (_width + width >= _columns && _line == "\r\n") _width = 0;  // an empty line is no column
     if (_width + width >= _columns && _width > _indent) Break();
     const bool fresh = _width == _indent && !_text.empty();
     AddCut(fresh ? part.substr(std::min(part.find_first_not_of(' '), part.size())) : part, width);

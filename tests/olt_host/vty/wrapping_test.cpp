@@ -81,5 +81,12 @@ TEST(VtyWrapping, NoLineIsWiderThanTheScreen) {
   }
 }
 
+TEST(VtyWrapping, AnEmptyLineAboveTakesNoColumns) {
+  for (const std::size_t length : {77U, 78U, 79U}) {
+    const std::string heading(length, 'x');
+    EXPECT_EQ("\r\n" + heading + "\r\n", Wrap("\r\n", heading, 0));
+  }
+}
+
 }  // namespace
 }  // namespace olt_host
