@@ -38,6 +38,8 @@ def environment_of(test):
     for item in test.get("properties", []):
         if item["name"] == "ENVIRONMENT":
             settings.update(setting.split("=", 1) for setting in item["value"])
+        elif item["name"] == "ENVIRONMENT_MODIFICATION":
+            settings.update(setting.split("=set:", 1) for setting in item["value"])
     return {**os.environ, **settings}
 
 
