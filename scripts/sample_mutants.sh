@@ -3,7 +3,7 @@
 # sample, as large as two minutes allow, of which one in ten may pass unnoticed: so few
 # vary. By hand, more and others, of which one in twenty may:
 #
-#   scripts/check_mutants.sh --seed 7 --count 400 --seconds 7200
+#   scripts/sample_mutants.sh --seed 7 --count 400 --seconds 7200
 set -eu
 cd "$(dirname "$0")/.."
 scripts/install_packages.sh build
