@@ -19,6 +19,7 @@ record() {
   abidw --suppressions abi/not_ours.suppr --headers-dir "$2" --drop-private-types \
     --exported-interfaces-only --no-corpus-path --no-comp-dir-path --no-show-locs \
     --no-elf-needed --no-parameter-names --type-id-style hash --out-file "$3" "$1"
+  sed -i "s#path='$PWD/#path='#" "$3"  # where the tree lies is nobody's interface
 }
 
 # judge RECORD RECORD: "same", "additions" or "breaks hosts", and the differences to
