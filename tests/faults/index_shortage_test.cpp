@@ -1,12 +1,14 @@
-// A table whose index found no memory in one change walks until the next one, which makes
-// the index anew: also when that next change is only a value.
+// An index that found no memory holds nothing half made. A table whose index was given up so
+// walks until the next change, which makes it anew: also when that change is only a value.
 #include <gtest/gtest.h>
 
 #include <new>
+#include <vector>
 
 #include "failing_memory.h"
 #include "observed_call.h"
 #include "observed_state.h"
+#include "onu_ability_common_table/pattern_index.h"
 #include "prepared_library.h"
 #include "short_ways/texts.h"
 
@@ -51,6 +53,26 @@ TEST(IndexShortage, IsMadeUpForByTheNextValue) {
     EXPECT_EQ(last.came ? "short" : "enough", last.said) << "request " << k;
     ASSERT_LT(k, 1000U);
   }
+}
+
+// A list that was given up half made is not taken for the one made before it.
+TEST(IndexShortage, ListOfOneKeyCodeIsNotTakenForThatOfAnother) {
+  constexpr unsigned short kHeld = 1010;
+  constexpr unsigned short kLacked = 1011;
+  std::vector<OnuAbilityProfile> profiles(9);
+  for (OnuAbilityProfile& profile : profiles) {
+    profile.Add(kHeld, 4U);
+  }
+  profiles.emplace_back();  // the only one that lacks both
+  PatternIndex index;
+  ASSERT_EQ(std::vector<unsigned int>{9}, index.Lacking(profiles, kHeld));
+
+  failing_memory::Fail(1, failing_memory::From::kOnce);
+  EXPECT_THROW(index.Lacking(profiles, kLacked), std::bad_alloc);
+  EXPECT_TRUE(failing_memory::Recover());
+
+  EXPECT_EQ(std::vector<unsigned int>{9}, index.Lacking(profiles, kHeld));
+  EXPECT_EQ(10U, index.Lacking(profiles, kLacked).size());
 }
 
 }  // namespace

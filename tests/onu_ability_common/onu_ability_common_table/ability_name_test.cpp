@@ -64,6 +64,18 @@ TEST_F(AbilityNameTest, UnknownCodeSaysSoAtLevelOneWhoeverElseListens) {
   EXPECT_TRUE(host.TakeLog().empty());
 }
 
+// Names beyond the room that a line's copy has are kept whole, too.
+TEST_F(AbilityNameTest, IsWholeHoweverLong) {
+  for (const std::size_t length : {46U, 47U, 48U, 49U, 1000U}) {
+    const std::string name(length, 'N');
+    DefineCode(kFePorts, name);
+    for (const unsigned int levels : {kProductionLevels, ~0U}) {
+      onu_ability_set_log_level_mask(levels);
+      EXPECT_EQ(name, NameOf(kFePorts)) << length << " " << levels;
+    }
+  }
+}
+
 // A code may be deleted and defined again under another name.
 TEST_F(AbilityNameTest, IsTheCurrentOne) {
   ListenAsInProduction();

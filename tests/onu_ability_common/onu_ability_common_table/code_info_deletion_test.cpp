@@ -2,6 +2,7 @@
 #include "onu_ability_common_service_cinterface.h"
 #include "support/catalogue_builder.h"
 #include "support/recording_host.h"
+#include "support/traces.h"
 
 namespace {
 
@@ -174,6 +175,18 @@ TEST_F(CodeInfoDeletionTest, MatchTableAloneIsNotConsulted) {
   host.ForgetLog();
   EXPECT_EQ(0U, Del(1010));
   EXPECT_FALSE(Registered(1010));
+}
+
+TEST_F(CodeInfoDeletionTest, EveryDeletionSaysThatItEnds) {
+  FillTable(1);
+  for (const unsigned short code : {1010, 1011, 4000}) {
+    Del(code);
+    EXPECT_EQ("", UnevenTraces(host.TakeLog())) << code;
+  }
+  for (const char* name : {"FE_PORTS", "POTS_PORTS", "NO_SUCH_NAME"}) {
+    Del(name);
+    EXPECT_EQ("", UnevenTraces(host.TakeLog())) << name;
+  }
 }
 
 // The in-use test reads without the table's lock, as the table's IsExist does.

@@ -39,9 +39,8 @@ TEST_F(TableBaseTracesTest, TheExistenceOfACodeIsAskedUnderTrace) {
 TEST_F(TableBaseTracesTest, APatternSaysTheTypeOfEachValueThatItCompares) {
   OnuAbilityProfile report = With(MakeProfile(kMatch), kFePorts, 4);
   report._flag_match_type = ONU_ABILITY_MATCH_TYPE_PATTERN;
-  const OnuAbilityProfile pattern = With(MakeProfile(kMatch), kFePorts, 4);
+  OnuAbilityProfile stored = With(MakeProfile(kMatch), kFePorts, 4);
   host.ForgetLog();
-  OnuAbilityProfile stored = pattern;
   EXPECT_NE(0, stored == report);
   EXPECT_EQ("operator==", SaidBy("value_type:2", host.TakeLog()));
 }
