@@ -38,7 +38,10 @@ std::string WithoutBlanksAtEnd(const std::string& text) {
 class Wrapper {
  public:
   Wrapper(const std::string& head, std::size_t indent, std::size_t columns)
-      : _line(head), _width(DisplayWidth(head)), _indent(indent), _columns(columns) {}
+      : _line(head),
+        _width(DisplayWidth(head.substr(head.rfind('\n') + 1))),
+        _indent(indent),
+        _columns(columns) {}
 
   // Adds what has to stay on one line as far as it fits one.
   void Add(const std::string& part, bool may_split) {
@@ -47,7 +50,6 @@ class Wrapper {
       for (const std::string& word : Split(part, ' ')) Add(word, false);
       return;
     }
-    if (_width + width >= _columns && _line == "\r\n") _width = 0;  // an empty line is no column
     if (_width + width >= _columns && _width > _indent) Break();
     const bool fresh = _width == _indent && !_text.empty();
     AddCut(fresh ? part.substr(std::min(part.find_first_not_of(' '), part.size())) : part, width);

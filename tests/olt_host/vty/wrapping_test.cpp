@@ -81,11 +81,13 @@ TEST(VtyWrapping, NoLineIsWiderThanTheScreen) {
   }
 }
 
-TEST(VtyWrapping, AnEmptyLineAboveTakesNoColumns) {
+TEST(VtyWrapping, LinesAboveTakeNoColumns) {
   for (const std::size_t length : {77U, 78U, 79U}) {
     const std::string heading(length, 'x');
     EXPECT_EQ("\r\n" + heading + "\r\n", Wrap("\r\n", heading, 0));
+    EXPECT_EQ("above\r\n\r\n" + heading + "\r\n", Wrap("above\r\n\r\n", heading, 0));
   }
+  EXPECT_EQ("above\r\nHead: 12\r\n  34\r\n", Wrap("above\r\nHead: ", "12 34", 2, 10));
 }
 
 }  // namespace
