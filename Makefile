@@ -19,7 +19,7 @@ run: configure
 
 test: build
 	@echo "==> Running the tests"
-	@ctest --test-dir $(BUILD) --output-on-failure -j 2 --progress
+	@ctest --test-dir $(BUILD) --output-on-failure -j $$(nproc) --progress
 
 build: configure
 	@echo "==> Building everything in $(BUILD)/"
@@ -27,18 +27,16 @@ build: configure
 
 configure:
 	@scripts/install_packages.sh build
-	@cmake -S . -B $(BUILD) -G Ninja $(CMAKE_FLAGS) >$(BUILD).log 2>&1 || { cat $(BUILD).log; exit 1; }
+	@scripts/configure.sh $(BUILD) $(CMAKE_FLAGS)
 
 check:
 	@for gate in scripts/check_*.sh; do echo "==> $$gate"; $$gate || exit 1; done
 
 # The plot of the docs: make bench BENCH_PLOT=docs/performance.svg
 bench:
-	@scripts/install_packages.sh build
-	@scripts/install_packages.sh bench
-	@cmake -S . -B $(BENCH_BUILD) -G Ninja -DONU_ABILITY_BUILD_BENCH=ON \
-	  -DONU_ABILITY_BUILD_HOST=OFF -DONU_ABILITY_BUILD_TESTS=OFF $(CMAKE_FLAGS) \
-	  >$(BENCH_BUILD).log 2>&1 || { cat $(BENCH_BUILD).log; exit 1; }
+	@scripts/install_packages.sh build bench
+	@scripts/configure.sh $(BENCH_BUILD) -DONU_ABILITY_BUILD_BENCH=ON \
+	  -DONU_ABILITY_BUILD_HOST=OFF -DONU_ABILITY_BUILD_TESTS=OFF $(CMAKE_FLAGS)
 	@echo "==> Building the benchmark in $(BENCH_BUILD)/"
 	@cmake --build $(BENCH_BUILD) --target onu_ability_bench
 	@echo "==> Measuring, some minutes; $(BENCH_BUILD)/bench.log tells how far it is"

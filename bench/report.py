@@ -49,7 +49,6 @@ class Results:
         self.counters = {}
         with open(path, encoding="utf-8") as file:
             document = json.load(file)
-        self.context = document["context"]
         for run in document["benchmarks"]:
             if run["run_type"] != "iteration":
                 continue
@@ -219,6 +218,8 @@ def log_levels(table, results, before):
     if nothing is not None and line is not None:
         table.line("a line that is off, ns", "nothing", [f"{line - nothing:.2f}"], "<=1",
                    line - nothing <= 1)
+    if before and None in (both.time("number", "floor", 10) for both in (before, results)):
+        sys.exit("--before needs the row number/floor/10 of both runs: BENCH_FILTER with |floor")
     works = LOOKUPS + RECOGNITION + PERFORM + LOADING[:1]
     for work, name in (row[:2] for row in works):
         times = [results.time(work, who, USUAL) for who in ("all_off", "library", "all_on")]
@@ -289,7 +290,11 @@ def main():
     parser.add_argument("--plot")
     parser.add_argument("--before")
     arguments = parser.parse_args()
-    results = Results(arguments.results)
+    try:
+        results = Results(arguments.results)
+    except json.JSONDecodeError:  # what the program leaves when its filter matches nothing
+        sys.exit(f"{arguments.results}: no row was measured; onu_ability_bench "
+                 "--benchmark_list_tests names them all")
     table = Table()
     print("Medians of one run. floor, bare: times as long as the reference; SQLite, LMDB, walk:")
     print("times as fast as it. growth: from the smallest size to the largest.")
@@ -304,7 +309,7 @@ def main():
         median = statistics.median(spread for spread, _ in spreads)
         print(f"\nQuartiles are {median:.1%} from the median of their row in the middle, "
               f"{spreads[0][0]:.0%} at worst\n({spreads[0][1]}).")
-    print(f"{table.missed} bars are missed." if table.missed else "Every bar is met.")
+    print(f"Bars missed: {table.missed}." if table.missed else "Every bar is met.")
     if arguments.plot:
         plot(results, arguments.plot)
         print(f"Plot: {arguments.plot}")

@@ -9,12 +9,12 @@ shipped catalogue from data/catalogue.yaml, and who names a code from the source
 without a meaning fails, and so does a meaning without a code.
 """
 
-import argparse
-import pathlib
 import re
 import sys
 
 import yaml
+
+import reference_check
 
 HEADER = "src/onu_ability_common/onu_ability_common_global/ability_values.h"
 CODE = re.compile(r"\b(ONU_ABILITY_CODE_\w+)\s*=\s*(\d+);")
@@ -123,25 +123,13 @@ def page(root, complaints):
 
 
 def main():
-    parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
-    parser.add_argument("--check", action="store_true", help="only compare with the page")
-    parser.add_argument("--root", type=pathlib.Path, help="the tree, where it is not this one",
-                        default=pathlib.Path(__file__).resolve().parent.parent)
-    options = parser.parse_args()
+    options = reference_check.arguments(__doc__.split("\n\n")[0]).parse_args()
     complaints = []
     text, codes, attributes = page(options.root, complaints)
-    target = options.root / "docs/ability-codes.md"
-    if options.check:
-        if not target.exists() or target.read_text() != text:
-            complaints.append("docs/ability-codes.md is not what scripts/ability_codes.py writes")
-    elif not complaints:
-        target.write_text(text)
-    for complaint in complaints:
-        print(f"ability codes: {complaint}", file=sys.stderr)
-    if complaints:
-        return 1
-    print(f"{codes} ability codes, {attributes} attributes")
-    return 0
+    reference_check.write_or_compare(options, "docs/ability-codes.md", text, "ability_codes.py",
+                                     complaints)
+    return reference_check.conclude("ability codes", complaints,
+                                    f"{codes} ability codes, {attributes} attributes")
 
 
 if __name__ == "__main__":

@@ -3,8 +3,7 @@
 # work in a copy of what they need of the tree, so that nothing of theirs is left in it.
 set -eu
 cd "$(dirname "$0")/.."
-scripts/install_packages.sh build
-scripts/install_packages.sh packages
+scripts/install_packages.sh build packages
 build="build-packages"
 version=$(sed -n 's/^project(.* VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 if [ "$(dpkg-parsechangelog -S Version)" != "$version" ]; then

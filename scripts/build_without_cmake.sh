@@ -20,17 +20,22 @@ soname=libonu_ability_common.so.${version%%.*}
 
 # The help of one command lists the ONU types of the installation: "code name" a line.
 mkdir -p "$out/generated" "$out/objects"
-awk '
+LC_ALL=C awk '
   BEGIN { print "#define ONU_TYPE_HELP \\" }
   { sub(/\r$/, "") }
   /^[ \t]*$/ || /^#/ { next }
-  !/^[0-9]+ +[^ \t]/ || /[";:\\]/ || $1 > 65535 || $1 in seen {
+  !/^[0-9]+ +[^ \t]/ || /[";:\\]/ || /[^ -~\t]/ || $1 > 65535 || $1 in seen {
     print FILENAME ":" FNR ": no ONU type, or the second of its code: " $0 >"/dev/stderr"
+    bad = 1
     exit 1
   }
-  { code = $1; seen[code]; sub(/^[0-9]+ +/, ""); sub(/[ \t]+$/, "") }
+  { code = $1; seen[code]; ++types; sub(/^[0-9]+ +/, ""); sub(/[ \t]+$/, "") }
   { print "  \"" code ":" $0 ";\" \\" }
-  END { print "  \"\"" }
+  END {
+    if (bad) exit 1
+    if (!types) { print FILENAME ": no ONU type in it" >"/dev/stderr"; exit 1 }
+    print "  \"\""
+  }
 ' "${ONU_TYPES:-data/onu_types.txt}" >"$out/generated/onu_type_help.h"
 
 # Every source of the library, and no other.
@@ -53,6 +58,9 @@ rm -f "$out/libonu_ability_common.a"
 
 mkdir -p "$out/include/onu_ability_common"
 cp -R src/platform/. src/onu_ability_common/. "$out/include/onu_ability_common"
+# As the installation, without the headers that only the library's own sources include.
+own=$(grep -o 'PATTERN "[^"]*\.h" EXCLUDE' cmake/installation.cmake | cut -d'"' -f2)
 find "$out/include" -type f ! -name '*.h' -exec rm {} +
+for header in $own; do find "$out/include" -name "$header" -exec rm {} +; done
 rm -rf "$out/objects" "$out/sources"
 echo "built $out/$soname.${version#*.}"

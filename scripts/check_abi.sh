@@ -10,8 +10,7 @@
 # its sources show each time that what breaks a host is noticed.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-scripts/install_packages.sh build
-scripts/install_packages.sh abi
+scripts/install_packages.sh build abi
 build="build-abi"
 
 # record LIBRARY HEADERS FILE: the types of the headers, as far as exported symbols reach them.
@@ -88,6 +87,7 @@ run_self_test() {
   expect "same" remark $profile 's|^ private:|  // A remark.\n private:|'
   expect "same" hidden-operation $profile \
     's|^ private:| private:\n  ONU_ABILITY_LOCAL void Hidden();|'
+  # shellcheck disable=SC2016  # sed's $, the last line
   expect "additions" new-function $query.cpp \
     '$aextern "C" ONU_ABILITY_API unsigned int onu_ability_added() { return 0; }'
   expect "breaks hosts" member-wider $profile 's|_reserved\[16\]|_reserved[24]|'
@@ -105,11 +105,8 @@ run_self_test() {
 
 # --- The library.
 
-cmake -S . -B $build -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=g++ \
-  -DONU_ABILITY_BUILD_HOST=OFF -DONU_ABILITY_BUILD_TESTS=OFF >$build.log 2>&1 || {
-  cat $build.log
-  exit 1
-}
+scripts/configure.sh $build -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_COMPILER=g++ \
+  -DONU_ABILITY_BUILD_HOST=OFF -DONU_ABILITY_BUILD_TESTS=OFF
 run_self_test
 cmake --build $build --target onu_ability_common onu_ability_common_static >>$build.log 2>&1 || {
   cat $build.log

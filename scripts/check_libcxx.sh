@@ -5,13 +5,11 @@
 # list of exported names is the first library's.
 set -eu
 cd "$(dirname "$0")/.."
-scripts/install_packages.sh build
-scripts/install_packages.sh libcxx
+scripts/install_packages.sh build libcxx
 build=build-libcxx
-CC=clang CXX=clang++ cmake -S . -B $build -G Ninja -DCMAKE_BUILD_TYPE=Release \
+CC=clang CXX=clang++ scripts/configure.sh $build -DCMAKE_BUILD_TYPE=Release \
   -DCMAKE_CXX_FLAGS=-stdlib=libc++ -DCMAKE_CXX_FLAGS_RELEASE=-O1 -DONU_ABILITY_BUILD_HOST=OFF \
-  -DONU_ABILITY_GTEST_SOURCES=/usr/src/googletest/googletest \
-  >$build.log 2>&1 || { cat $build.log; exit 1; }
+  -DONU_ABILITY_GTEST_SOURCES=/usr/src/googletest/googletest
 cmake --build $build
 scripts/run_test_programs.py $build >$build/tests.txt || { cat $build/tests.txt; exit 1; }
 cat $build/tests.txt

@@ -10,7 +10,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 tree=$PWD
-for set in build packages board; do scripts/install_packages.sh $set; done
+scripts/install_packages.sh build packages board
 
 as_root=()
 if [ "$(id -u)" != 0 ]; then
@@ -65,8 +65,8 @@ for package in "${packages[@]}"; do archives+=("$built/$package"_*.deb); done
 
 say "Confirming the shipped population with the installed olt_host"
 library=$(dpkg -L libonu-ability-common1 | grep '\.so\.1\.')
-olt_host confirm /usr/share/onu_ability_common/{catalogue,reports}.yaml >"$work/confirmed"
-grep -q ' OK?$' "$work/confirmed"
+olt_host confirm /usr/share/onu_ability_common/{catalogue,reports}.yaml --csv >"$work/confirmed"
+diff tests/olt_host/fixtures/shipped_confirmation.csv "$work/confirmed"
 found=$(ldd "$(command -v olt_host)" | awk '/libonu_ability_common/ { print $3 }')
 if [ "$(readlink -f "$found")" != "$library" ]; then
   echo "olt_host takes $found for $library" >&2
@@ -80,6 +80,10 @@ done
 
 say "Executing what documents show with the packages"
 mapfile -t documents < <(grep -lF '<!-- test: installed -->' ./*.md docs/*.md)
+if ((${#documents[@]} == 0)); then
+  echo "no document shows anything with the packages" >&2
+  exit 1
+fi
 for document in "${documents[@]}"; do
   /usr/bin/python3 -B tests/documents/run_document.py --installed "$document"
   uses=$((uses + 1))
@@ -200,6 +204,19 @@ on_board "$work/vendor/libonu_ability_common.so" "$work/vendor/include/onu_abili
 # The help that it made of the list of ONU types is that of the usual build.
 diff <(grep '^  "' "$work/vendor/generated/onu_type_help.h") \
   <(grep '^  "' build-arm/src/onu_ability_common/generated/onu_type_help.h)
+# As are the headers.
+diff <(cd build-arm/prefix/include && find . -type f | sort) \
+  <(cd "$work/vendor/include" && find . -type f | sort)
+# A list that the usual build refuses is refused.
+for types in '1 A;B' '70000 A' '1 Café' '# none'; do
+  echo "$types" >"$work/types"
+  if ONU_TYPES=$work/types scripts/build_without_cmake.sh "$work/refused" 2>"$work/log" ||
+    ! grep -q 'no ONU type' "$work/log"; then
+    cat "$work/log"
+    echo "the list of ONU types \"$types\" was taken" >&2
+    exit 1
+  fi
+done
 
 if [ $installed = yes ]; then
   clean_up

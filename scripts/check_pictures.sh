@@ -3,5 +3,5 @@
 # not those that scripts/layers.py lets include each other. `make pictures` draws them.
 set -eu
 cd "$(dirname "$0")/.."
-scripts/install_packages.sh docs
+scripts/install_packages.sh build docs
 exec python3 scripts/pictures.py check

@@ -4,8 +4,7 @@
 # have the options of olt_host --help.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-scripts/install_packages.sh build
-scripts/install_packages.sh docs
+scripts/install_packages.sh build docs
 
 # The headers that the installation leaves out are those that Doxygen leaves out.
 installed_not=$(grep -o 'PATTERN "[^"]*\.h" EXCLUDE' cmake/installation.cmake |
@@ -45,7 +44,7 @@ grep -q 'Member Unsaid() (function) of file unsaid.h is not documented' build-do
 messages=$(scripts/log_messages.py --check)
 codes=$(scripts/ability_codes.py --check)
 
-[ -f build/CMakeCache.txt ] || cmake -S . -B build -G Ninja >build.log
+make -s configure BUILD=build
 cmake --build build --target olt_host >build-docs/olt_host.log || { cat build-docs/olt_host.log; exit 1; }
 host=build/src/olt_host/olt_host
 

@@ -6,16 +6,14 @@
 set -eu
 cd "$(dirname "$0")/.."
 seconds=${1:-12}
-scripts/install_packages.sh build
-scripts/install_packages.sh check
+scripts/install_packages.sh build clang
 build=build-threads
-CC=clang CXX=clang++ cmake -S . -B $build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-  -DONU_ABILITY_SANITIZE=thread -DONU_ABILITY_BUILD_HOST=OFF \
-  >$build.log 2>&1 || { cat $build.log; exit 1; }
+CC=clang CXX=clang++ scripts/configure.sh $build -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+  -DONU_ABILITY_SANITIZE=thread -DONU_ABILITY_BUILD_HOST=OFF
 cmake --build $build --target threads_test
 TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1 \
   $build/tests/threads/threads_test --seconds "$seconds"
 echo "threads: no race in $seconds s; now without the sanitizer"
-make -s configure
+make -s configure BUILD=build
 cmake --build build --target threads_test
 build/tests/threads/threads_test --seconds $((seconds * 3))

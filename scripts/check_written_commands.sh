@@ -4,9 +4,7 @@
 # script. As they stand in the documents where that is possible; the others on less work.
 set -eu
 cd "$(dirname "$0")/.."
-scripts/install_packages.sh build
-scripts/install_packages.sh bench
-scripts/install_packages.sh fuzz
+scripts/install_packages.sh build bench clang
 build=build-written-commands
 log=$build.log
 quietly() {

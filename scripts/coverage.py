@@ -5,7 +5,7 @@ BUILD/profiles/ holds what the programs of a build by scripts/build_sanitizers.s
 Every line and every branch (a condition that came out true, or false) has to be run,
 but for those that the list of exclusions names. An exclusion is a file, the text of the
 line, what is not run there ("line", "true" or "false", or "mostly line" and so on for what
-threads meet by chance) and the reason, in four fields separated by " | ", for one place;
+threads meet by chance) and the reason, in four fields separated by " ## ", for one place;
 one that no longer applies is an error, too.
 """
 import collections
@@ -13,6 +13,8 @@ import glob
 import os
 import subprocess
 import sys
+
+import reason_list
 
 Exclusion = collections.namedtuple("Exclusion", "number at_times_run")
 
@@ -24,18 +26,12 @@ PROGRAMS = ["onu_ability_common_test", "short_ways/short_ways_test", "model/mode
 
 def read_exclusions(path):
     exclusions = collections.defaultdict(list)
-    with open(path, encoding="utf-8") as lines:
-        for number, line in enumerate(lines, 1):
-            line = line.rstrip("\n")
-            if not line.strip() or line.startswith("#"):
-                continue
-            fields = line.split(" | ")
-            what = fields[2] if len(fields) == 4 else ""
-            if what.replace("mostly ", "") not in ("line", "true", "false"):
-                sys.exit(f"{path}:{number}: expected file | text of the line | "
-                         "[mostly] line, true or false | reason")
-            key = (fields[0], fields[1].strip(), what.replace("mostly ", ""))
-            exclusions[key].append(Exclusion(number, what.startswith("mostly ")))
+    expected = "file ## text of the line ## [mostly] line, true or false ## reason"
+    for number, (file, text, what, _) in reason_list.entries(path, expected):
+        if what.removeprefix("mostly ") not in ("line", "true", "false"):
+            sys.exit(f"{path}:{number}: expected {expected}")
+        key = (file, text.strip(), what.removeprefix("mostly "))
+        exclusions[key].append(Exclusion(number, what.startswith("mostly ")))
     return exclusions
 
 
@@ -87,6 +83,8 @@ def misses(lines, branches):
 
 
 def main():
+    if len(sys.argv) != 3:
+        sys.exit(__doc__)
     exclusions = read_exclusions(sys.argv[2])
     lines, branches = read_counts(counted(sys.argv[1]))
     texts = {}

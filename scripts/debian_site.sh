@@ -3,6 +3,7 @@
 # packages of other architectures or sources from it with lists of their own.
 set -eu
 site() {
+  # shellcheck disable=SC2016  # apt's, not the shell's
   apt-get indextargets 'Created-By: Packages' 'Codename: bookworm' 'Component: main' \
     --format '$(SITE)' | head -n 1
 }

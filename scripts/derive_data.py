@@ -9,9 +9,7 @@ import collections
 import pathlib
 import sys
 
-sys.dont_write_bytecode = True
-
-from onu_data import catalogue, facts, matching, rendering, reports  # noqa: E402
+from onu_data import catalogue, facts, matching, rendering, reports
 
 DATA = pathlib.Path(__file__).resolve().parent.parent / "data"
 

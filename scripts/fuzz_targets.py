@@ -29,8 +29,12 @@ class Target:
     def __init__(self, build, line):
         self.name, patterns = line.split(":")
         self.program = build / "tests/fuzz" / f"fuzz_{self.name}"
-        self.sources = sorted(str(path) for pattern in patterns.split()
-                              for path in ROOT.glob(pattern))
+        self.sources = []
+        for pattern in patterns.split():
+            found = sorted(str(path) for path in ROOT.glob(pattern))
+            if not found:
+                sys.exit(f"fuzz: {self.name} is meant for {pattern}, which is no source")
+            self.sources += found
         self.corpus = ROOT / "tests/fuzz/corpus" / self.name
         self.found = build / "found" / self.name
         self.failing = build / "failing"
@@ -65,6 +69,7 @@ class Target:
         tried = re.findall(r"^#(\d+)\s", said, re.MULTILINE)
         edges = re.findall(r" cov: (\d+) ", said)
         self.tried = int(tried[-1]) if tried else 0
+        self.failed |= self.tried == 0
         self.edges = int(edges[-1]) if edges else 0
 
     def measure(self, folders):

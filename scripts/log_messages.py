@@ -9,7 +9,6 @@ The messages come from the sources, their meanings from docs/log_messages.yaml. 
 without a meaning fails, and so does a meaning without a message.
 """
 
-import argparse
 import pathlib
 import re
 import sys
@@ -17,6 +16,7 @@ import sys
 import yaml
 
 import log_calls
+import reference_check
 
 LEVELS = {
     0: "Input that breaks a rule is rejected.",
@@ -175,10 +175,7 @@ def unknown_lines(root, file):
 
 
 def main():
-    parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
-    parser.add_argument("--check", action="store_true", help="only compare with the page")
-    parser.add_argument("--root", type=pathlib.Path, help="the tree, where it is not this one",
-                        default=pathlib.Path(__file__).resolve().parent.parent)
+    parser = reference_check.arguments(__doc__.split("\n\n")[0])
     parser.add_argument("--lines", type=pathlib.Path, metavar="FILE",
                         help="look for the lines of a log file of olt_host on the page")
     options = parser.parse_args()
@@ -190,18 +187,9 @@ def main():
         print(f"{count - len(unknown)} of {count} log lines of a run are explained")
         return 0 if count and not unknown else 1
     text, count = page(options.root, complaints)
-    target = options.root / "docs/log-messages.md"
-    if options.check:
-        if not target.exists() or target.read_text() != text:
-            complaints.append("docs/log-messages.md is not what scripts/log_messages.py writes")
-    elif not complaints:
-        target.write_text(text)
-    for complaint in complaints:
-        print(f"log messages: {complaint}", file=sys.stderr)
-    if complaints:
-        return 1
-    print(f"{count} log messages")
-    return 0
+    reference_check.write_or_compare(options, "docs/log-messages.md", text, "log_messages.py",
+                                     complaints)
+    return reference_check.conclude("log messages", complaints, f"{count} log messages")
 
 
 if __name__ == "__main__":

@@ -11,6 +11,8 @@ import re
 import subprocess
 import sys
 
+import reference_check
+
 TRY_ANY = "try Ar LINE"
 
 
@@ -45,12 +47,9 @@ def main():
     complaints += [f"{command} is missing" for command in sorted(wanted) if command not in told]
     complaints += [f"{command} is told twice" for command in sorted(set(told))
                    if told.count(command) > 1]
-    for complaint in complaints:
-        print(f"{sys.argv[2]}: {complaint}", file=sys.stderr)
-    if complaints or not commands:
-        return 1
-    print(f"{len(commands)} commands")
-    return 0
+    if not commands:
+        complaints.append("the host lists no command")
+    return reference_check.conclude(sys.argv[2], complaints, f"{len(commands)} commands")
 
 
 if __name__ == "__main__":

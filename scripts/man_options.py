@@ -12,6 +12,8 @@ import re
 import subprocess
 import sys
 
+import reference_check
+
 LONG = re.compile(r"\bFl -([a-z][a-z-]*)(?: Ar (\S+))?")
 SHORT = re.compile(r"\bFl ([a-z])(?: Ar (\S+))?(?= |$)")
 
@@ -34,7 +36,7 @@ def options_in_help(text):
         names = line.split()[0].split(",")
         words = line[2 + len(line.split()[0]):]
         # A value stands one blank behind the name, the description in a column of its own.
-        value = re.match(r" (?!Excludes:)\S", line[2 + len(line.split()[0]):])
+        value = re.match(r" (?!Excludes:)\S", words)
         for name in names:
             options[name] = value is not None
     return options
@@ -106,12 +108,8 @@ def main():
             complaints.append(f"{job}: the page has the arguments {arguments_in(lines)}, --help "
                               f"has {arguments_in_help(text)}")
     compare("OPTIONS", macro_options(described_lines), everything, complaints)
-    for complaint in complaints:
-        print(f"{sys.argv[2]}: {complaint}", file=sys.stderr)
-    if complaints:
-        return 1
-    print(f"{len(jobs_in_help)} jobs, {len(everything)} options")
-    return 0
+    return reference_check.conclude(sys.argv[2], complaints,
+                                    f"{len(jobs_in_help)} jobs, {len(everything)} options")
 
 
 if __name__ == "__main__":

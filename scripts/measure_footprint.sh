@@ -6,13 +6,11 @@
 # build-footprint/.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-scripts/install_packages.sh build
-scripts/install_packages.sh board
+scripts/install_packages.sh build board
 build=build-footprint
-cmake -S . -B $build -G Ninja --toolchain cmake/toolchains/arm-linux-gnueabihf.cmake \
+scripts/configure.sh $build --toolchain cmake/toolchains/arm-linux-gnueabihf.cmake \
   -DCMAKE_BUILD_TYPE=Release "-DCMAKE_CXX_FLAGS=-fstack-usage -Wno-psabi" -DONU_ABILITY_BUILD_HOST=OFF \
-  -DONU_ABILITY_BUILD_TESTS=OFF -DONU_ABILITY_BUILD_FOOTPRINT=ON \
-  >$build.log 2>&1 || { cat $build.log; exit 1; }
+  -DONU_ABILITY_BUILD_TESTS=OFF -DONU_ABILITY_BUILD_FOOTPRINT=ON
 cmake --build $build --target onu_ability_footprint >>$build.log 2>&1 || { cat $build.log; exit 1; }
 qemu-arm -L /usr/arm-linux-gnueabihf $build/bench/footprint/onu_ability_footprint
 

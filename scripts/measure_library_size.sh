@@ -7,21 +7,20 @@
 # Builds in build-size/. Needs and installs the cross compiler for ARM.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-scripts/install_packages.sh build
-scripts/install_packages.sh cross
+scripts/install_packages.sh build cross
 work=build-size
 
 # Bytes of the stripped library of the tree $1 built by the compilers with the
 # prefix $2, in a directory named $3.
 stripped_size() {
   local build="$work/$3"
-  cmake -S "$1" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_SYSTEM_NAME=Linux \
+  if ! cmake -S "$1" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_SYSTEM_NAME=Linux \
     -DCMAKE_C_COMPILER="$2gcc" -DCMAKE_CXX_COMPILER="$2g++" \
-    -DONU_ABILITY_BUILD_HOST=OFF -DONU_ABILITY_BUILD_TESTS=OFF >"$build.log" 2>&1
-  cmake --build "$build" --target onu_ability_common >>"$build.log" 2>&1 || {
+    -DONU_ABILITY_BUILD_HOST=OFF -DONU_ABILITY_BUILD_TESTS=OFF >"$build.log" 2>&1 ||
+    ! cmake --build "$build" --target onu_ability_common >>"$build.log" 2>&1; then
     cat "$build.log" >&2
     exit 1
-  }
+  fi
   "$2strip" -o "$build/stripped.so" "$build/src/onu_ability_common/libonu_ability_common.so"
   stat -c %s "$build/stripped.so"
 }

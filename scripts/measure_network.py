@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Measures olt_host on a whole network: a million generated ONUs of a thousand
 OLTs against 2,000 match profiles.
 

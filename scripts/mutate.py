@@ -7,12 +7,13 @@ library's test program, and the tests run, each in a process of its own, those o
 changed source's area first, up to the first failure. What they do not notice is shown to
 the random sequences, those of the model and those of the short ways, and to the tests of
 what the host does wrong. A mutant that no test fails on has survived: it needs a test, or
-a line in scripts/mutants_explained.txt that says why it cannot be told from the original.
+a line in scripts/mutants_explained.txt that says why it cannot be told from the original,
+which is then taken as said; --known tries such mutants, too.
 
-The build tree has to be up to date; scripts/install_packages.sh mutants gives the linker.
+The build tree has to be up to date; scripts/install_packages.sh mutants installs the linker.
 
     scripts/mutate.py [--seed N] [--count N] [--jobs N] [--only PART]
-                      [--seconds N] [--build FOLDER]
+                      [--seconds N] [--build FOLDER] [--least PERCENT] [--known]
 """
 import argparse
 import concurrent.futures
@@ -27,8 +28,8 @@ import subprocess
 import sys
 import time
 
-sys.dont_write_bytecode = True
-import mutants as mutation  # noqa: E402
+import mutants as mutation
+import reason_list
 
 PROGRAM = "onu_ability_common_test"
 SEQUENCES = ["model/model_test", "short_ways/short_ways_test"]
@@ -114,8 +115,9 @@ def test_filters(source):
 
 
 class Trial:
-    def __init__(self, build, jobs):
+    def __init__(self, build, jobs, untried):
         self.build = build
+        self.untried = untried
         self.work = os.path.join(build.folder, "mutants")
         os.makedirs(self.work, exist_ok=True)
         self.free = queue.Queue()
@@ -124,7 +126,9 @@ class Trial:
         self.deadline = None
 
     def result_of(self, mutant):
-        """"killed TEST", "survived" or "not compiling"; None when time is up."""
+        """"killed TEST", "survived", "not compiling" or "explained"; None when time is up."""
+        if identity(mutant) in self.untried:
+            return "explained"
         if self.deadline is not None and time.monotonic() > self.deadline:
             return None
         worker = self.free.get()
@@ -191,42 +195,42 @@ def run_sequences(program):
 
 
 def explained():
-    """Reasons by file, kind, line before and after."""
-    reasons = {}
-    if os.path.exists(EXPLAINED):
-        with open(EXPLAINED, encoding="utf-8") as lines:
-            for number, line in enumerate(lines, 1):
-                line = line.rstrip("\n")
-                if not line.strip() or line.startswith("#"):
-                    continue
-                fields = line.split(" ## ")
-                if len(fields) != 4:
-                    raise Failure(f"{EXPLAINED}:{number}: expected file ## before ## after ## reason")
-                reasons[tuple(fields[:3])] = fields[3]
-    return reasons
+    """The files, lines before and lines after of mutants that nothing can tell apart."""
+    listed = reason_list.entries(EXPLAINED, "file ## line before ## line after ## reason")
+    return {tuple(fields[:3]) for _, fields in listed}
 
 
-def chosen(arguments, sources):
+def identity(mutant):
+    return mutant.file, mutant.before, mutant.after
+
+
+def chosen(arguments, sources, known):
     everything = []
     for path in sorted(sources):
         if arguments.only in path:
             with open(path, encoding="utf-8") as file:
                 everything += mutation.mutants_of(path, file.read())
+    made = {identity(mutant) for mutant in everything}
+    for key in sorted(known - made):
+        if arguments.only in key[0]:
+            raise Failure(f"{EXPLAINED}: no such change is made any more: {' ## '.join(key)}")
     print(f"{len(everything)} mutants can be made; trying {min(arguments.count, len(everything))} "
           f"of them, seed {arguments.seed}", flush=True)
     return random.Random(arguments.seed).sample(everything, min(arguments.count, len(everything)))
 
 
-def report(results, reasons, out_of_time):
+def report(results, known, out_of_time):
     kinds = sorted({mutant.kind for mutant, _ in results})
     counts = {kind: [0, 0, 0, 0] for kind in kinds}  # killed, explained, survived, not compiling
     survivors = []
     for mutant, result in results:
-        place = 3 if result == "not compiling" else 0
-        if result == "survived":
-            place = 1 if (mutant.file, mutant.before, mutant.after) in reasons else 2
-            if place == 2:
-                survivors.append(mutant)
+        place = {"explained": 1, "survived": 2, "not compiling": 3}.get(result, 0)
+        if place == 2 and identity(mutant) in known:
+            place = 1
+        elif place == 2:
+            survivors.append(mutant)
+        elif place == 0 and identity(mutant) in known:
+            print(f"{EXPLAINED} need not name {mutant.file}:{mutant.line}: {result}")
         counts[mutant.kind][place] += 1
     print(f"{'changed':<12}{'killed':>8}{'explained':>11}{'survived':>10}{'not compiling':>15}")
     for kind in kinds:
@@ -234,11 +238,11 @@ def report(results, reasons, out_of_time):
     for mutant in sorted(survivors):
         print(f"survived: {mutant.file}:{mutant.line} ({mutant.kind})\n"
               f"  before: {mutant.before}\n  after:  {mutant.after}")
-    killed, known, survived, broken = (sum(counts[kind][i] for kind in kinds) for i in range(4))
+    killed, alike, survived, broken = (sum(counts[kind][i] for kind in kinds) for i in range(4))
     able = killed + survived
     share = 100.0 * killed / able if able else 0.0
     late = f", {out_of_time} left out for lack of time" if out_of_time else ""
-    print(f"mutants: {killed} of {able} killed ({share:.1f} %), {known} explained, "
+    print(f"mutants: {killed} of {able} killed ({share:.1f} %), {alike} explained, "
           f"{broken} do not compile{late}")
     return share
 
@@ -252,12 +256,13 @@ def main():
     parser.add_argument("--only", default="", help="part of the path of the sources")
     parser.add_argument("--seconds", type=int, help="start no mutant after so many")
     parser.add_argument("--least", type=float, default=95.0, help="per cent to be killed")
+    parser.add_argument("--known", action="store_true", help="try the explained ones, too")
     arguments = parser.parse_args()
-    trial = Trial(Build(arguments.build), arguments.jobs)
+    known = explained()
+    trial = Trial(Build(arguments.build), arguments.jobs, set() if arguments.known else known)
     if arguments.seconds is not None:
         trial.deadline = time.monotonic() + arguments.seconds
-    reasons = explained()
-    picked = chosen(arguments, trial.build.compile)
+    picked = chosen(arguments, trial.build.compile, known)
     results = []
     with concurrent.futures.ThreadPoolExecutor(arguments.jobs) as pool:
         for mutant, result in zip(picked, pool.map(trial.result_of, picked)):
@@ -267,7 +272,7 @@ def main():
                       flush=True)
     if not results:
         sys.exit("mutants: none was tried")
-    if report(results, reasons, len(picked) - len(results)) < arguments.least:
+    if report(results, known, len(picked) - len(results)) < arguments.least:
         sys.exit(f"mutants: less than {arguments.least} % were killed")
 
 

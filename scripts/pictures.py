@@ -20,8 +20,7 @@ import subprocess
 import sys
 import xml.etree.ElementTree
 
-sys.dont_write_bytecode = True
-import layers  # noqa: E402
+import layers
 
 TREE = pathlib.Path(__file__).resolve().parent.parent
 PICTURES = TREE / "docs/pictures"

@@ -5,7 +5,7 @@
 #
 # They are Debian's own packages for that architecture, fetched by apt with lists and
 # settings of its own in DIRECTORY: this system's packages, and the architectures that
-# it knows, stay as they are, and nobody has to be root.
+# it knows, stay as they are, and nobody has to be root once apt has lists.
 set -eu
 scripts=$(cd "$(dirname "$0")" && pwd)
 packages="libyaml-cpp-dev libyaml-cpp0.7 libspdlog-dev libspdlog1.10 libfmt-dev libfmt9

@@ -56,7 +56,7 @@ class Player:
         self._elsewhere = Elsewhere(options.elsewhere)
         self._console = None
         self._passwords = []
-        self._port = str(free_port())
+        self._port = str(free_port()) if PORT in options.document.read_text() else PORT
         self.counts = {"run": 0, "typed": 0, "elsewhere": 0, "installed": 0}
 
     def close(self):
@@ -135,13 +135,16 @@ class Player:
 
     def _run_command(self, command):
         status, text = self._shell.run(command.replace(PORT, self._port))
-        return status, text.replace(self._port, PORT)
+        return status, self._as_shown(text)
 
     def _run_server(self, step, is_enough):
         def is_enough_here(text):
-            return is_enough(text.replace(self._port, PORT))
-        return self._shell.run_until(step.text.replace(PORT, self._port),
-                                     is_enough_here).replace(self._port, PORT)
+            return is_enough(self._as_shown(text))
+        return self._as_shown(self._shell.run_until(step.text.replace(PORT, self._port),
+                                                    is_enough_here))
+
+    def _as_shown(self, text):
+        return re.sub(rf"\b{self._port}\b", PORT, text)
 
     def _commands(self, step):
         for offset, command in lone_commands(step.text):

@@ -21,7 +21,7 @@ if [ "$soname" != "$(sed -n '1s/ .*//p' "$list")" ]; then
   exit 1
 fi
 
-host='CMutexLock|Variant|ulogPrintf|bep_[A-Za-z]+|vty_out|install_element|cl_install_module'
+host='CMutexLock|Variant|ulogPrintf|bep_(StrCmp|StrLen|callocEx|freeEx|memCpyEx|memSetEx)|vty_out|install_element|cl_install_module'
 # What has no version comes from no shared library: the host must bring it.
 strays=$("$nm" -DC --undefined-only "$library" | awk '$1 == "U"' | grep -v '@' |
   grep -vE "U ($host)(::|$|\()" || true)

@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Several catalogue files, show catalogue and reload, in the built program.
 
   running_host_test.py OLT_HOST

@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """The schemas that editors use and the reader of olt_host must take and refuse the same.
 
   schema_test.py OLT_HOST

@@ -12,15 +12,14 @@
 # instead of 250, an emulator being slow.
 set -eu
 cd "$(dirname "$0")/.."
-scripts/install_packages.sh build
-scripts/install_packages.sh big_endian
+scripts/install_packages.sh build big_endian
 build=build-big-endian
 emulator="qemu-ppc -L /usr/powerpc-linux-gnu"
 scripts/build_libmd.sh powerpc-linux-gnu $build/libmd
-PKG_CONFIG_LIBDIR=$PWD/$build/libmd/lib/pkgconfig cmake -S . -B $build -G Ninja \
+PKG_CONFIG_LIBDIR=$PWD/$build/libmd/lib/pkgconfig scripts/configure.sh $build \
   --toolchain cmake/toolchains/powerpc-linux-gnu.cmake -DONU_ABILITY_BUILD_HOST=OFF \
   -DONU_ABILITY_GTEST_SOURCES=/usr/src/googletest/googletest -DCMAKE_BUILD_TYPE=Release \
-  -DCMAKE_CXX_FLAGS_RELEASE=-O1 >$build.log 2>&1 || { cat $build.log; exit 1; }
+  -DCMAKE_CXX_FLAGS_RELEASE=-O1
 programs="onu_ability_common_test exchange_test model_test"
 # shellcheck disable=SC2086  # a list of names
 cmake --build $build --target onu_ability_common write_exchanged_files $programs

@@ -8,8 +8,7 @@
 # valgrind, so that is not made to run fast.
 set -eu
 cd "$(dirname "$0")/.."
-scripts/install_packages.sh build
-scripts/install_packages.sh memcheck
+scripts/install_packages.sh build memcheck
 make -s configure BUILD=build
 cmake --build build --target onu_ability_common_test
 log=build/memcheck.log
