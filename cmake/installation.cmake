@@ -15,7 +15,7 @@ install(DIRECTORY src/platform/ src/onu_ability_common/
   PATTERN "log.h" EXCLUDE PATTERN "short_ways.h" EXCLUDE PATTERN "ability_name.h" EXCLUDE
   PATTERN "*_index.h" EXCLUDE PATTERN "table_lock.h" EXCLUDE
   PATTERN "name_text.h" EXCLUDE PATTERN "common_types.h" EXCLUDE PATTERN "registered_codes.h" EXCLUDE
-  PATTERN "command_arguments.h" EXCLUDE PATTERN "ability_entry.h" EXCLUDE
+  PATTERN "command_arguments.h" EXCLUDE PATTERN "ability_entry.h" EXCLUDE PATTERN "source_filter.h" EXCLUDE
   PATTERN "onu_ability_common_service_cli" EXCLUDE)
 
 # find_package(onu_ability_common 1)

@@ -18,9 +18,12 @@ void CopyTypeName(const std::string& type_name, char* buffer, unsigned int size)
   buffer[count] = '\0';
 }
 
-// Indexing leaves an empty entry where there is no real table, as meant.
 OnuAbilityTableBase* RealTable() {
-  return OnuAbilityTableManager::GetInstance()->_map_table[ONU_ABILITY_PROFILE_TYPE_REAL];
+  auto& tables = OnuAbilityTableManager::GetInstance()->_map_table;
+  const auto entry = tables.find(ONU_ABILITY_PROFILE_TYPE_REAL);
+  // Where there is no real table an empty entry is left, as meant. Where there is one nothing
+  // changes, so any number of threads may ask.
+  return entry != tables.end() ? entry->second : tables[ONU_ABILITY_PROFILE_TYPE_REAL];
 }
 
 }  // namespace

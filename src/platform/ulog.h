@@ -8,7 +8,9 @@
 /// It may call back into the library: registries, settings, hooks and the log mask while
 /// any line is written; tables, manager, query functions and commands only for a line
 /// that no table operation writes, because those hold the table's lock and the lock is
-/// not recursive. Lines that the call back causes arrive here, too.
+/// not recursive; and not for `OnuAbilityTableManager start!` and `release
+/// OnuAbilityTableManager!`, at which there is no manager yet, or no longer. Lines that the
+/// call back causes arrive here, too.
 #ifndef ULOG_H
 #define ULOG_H
 

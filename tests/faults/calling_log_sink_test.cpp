@@ -46,10 +46,15 @@ void AskRegistries() {
   onu_ability_get_all_ability_attr_info(records);
 }
 
-void AskTables() {
-  char name[40] = {};
+// Also while a table is being made or released.
+void AskManager() {
   onu_ability_key_ability_value_is_exist(102);
   onu_ability_search_by_real_type(1102);
+}
+
+// These leave an empty entry where there is no table.
+void AskTables() {
+  char name[40] = {};
   onu_ability_get_onu_ability_value_by_key_value(102, 1010);
   onu_ability_get_onu_type_name_by_key_value(102, name, sizeof name);
   onu_ability_get_onu_type_name_by_realtype(1102, name, sizeof name);
@@ -68,8 +73,11 @@ void CallBack(const LogLine& /*line*/) {
   ++(locked ? under_lock : without_lock);
   SetSettings();
   AskRegistries();
-  if (!locked && OnuAbilityTableManager::GetInstance()->_map_table.size() == 2) {
-    AskTables();
+  if (!locked) {
+    AskManager();
+    if (OnuAbilityTableManager::GetInstance()->_map_table.size() == 2) {
+      AskTables();
+    }
   }
   answering = false;
 }

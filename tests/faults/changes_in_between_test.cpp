@@ -62,8 +62,9 @@ struct Meeting {
   const char* name;
   void (*prepare)();
   void (*operation)();
-  void (*change)();  // made at one line of the operation
-  const char* said;  // at least once, for the change that came at that moment; or null
+  void (*change)();             // made at one line of the operation
+  const char* said;             // at least once, for the change that came at that moment; or null
+  const char* never = nullptr;  // at no moment: it would be untrue
 };
 
 std::ostream& operator<<(std::ostream& out, const Meeting& meeting) { return out << meeting.name; }
@@ -72,19 +73,25 @@ void Nothing() {}
 
 const Meeting kMeetings[] = {
     {"TwoAddOneName", Nothing, [] { Attributes().Add(kOther, "NEW"); },
-     [] { Attributes().Add(kAnother, "NEW"); }, nullptr},
+     [] { Attributes().Add(kAnother, "NEW"); },
+     "ability attr name is invalid!ability_attr_name:NEW",
+     "ability_attr_id exist,ability_attr_id:8"},
     {"TwoAddOneId", Nothing, [] { Attributes().Add(kOther, "NEW"); },
-     [] { Attributes().Add(kOther, "ELSE"); }, nullptr},
+     [] { Attributes().Add(kOther, "ELSE"); }, "ability_attr_id exist,ability_attr_id:8"},
     {"RenamedToATakenName", [] { Attributes().Add(kOther, "OLD"); },
      [] { Attributes().Update(kOther, "NEW"); }, [] { Attributes().Add(kAnother, "NEW"); },
-     nullptr},
+     "ability attr name is invalid!ability_attr_name:NEW",
+     "ability_attr_id do not exist,ability_attr_id:8"},
     {"RenamedWhenDeleted", [] { Attributes().Add(kOther, "OLD"); },
-     [] { Attributes().Update(kOther, "NEW"); }, [] { Attributes().Del(kOther); }, nullptr},
+     [] { Attributes().Update(kOther, "NEW"); }, [] { Attributes().Del(kOther); },
+     "ability_attr_id do not exist,ability_attr_id:8"},
     {"AttributeDeletedWhenUsed", [] { Attributes().Add(kOther, "OLD"); },
      [] { Attributes().Del(kOther); }, [] { Define(2000, "CODE", true); },
+     "ability_attr_id is using, can not del!ability_attr_id:8",
      "ability_attr_id is not exist!ability_attr_id:8"},
     {"AttributeDeletedByNameWhenUsed", [] { Attributes().Add(kOther, "OLD"); },
      [] { Attributes().Del(std::string("OLD")); }, [] { Define(2000, "CODE", true); },
+     "ability_attr_id is using, can not del!ability_attr_id:8",
      "find ability_attr_name null!ability_attr_name:OLD"},
     {"TwoCodesOfOneName", Nothing, [] { Define(2000, "CODE"); }, [] { Define(2001, "CODE"); },
      "ability_code_info is invalid!"},
@@ -124,6 +131,8 @@ class ChangesInBetween : public ::testing::TestWithParam<Meeting> {
       met = Meet(k);
       for (const LogLine& line : host.TakeLog()) {
         said = said || (met && GetParam().said != nullptr && line.text == GetParam().said);
+        EXPECT_FALSE(GetParam().never != nullptr && line.text == GetParam().never)
+            << line << ", the change came at line " << k;
       }
       EXPECT_EQ("", Faults()) << "the change came at line " << k;
       host.ForgetLog();

@@ -8,6 +8,7 @@
 #include "failing_memory.h"
 #include "observed_call.h"
 #include "observed_state.h"
+#include "onu_ability_common_service_cinterface.h"
 #include "onu_ability_common_table/pattern_index.h"
 #include "prepared_library.h"
 #include "short_ways/texts.h"
@@ -55,10 +56,45 @@ TEST(IndexShortage, IsMadeUpForByTheNextValue) {
   }
 }
 
+// What the tables answer in the moment in which the k-th request for memory fails. The host
+// itself asks for none.
+std::string AskInShortage(unsigned int k) {
+  return InChild([k] {
+    failing_memory::Fail(k, failing_memory::From::kThenOnAll);
+    std::string said = "threw";
+    unsigned int number = 0;
+    try {
+      number = onu_ability_get_onu_ability_value_by_key_value(kKey, kPorts);
+      said = "answered ";
+    } catch (const std::bad_alloc&) {
+      number = 0;
+    }
+    const bool came = failing_memory::Recover();
+    return Words(said, std::to_string(number), came ? ", short" : "");
+  });
+}
+
+// An index serves questions, and is not owed an answer: without memory for it the profile
+// itself is asked.
+TEST(IndexShortage, KeepsNoQuestionFromItsAnswer) {
+  PrepareLibrary(Service::kFresh);
+  bool came = true;
+  unsigned int shortages = 0;
+  for (unsigned int k = 1; came; ++k) {
+    const std::string said = AskInShortage(k);
+    came = said.find(", short") != std::string::npos;
+    shortages += came ? 1 : 0;
+    EXPECT_EQ(came ? "answered 2, short" : "answered 2", said) << "request " << k;
+    ASSERT_LT(k, 1000U);
+  }
+  EXPECT_GT(shortages, 0U);
+}
+
 // A list that was given up half made is not taken for the one made before it.
 TEST(IndexShortage, ListOfOneKeyCodeIsNotTakenForThatOfAnother) {
   constexpr unsigned short kHeld = 1010;
   constexpr unsigned short kLacked = 1011;
+  PrepareLibrary(Service::kFresh);
   std::vector<OnuAbilityProfile> profiles(9);
   for (OnuAbilityProfile& profile : profiles) {
     profile.Add(kHeld, 4U);

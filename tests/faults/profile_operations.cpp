@@ -20,10 +20,22 @@ Operation Change(const char* name, Run run) {
           }};
 }
 
+using RunWithOther = std::function<unsigned long long(OnuAbilityProfile&, OnuAbilityProfile&)>;
+
+// A change by another profile, made like the first when the library is prepared: operations
+// are listed before.
+Operation ChangeBy(OnuAbilityProfile (*make_other)(), const char* name, RunWithOther run) {
+  return {name, [make_other, run] {
+            auto profile =
+                std::make_shared<OnuAbilityProfile>(NewProfile(ONU_ABILITY_PROFILE_TYPE_REAL, 900));
+            auto other = std::make_shared<OnuAbilityProfile>(make_other());
+            return Call{[profile, other, run] { return run(*profile, *other); },
+                        [profile] { return Shown(*profile); }};
+          }};
+}
+
 // One that goes code by code, each of them whole or not at all.
-Operation ChangeInSteps(const char* name, Run run) {
-  Operation operation = Change(name, run);
-  operation.name = name;
+Operation InSteps(Operation operation) {
   operation.prepare = [prepare = operation.prepare] {
     Call call = prepare();
     call.object = nullptr;
@@ -31,6 +43,8 @@ Operation ChangeInSteps(const char* name, Run run) {
   };
   return operation;
 }
+
+Operation ChangeInSteps(const char* name, Run run) { return InSteps(Change(name, std::move(run))); }
 
 ONU_ABILITY_COMMON_ABILITY_VALUE LongValue() {
   ONU_ABILITY_COMMON_ABILITY_VALUE value;
@@ -89,6 +103,19 @@ Operations ValueFillings() {
   };
 }
 
+OnuAbilityProfile LargerProfile() {
+  OnuAbilityProfile profile = NewProfile(ONU_ABILITY_PROFILE_TYPE_MATCH, 901);
+  profile.Add(ONU_ABILITY_CODE_PROFILE_NAME, LongName());
+  profile.Add(1020, 2U);
+  return profile;
+}
+
+OnuAbilityProfile SameProfile() {
+  OnuAbilityProfile profile = NewProfile(ONU_ABILITY_PROFILE_TYPE_REAL, 900);
+  profile._flag_match_type = ONU_ABILITY_MATCH_TYPE_EXACT;
+  return profile;
+}
+
 Operations WholeProfiles() {
   return {
       Change("ProfileInit",
@@ -107,11 +134,11 @@ Operations WholeProfiles() {
                profile.Del(1010);
                return 0ULL;
              }),
-      Change("ProfileAssignment",
-             [other = NewReport()](OnuAbilityProfile& profile) {
-               profile = other;
-               return 0ULL;
-             }),
+      ChangeBy(LargerProfile, "ProfileAssignment",
+               [](OnuAbilityProfile& profile, OnuAbilityProfile& other) {
+                 profile = other;
+                 return 0ULL;
+               }),
       ChangeInSteps("ProfileCopyAndMove",
                     [](OnuAbilityProfile& profile) {
                       OnuAbilityProfile copy(profile);
@@ -173,6 +200,9 @@ Operations Serialisation() {
 // --- Questions
 
 Operation Question(const char* name, Run run) { return ChangeInSteps(name, std::move(run)); }
+Operation QuestionBy(OnuAbilityProfile (*make_other)(), const char* name, RunWithOther run) {
+  return InSteps(ChangeBy(make_other, name, std::move(run)));
+}
 
 Operations Reading() {
   return {
@@ -254,14 +284,14 @@ Operations Comparing() {
                [](OnuAbilityProfile& profile) {
                  return 0ULL + (profile == std::string("ABCD-OF-MORE-THAN-SIXTEEN"));
                }),
-      Question("ProfileFitsReport",
-               [report = NewReport()](OnuAbilityProfile& profile) {
-                 return 0ULL + (profile == report);
-               }),
-      Question("ProfileIsSame",
-               [same = NewProfile(ONU_ABILITY_PROFILE_TYPE_REAL, 900)](OnuAbilityProfile& profile) {
-                 return 0ULL + (profile == same);
-               }),
+      QuestionBy(NewReport, "ProfileFitsReport",
+                 [](OnuAbilityProfile& profile, OnuAbilityProfile& report) {
+                   return 0ULL + (profile == report);
+                 }),
+      QuestionBy(SameProfile, "ProfileIsSame",
+                 [](OnuAbilityProfile& profile, OnuAbilityProfile& same) {
+                   return 0ULL + (profile == same);
+                 }),
   };
 }
 

@@ -149,6 +149,11 @@ Operations WholeTables() {
               Manager().DelOnuAbilityTable(kMatch);
               return 0ULL;
             }),
+      Plain("ManagerDelRealTable",
+            [] {
+              Manager().DelOnuAbilityTable(kReal);
+              return 0ULL;
+            }),
       Plain("TableOfTheHost",
             [] {
               OnuAbilityProfile profile;

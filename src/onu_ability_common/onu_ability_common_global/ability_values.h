@@ -67,6 +67,18 @@ enum ONU_ABILITY_ENUM_ABILITY_ATTR_ID : int {
   ONU_ABILITY_ATTR_VALUE_TYPE = 5,    ///< 2 number, 3 string
 };
 
+/// @name Bits of the confirm-type attribute
+/// @{
+constexpr unsigned short ONU_ABILITY_CONFIRM_COMPARED = 0x1;  ///< compared with patterns
+constexpr unsigned short ONU_ABILITY_CONFIRM_ASKED = 0x2;     ///< asked from the ONU
+/// @}
+
+/// @name Values of the port-type attribute
+/// @{
+constexpr unsigned short ONU_ABILITY_PORT_LAN = 3;       ///< a LAN port, which is a data UNI, too
+constexpr unsigned short ONU_ABILITY_PORT_DATA_UNI = 7;  ///< another data UNI
+/// @}
+
 /// @name Ability codes that the library itself reads or writes
 /// Numbers, unless they are said to be strings. Only registered codes can be added to a
 /// profile, these like any other; the derived ones and the key are written anyway.

@@ -1,6 +1,7 @@
 // The listing of one profile on a terminal, apart from the profile itself: it
 // asks the query interface, which builds on the tables.
 #include "onu_ability_common_global/log.h"
+#include "onu_ability_common_global/source_filter.h"
 #include "onu_ability_common_service_cinterface.h"
 #include "onu_ability_common_table.h"
 #include "onu_ability_common_table/ability_name.h"
@@ -58,7 +59,7 @@ void OnuAbilityProfile::Show(void* vty, ONU_ABILITY_ENUM_PROFILE_SOURCE source, 
     ONU_ABILITY_LOG(13, "there is null pointer!");
     return;
   }
-  if (source != ONU_ABILITY_PROFILE_SOURCE_ALL && source != _profile_source) {
+  if (!PassesFilter(source, _profile_source)) {
     ONU_ABILITY_LOG(0, "profile source don't match!_profile_source:%d, profile_source:%d",
                     _profile_source, source);
     return;

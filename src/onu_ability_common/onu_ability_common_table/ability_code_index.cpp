@@ -6,23 +6,17 @@
 
 namespace {
 
-// The bits of the confirm-type attribute.
-constexpr unsigned short kByPattern = 0x1;
-constexpr unsigned short kByOnu = 0x2;
-constexpr unsigned short kLanPortType = 3;
-// Port type 7 is a data UNI, too: 3 with this bit set.
-constexpr unsigned int kDataUniBit = 0x4;
-
 AbilityTraits TraitsOfEntry(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, unsigned short value) {
   switch (id) {
     case ONU_ABILITY_ATTR_CONFIRM_TYPE:
-      return kHoldsConfirmType | ((value & kByPattern) != 0 ? kComparedWithPatterns : 0U) |
-             ((value & kByOnu) != 0 ? kConfirmedByOnu : 0U);
+      return kHoldsConfirmType |
+             ((value & ONU_ABILITY_CONFIRM_COMPARED) != 0 ? kComparedWithPatterns : 0U) |
+             ((value & ONU_ABILITY_CONFIRM_ASKED) != 0 ? kConfirmedByOnu : 0U);
     case ONU_ABILITY_ATTR_LAMP:
       return kHoldsLamp | (value != 0 ? kCountsLamps : 0U);
     case ONU_ABILITY_ATTR_PORT_TYPE:
-      return kHoldsPortType | (value == kLanPortType ? kLanPort : 0U) |
-             ((value & ~kDataUniBit) == kLanPortType ? kDataUni : 0U);
+      return kHoldsPortType | (value == ONU_ABILITY_PORT_LAN ? kLanPort : 0U) |
+             (IsDataUni(value) ? kDataUni : 0U);
     case ONU_ABILITY_ATTR_VALUE_TYPE:
       return kHoldsValueType | (value == ONU_ABILITY_VALUE_TYPE_USHORT ? kNumber : 0U);
     default:

@@ -38,6 +38,15 @@ constexpr AbilityTraits kHoldsValueType = 0x200;
 constexpr AbilityTraits kConfirmedByOnu = 0x400;
 constexpr AbilityTraits kDerivedCount = 0x800;  // one of the two codes themselves
 
+// A code with these neither says anything nor acquires an attribute when ports are counted.
+constexpr AbilityTraits kCountedSilently = kKnownCode | kHoldsPortType | kHoldsValueType;
+constexpr AbilityTraits kDataUniNumber = kDataUni | kNumber;
+
+// Whether ports of this type are data UNIs.
+constexpr bool IsDataUni(unsigned short port_type) {
+  return port_type == ONU_ABILITY_PORT_LAN || port_type == ONU_ABILITY_PORT_DATA_UNI;
+}
+
 AbilityTraits TraitsOf(const ONU_ABILITY_CODE_ATTR_INFO& record);
 
 // An entry for each of the 65536 codes. The block is not written where no code is

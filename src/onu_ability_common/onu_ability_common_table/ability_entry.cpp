@@ -1,6 +1,7 @@
 #include "onu_ability_common_table/ability_entry.h"
 
 #include "onu_ability_common_global/log.h"
+#include "onu_ability_common_global/source_filter.h"
 #include "onu_ability_common_table/ability_name.h"
 
 bool AbilityEntry::IsExist(unsigned short code) const {
@@ -66,8 +67,7 @@ unsigned int AbilityEntry::IsEqual(ONU_ABILITY_ENUM_PROFILE_SOURCE wanted_source
     return 0;
   }
   ONU_ABILITY_LOG(4, "ability_value_1:%d, ability_value_2:%d", found.ability_ushort_value, value);
-  if (found.ability_ushort_value == value &&
-      (wanted_source == ONU_ABILITY_PROFILE_SOURCE_ALL || wanted_source == source)) {
+  if (found.ability_ushort_value == value && PassesFilter(wanted_source, source)) {
     return 1;
   }
   ONU_ABILITY_LOG(10, "function end!");

@@ -12,7 +12,6 @@
 
 namespace {
 
-constexpr unsigned short kAskedFromOnu = 0x2;  // bit of the confirm-type attribute
 constexpr unsigned int kStageGathered = 0;
 constexpr unsigned int kStageConfirmed = 2;
 constexpr unsigned int kVendorIdLength = 4;
@@ -116,12 +115,12 @@ void ConfirmOnuType::GatherAbilities() {
 }
 
 bool ConfirmOnuType::IsAsked(RegisteredCodes& registered, unsigned short code) {
-  constexpr AbilityTraits kReadSilently = kHoldsConfirmType | kHoldsValueType;
+  constexpr AbilityTraits kAskedSilently = kHoldsConfirmType | kHoldsValueType;
   constexpr AbilityTraits kAsked = kConfirmedByOnu | kNumber;
   const AbilityCodeIndex* index = AbilityCodeReader().Index();
   if (index != nullptr && NobodyListensTo(LogLevels(4))) {
     const AbilityTraits traits = index->Traits(code);
-    if ((traits & kReadSilently) == kReadSilently) {
+    if ((traits & kAskedSilently) == kAskedSilently) {
       return (traits & kAsked) == kAsked;
     }
   }
@@ -130,7 +129,8 @@ bool ConfirmOnuType::IsAsked(RegisteredCodes& registered, unsigned short code) {
   const unsigned short value_type = registered.Acquire(ONU_ABILITY_ATTR_VALUE_TYPE);
   ONU_ABILITY_LOG_FOR("Init", 4, "confirm_type_attr_value:%d, ability_value_type_attr_value:%d",
                       confirm_type, value_type);
-  return value_type == ONU_ABILITY_VALUE_TYPE_USHORT && (confirm_type & kAskedFromOnu) != 0;
+  return value_type == ONU_ABILITY_VALUE_TYPE_USHORT &&
+         (confirm_type & ONU_ABILITY_CONFIRM_ASKED) != 0;
 }
 
 void ConfirmOnuType::AskAbility(unsigned short code) {

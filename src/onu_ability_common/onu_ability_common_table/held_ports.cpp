@@ -7,9 +7,6 @@
 
 namespace {
 
-// A code with these neither says anything nor acquires an attribute when it is read.
-constexpr AbilityTraits kReadSilently = kKnownCode | kHoldsPortType | kHoldsValueType;
-constexpr AbilityTraits kDataUniNumber = kDataUni | kNumber;
 constexpr std::size_t kUsualPorts = 8;  // two kinds of each, and the derived counts
 constexpr AbilityTraits kOfInterest = kLanPort | kDataUni | kDerivedCount;
 
@@ -65,5 +62,5 @@ bool HeldPorts::Note(unsigned short code, ONU_ABILITY_COMMON_ABILITY_VALUE& valu
       _ports.push_back({&value, is_lan, is_data_uni});
     }
   }
-  return (traits & kReadSilently) == kReadSilently;
+  return (traits & kCountedSilently) == kCountedSilently;
 }

@@ -23,23 +23,31 @@ OnuAbilityAttrInfo::Names::const_iterator OnuAbilityAttrInfo::FindName(
                       [&name](const auto& entry) { return entry.second == name; });
 }
 
-bool OnuAbilityAttrInfo::Insert(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, const std::string& name) {
+OnuAbilityAttrInfo::Outcome OnuAbilityAttrInfo::Insert(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id,
+                                                       const std::string& name) {
   const WriteScope scope(onu_ability_settings_guard);
-  if (FindName(name) != _map_ability_attr.end() || !_map_ability_attr.emplace(id, name).second) {
-    return false;
+  if (FindName(name) != _map_ability_attr.end()) {
+    return Outcome::kNameTaken;
+  }
+  if (!_map_ability_attr.emplace(id, name).second) {
+    return Outcome::kIdTaken;
   }
   NoteIds();
-  return true;
+  return Outcome::kDone;
 }
 
-bool OnuAbilityAttrInfo::Rename(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, const std::string& name) {
+OnuAbilityAttrInfo::Outcome OnuAbilityAttrInfo::Rename(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id,
+                                                       const std::string& name) {
   const WriteScope scope(onu_ability_settings_guard);
+  if (FindName(name) != _map_ability_attr.end()) {
+    return Outcome::kNameTaken;
+  }
   const auto entry = _map_ability_attr.find(id);
-  if (entry == _map_ability_attr.end() || FindName(name) != _map_ability_attr.end()) {
-    return false;
+  if (entry == _map_ability_attr.end()) {
+    return Outcome::kUnknown;
   }
   entry->second = name;
-  return true;
+  return Outcome::kDone;
 }
 
 void OnuAbilityAttrInfo::NoteIds() {
@@ -116,9 +124,10 @@ ONU_ABILITY_ENUM_ABILITY_ATTR_ID OnuAbilityAttrInfo::Get(std::string name) {
 
 void OnuAbilityAttrInfo::Add(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, std::string name) {
   ONU_ABILITY_LOG(10, "function start!");
-  if (IsValid(name) == 0) {
+  const Outcome outcome = IsValid(name) != 0 ? Insert(id, name) : Outcome::kNameTaken;
+  if (outcome == Outcome::kNameTaken) {
     ONU_ABILITY_LOG(0, "ability attr name is invalid!ability_attr_name:%s", name.c_str());
-  } else if (Insert(id, name)) {
+  } else if (outcome == Outcome::kDone) {
     ONU_ABILITY_LOG(1, "ability_attr_id is valid!ability_attr_id:%d", id);
   } else {
     ONU_ABILITY_LOG(9, "ability_attr_id exist,ability_attr_id:%d", id);
@@ -129,9 +138,10 @@ void OnuAbilityAttrInfo::Add(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, std::string na
 void OnuAbilityAttrInfo::Update(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, std::string name) {
   ONU_ABILITY_LOG(10, "function start!");
   // The id's own name counts as taken, too, as meant.
-  if (IsValid(name) == 0) {
+  const Outcome outcome = IsValid(name) != 0 ? Rename(id, name) : Outcome::kNameTaken;
+  if (outcome == Outcome::kNameTaken) {
     ONU_ABILITY_LOG(0, "ability attr name is invalid!ability_attr_name:%s", name.c_str());
-  } else if (Rename(id, name)) {
+  } else if (outcome == Outcome::kDone) {
     ONU_ABILITY_LOG(9, "ability_attr_id exist,ability_attr_id:%d", id);
   } else {
     ONU_ABILITY_LOG(1, "ability_attr_id do not exist,ability_attr_id:%d", id);

@@ -68,17 +68,20 @@ class ONU_ABILITY_API OnuAbilityAttrInfo {
       ONU_ABILITY_EXCLUDES(onu_ability_settings_guard);
   ONU_ABILITY_LOCAL Names::const_iterator FindName(const std::string& name) const
       ONU_ABILITY_REQUIRES_SHARED(onu_ability_settings_guard);
+  // What became of a change.
+  enum class Outcome { kDone, kNameTaken, kIdTaken, kUnknown, kInUse };
+
   // Changes, each judged once more: another thread may have been faster than the lines
-  // that said what will happen. False when it is no longer allowed.
-  ONU_ABILITY_LOCAL bool Insert(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, const std::string& name)
+  // that said what will happen.
+  ONU_ABILITY_LOCAL Outcome Insert(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, const std::string& name)
       ONU_ABILITY_EXCLUDES(onu_ability_settings_guard);
-  ONU_ABILITY_LOCAL bool Rename(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, const std::string& name)
+  ONU_ABILITY_LOCAL Outcome Rename(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id, const std::string& name)
       ONU_ABILITY_EXCLUDES(onu_ability_settings_guard);
-  ONU_ABILITY_LOCAL bool Erase(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id)
+  ONU_ABILITY_LOCAL Outcome Erase(ONU_ABILITY_ENUM_ABILITY_ATTR_ID id)
       ONU_ABILITY_EXCLUDES(onu_ability_settings_guard);
-  ONU_ABILITY_LOCAL bool Erase(const std::string& name)
+  ONU_ABILITY_LOCAL Outcome Erase(const std::string& name)
       ONU_ABILITY_EXCLUDES(onu_ability_settings_guard);
-  ONU_ABILITY_LOCAL bool Erase(Names::const_iterator entry)
+  ONU_ABILITY_LOCAL Outcome Erase(Names::const_iterator entry)
       ONU_ABILITY_REQUIRES(onu_ability_settings_guard);
   // To be called after every change of the ids.
   ONU_ABILITY_LOCAL void NoteIds() ONU_ABILITY_REQUIRES(onu_ability_settings_guard);

@@ -26,8 +26,10 @@ void OnuAbilityProfile::SayReleased() {
 
 OnuAbilityProfile& OnuAbilityProfile::operator=(const OnuAbilityProfile& other) {
   if (this != &other) {
+    // Copied first: when the memory does not suffice, the profile is as it was.
+    AbilityMap abilities(other._common_ability);
     CopyHeader(other);
-    _common_ability = other._common_ability;
+    _common_ability = std::move(abilities);
   }
   return *this;
 }

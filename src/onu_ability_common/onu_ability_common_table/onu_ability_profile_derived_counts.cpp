@@ -7,12 +7,6 @@
 
 namespace {
 
-constexpr unsigned short kLanPortType = 3;
-// Port type 7 is a data UNI, too: 3 with this bit set.
-constexpr unsigned int kDataUniBit = 0x4;
-constexpr AbilityTraits kReadSilently = kKnownCode | kHoldsPortType | kHoldsValueType;
-constexpr AbilityTraits kDataUniNumber = kDataUni | kNumber;
-
 // 0 and the wildcard say nothing about a number of ports.
 bool IsCount(unsigned int number) { return number != 0 && number != ONU_ABILITY_WILDCARD; }
 
@@ -60,7 +54,7 @@ bool OnuAbilityProfile::UpdateSilently(const AbilityCodeReader& codes) {
     }
   }
   const AbilityTraits lan_total_traits = codes.Traits(ONU_ABILITY_CODE_ALL_LAN);
-  if (lan.found && (lan_total_traits & kReadSilently) != kReadSilently) {
+  if (lan.found && (lan_total_traits & kCountedSilently) != kCountedSilently) {
     return false;
   }
   ONU_ABILITY_COMMON_ABILITY_VALUE* lan_total = _ports.LanTotal();
@@ -90,7 +84,7 @@ void OnuAbilityProfile::UpdateLan() {
     // Whatever the tag of the value, as meant.
     const unsigned short port_type =
         OnuAbilityCodeInfo::GetInstance()->Get(code, ONU_ABILITY_ATTR_PORT_TYPE);
-    if (port_type == kLanPortType && IsCount(value.ability_ushort_value)) {
+    if (port_type == ONU_ABILITY_PORT_LAN && IsCount(value.ability_ushort_value)) {
       sum += value.ability_ushort_value;
       found = true;
     }
@@ -118,7 +112,7 @@ void OnuAbilityProfile::UpdateDataUni() {
         OnuAbilityCodeInfo::GetInstance()->Get(code, ONU_ABILITY_ATTR_PORT_TYPE);
     ONU_ABILITY_LOG(6, "ability_code:%d, ability_value:%u, ability_attr_value:%d", code,
                     value.ability_ushort_value, port_type);
-    if ((port_type & ~kDataUniBit) == kLanPortType && IsCount(value.ability_ushort_value)) {
+    if (IsDataUni(port_type) && IsCount(value.ability_ushort_value)) {
       sum += value.ability_ushort_value;
       found = true;
     }

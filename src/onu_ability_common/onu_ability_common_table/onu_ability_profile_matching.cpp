@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr unsigned short kComparedWithPatterns = 0x1;
-
 // A fixed list, deliberately not following the current key ability code.
 bool IsLeftOutOfExactMatch(unsigned short code) {
   return code == ONU_ABILITY_CODE_REPORT_TYPE || code == ONU_ABILITY_CODE_REAL_TYPE ||
@@ -205,7 +203,7 @@ bool OnuAbilityProfile::MatchPattern(const OnuAbilityProfile& input,
         "key_ability_code:%d, key_ability_value:%d, ability_code:%d, ability_name:%s, "
         "confirm_type_attr_value:%d",
         key_code, held_key.ability_ushort_value, code, AbilityName(code).c_str(), confirm_type);
-    if ((confirm_type & kComparedWithPatterns) == 0) {
+    if ((confirm_type & ONU_ABILITY_CONFIRM_COMPARED) == 0) {
       continue;
     }
     const auto ability = _common_ability.find(code);

@@ -11,12 +11,6 @@
 #include "onu_ability_common_table/onu_ability_profile.h"
 #include "onu_ability_common_table/registered_codes.h"
 
-namespace {
-
-constexpr unsigned short kFillsMatchProfiles = 0x2;
-
-}  // namespace
-
 ONU_ABILITY_COMMON_ABILITY_VALUE& OnuAbilityProfile::Hold(unsigned short code,
                                                           const AbilityCodeReader& codes) {
   const auto place = _common_ability.lower_bound(code);
@@ -172,7 +166,7 @@ void OnuAbilityProfile::Add(ONU_ABILITY_ENUM_PROFILE_TYPE type, unsigned int val
     }
     // Reading an absent confirm type adds it to the record with the value 0.
     if (type == ONU_ABILITY_PROFILE_TYPE_MATCH &&
-        (registered.Acquire(ONU_ABILITY_ATTR_CONFIRM_TYPE) & kFillsMatchProfiles) == 0) {
+        (registered.Acquire(ONU_ABILITY_ATTR_CONFIRM_TYPE) & ONU_ABILITY_CONFIRM_ASKED) == 0) {
       continue;
     }
     const unsigned int value_type =

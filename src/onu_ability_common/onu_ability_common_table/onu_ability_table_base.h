@@ -132,8 +132,8 @@ class ONU_ABILITY_API OnuAbilityTableBase {
 
  protected:
   CMutexLock _mutex;  ///< the table's lock
-  /// The profiles in insertion order. Changed under the guard, too; read with the lock or
-  /// with it.
+  /// The profiles in insertion order. Changed under the guard, too, but for bind counts, which
+  /// nobody reads without the lock; read with the lock or with it.
   std::vector<OnuAbilityProfile> _vec_profile ONU_ABILITY_GUARDED_BY(_mutex);
   const unsigned short _key_ability_code;  ///< the registry's at construction, never refreshed
 
@@ -175,9 +175,10 @@ class ONU_ABILITY_API OnuAbilityTableBase {
   ONU_ABILITY_LOCAL const ValueIndex* RegularShortWayBy(unsigned short code) const
       ONU_ABILITY_REQUIRES_SHARED(_mutex);
   /// @}
-  /// Whether a profile of the source (2 is all) holds the number.
-  ONU_ABILITY_LOCAL bool HasNumber(ONU_ABILITY_ENUM_PROFILE_SOURCE source, const ValueIndex& index,
-                                   unsigned int number) const ONU_ABILITY_REQUIRES_SHARED(_mutex);
+  /// The newest of the source (2 is all) that holds the number, or kNoPosition.
+  ONU_ABILITY_LOCAL unsigned int NewestFrom(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                                            const ValueIndex& index, unsigned int number) const
+      ONU_ABILITY_REQUIRES_SHARED(_mutex);
   /// The oldest of exactly this source that holds it, or null.
   ONU_ABILITY_LOCAL OnuAbilityProfile* FindOldest(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
                                                   const ValueIndex& index, unsigned int number)

@@ -2,6 +2,7 @@
 // newest profile to the oldest, so of two profiles that qualify the one added
 // later wins.
 #include "onu_ability_common_global/log.h"
+#include "onu_ability_common_global/source_filter.h"
 #include "onu_ability_common_table/ability_name.h"
 #include "onu_ability_common_table/onu_ability_table_base.h"
 #include "onu_ability_common_table/profile_index.h"
@@ -53,8 +54,7 @@ unsigned int OnuAbilityTableBase::CollectByCode(ONU_ABILITY_ENUM_PROFILE_SOURCE 
   if (const ValueIndex* index = RegularShortWayBy(code)) {
     for (unsigned int position = index->Newest(value); position != kNoPosition;
          position = index->Older(position)) {
-      if (source == ONU_ABILITY_PROFILE_SOURCE_ALL ||
-          source == _vec_profile[position]._profile_source) {
+      if (PassesFilter(source, _vec_profile[position]._profile_source)) {
         profiles.push_back(_vec_profile[position]);
       }
     }
@@ -109,12 +109,12 @@ unsigned int OnuAbilityTableBase::CopyOut(const OnuAbilityProfile* found,
 
 void OnuAbilityTableBase::GetAll(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
                                  std::vector<OnuAbilityProfile>& profiles) {
-  const TableLock lock(_mutex);
   profiles.clear();
+  const TableLock lock(_mutex);
   // Growing would release copies, each with a log line.
   profiles.reserve(_vec_profile.size());
   for (const auto& profile : _vec_profile) {
-    if (source == ONU_ABILITY_PROFILE_SOURCE_ALL || source == profile._profile_source) {
+    if (PassesFilter(source, profile._profile_source)) {
       profiles.push_back(profile);
     }
   }

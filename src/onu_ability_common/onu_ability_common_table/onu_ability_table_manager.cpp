@@ -60,8 +60,9 @@ void OnuAbilityTableManager::DelOnuAbilityTable(ONU_ABILITY_ENUM_PROFILE_TYPE ty
     return;
   }
   ONU_ABILITY_LOG(9, "find ok!profile type:%d", type);
-  delete table;
+  // Out of the map first: at the lines of its end the host may ask for it.
   _map_table.erase(type);
+  delete table;
 }
 
 unsigned int OnuAbilityTableManager::Add(OnuAbilityProfile& profile) {

@@ -1,15 +1,12 @@
 // The searches under a table's operations: each a plain walk, and before it the
 // short way, which asks only the profiles that the walk would hit or hear from.
 #include "onu_ability_common_global/short_ways.h"
+#include "onu_ability_common_global/source_filter.h"
 #include "onu_ability_common_table/onu_ability_code_info.h"
 #include "onu_ability_common_table/onu_ability_table_base.h"
 #include "onu_ability_common_table/profile_index.h"
 
 namespace {
-
-bool IsFrom(ONU_ABILITY_ENUM_PROFILE_SOURCE source, const OnuAbilityProfile& profile) {
-  return source == ONU_ABILITY_PROFILE_SOURCE_ALL || source == profile._profile_source;
-}
 
 // The profile at `found`, or an irregular one that is newer and, asked itself in the
 // order of the walk, `fits`.
@@ -60,11 +57,7 @@ OnuAbilityProfile* OnuAbilityTableBase::FindByCode(ONU_ABILITY_ENUM_PROFILE_SOUR
     return profile.IsEqual(source, code, value) != 0;
   };
   if (const ValueIndex* index = ShortWayBy(code)) {
-    unsigned int found = index->Newest(value);
-    while (found != kNoPosition && !IsFrom(source, _vec_profile[found])) {
-      found = index->Older(found);
-    }
-    return NewerIrregularOr(found, _vec_profile, *index, fits);
+    return NewerIrregularOr(NewestFrom(source, *index, value), _vec_profile, *index, fits);
   }
   return WalkFromNewest(_vec_profile, fits);
 }
@@ -89,13 +82,13 @@ OnuAbilityProfile* OnuAbilityTableBase::FindByRealType(unsigned short onu_real_t
   return WalkFromNewest(_vec_profile, fits);
 }
 
-bool OnuAbilityTableBase::HasNumber(ONU_ABILITY_ENUM_PROFILE_SOURCE source, const ValueIndex& index,
-                                    unsigned int number) const {
+unsigned int OnuAbilityTableBase::NewestFrom(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
+                                             const ValueIndex& index, unsigned int number) const {
   unsigned int position = index.Newest(number);
-  while (position != kNoPosition && !IsFrom(source, _vec_profile[position])) {
+  while (position != kNoPosition && !PassesFilter(source, _vec_profile[position]._profile_source)) {
     position = index.Older(position);
   }
-  return position != kNoPosition;
+  return position;
 }
 
 OnuAbilityProfile* OnuAbilityTableBase::FindOldest(ONU_ABILITY_ENUM_PROFILE_SOURCE source,

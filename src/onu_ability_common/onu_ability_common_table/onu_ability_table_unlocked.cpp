@@ -2,6 +2,7 @@
 // lock. The table's contents are read under the guard below the lock, and what there is
 // to say is said afterwards, from copies. Both go from the oldest profile to the newest.
 #include "onu_ability_common_global/log.h"
+#include "onu_ability_common_global/source_filter.h"
 #include "onu_ability_common_table/ability_entry.h"
 #include "onu_ability_common_table/ability_name.h"
 #include "onu_ability_common_table/onu_ability_code_info.h"
@@ -28,8 +29,7 @@ class CopiedEntry {
   bool Equals(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned int value) const {
     const bool is_number = !_is_held || _value.ability_value_type == ONU_ABILITY_VALUE_TYPE_USHORT;
     const unsigned int number = _is_held ? _value.ability_ushort_value : _default_value;
-    return is_number && number == value &&
-           (source == ONU_ABILITY_PROFILE_SOURCE_ALL || source == _source);
+    return is_number && number == value && PassesFilter(source, _source);
   }
 
  private:
@@ -99,7 +99,7 @@ unsigned int OnuAbilityTableBase::IsEqual(ONU_ABILITY_ENUM_PROFILE_SOURCE source
     const ReadScope scope(_contents);
     ContentsAreReadable();
     if (const ValueIndex* index = RegularShortWayBy(ability_code)) {
-      found = HasNumber(source, *index, value);
+      found = NewestFrom(source, *index, value) != kNoPosition;
     } else {
       entries = CopyEntries(_vec_profile, source, ability_code, value);
     }

@@ -1,6 +1,7 @@
 #include "onu_ability_common_table/onu_match_ability_table.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "onu_ability_common_global/log.h"
@@ -131,22 +132,25 @@ OnuAbilityProfile* OnuMatchAbilityTable::FindFitting(const OnuAbilityProfile& re
   return fitting;
 }
 
-// The short way. False when the walk has anything to say.
+// The short way. False when the walk has anything to say, or the memory does not suffice.
 bool OnuMatchAbilityTable::FindByIndex(const OnuAbilityProfile& report, unsigned short key_code,
                                        OnuAbilityProfile*& fitting) {
-  std::vector<PatternIndex::Compared> compared;
   ProfileIndex* index = Index();
-  if (index == nullptr || !NobodyListensTo(LogLevels(4, 5, 6, 9, 10)) ||
-      !CollectCompared(report, compared)) {
+  if (index == nullptr || !NobodyListensTo(LogLevels(4, 5, 6, 9, 10))) {
     return false;
   }
-  PatternIndex& patterns = index->Patterns();
-  if (patterns.Prepare(_vec_profile, key_code, compared)) {
-    return false;
+  try {
+    std::vector<PatternIndex::Compared> compared;
+    PatternIndex& patterns = index->Patterns();
+    if (!CollectCompared(report, compared) || patterns.Prepare(_vec_profile, key_code, compared)) {
+      return false;
+    }
+    const unsigned int found = patterns.Newest(compared);
+    fitting = found != kNoPosition ? &_vec_profile[found] : nullptr;
+    return true;
+  } catch (const std::bad_alloc&) {
+    return false;  // the walk needs none
   }
-  const unsigned int found = patterns.Newest(compared);
-  fitting = found != kNoPosition ? &_vec_profile[found] : nullptr;
-  return true;
 }
 
 std::vector<unsigned int> OnuMatchAbilityTable::LackingFrom(unsigned int oldest,

@@ -60,7 +60,7 @@ bool OnuRealAbilityTable::HasKeyOf(const OnuAbilityProfile& profile) const {
   // A source of 2, which no filter means here, is left to the walk.
   if (index != nullptr && key_value.ability_value_type == ONU_ABILITY_VALUE_TYPE_USHORT &&
       source != ONU_ABILITY_PROFILE_SOURCE_ALL) {
-    return HasNumber(source, *index, key_value.ability_ushort_value);
+    return NewestFrom(source, *index, key_value.ability_ushort_value) != kNoPosition;
   }
   return std::any_of(_vec_profile.begin(), _vec_profile.end(), [&](const auto& stored) {
     return stored._profile_source == source && stored.IsEqual(_key_ability_code, key_value) != 0;

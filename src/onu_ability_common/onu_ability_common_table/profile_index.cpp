@@ -1,6 +1,7 @@
 #include "onu_ability_common_table/profile_index.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "onu_ability_common_table/ability_code_index.h"
@@ -14,8 +15,8 @@ bool Touches(unsigned short code, unsigned short indexed) {
          indexed == ONU_ABILITY_CODE_DATA_UNI;
 }
 
-const ONU_ABILITY_COMMON_ABILITY_VALUE* EntryOf(const OnuAbilityProfile& profile,
-                                                unsigned short code) {
+const ONU_ABILITY_COMMON_ABILITY_VALUE* HeldValue(const OnuAbilityProfile& profile,
+                                                  unsigned short code) {
   const auto ability = profile._common_ability.find(code);
   return ability != profile._common_ability.end() ? &ability->second : nullptr;
 }
@@ -104,14 +105,14 @@ void ValueIndex::Clear() {
 }
 
 KeptNumber::Place KeptNumber::Of(const OnuAbilityProfile& profile, unsigned short code) {
-  const ONU_ABILITY_COMMON_ABILITY_VALUE* entry = EntryOf(profile, code);
+  const ONU_ABILITY_COMMON_ABILITY_VALUE* entry = HeldValue(profile, code);
   return entry != nullptr && entry->ability_value_type == ONU_ABILITY_VALUE_TYPE_USHORT
              ? entry->ability_ushort_value
              : kNone;
 }
 
 KeptString::Place KeptString::Of(const OnuAbilityProfile& profile, unsigned short code) {
-  const ONU_ABILITY_COMMON_ABILITY_VALUE* entry = EntryOf(profile, code);
+  const ONU_ABILITY_COMMON_ABILITY_VALUE* entry = HeldValue(profile, code);
   return entry != nullptr && entry->ability_value_type == ONU_ABILITY_VALUE_TYPE_STRING
              ? &entry->ability_string_value
              : kNone;
@@ -191,19 +192,27 @@ ProfileIndex::Columns* ProfileIndex::ColumnsOf(const OnuAbilityProfile& profile,
     return &columns->second;
   }
   // Codes that nobody holds are not remembered, however many are asked for.
-  return EntryOf(profile, code) != nullptr ? &_columns[code] : nullptr;
+  return HeldValue(profile, code) != nullptr ? &_columns[code] : nullptr;
 }
 
 KeptNumber::Place ProfileIndex::Number(const std::vector<OnuAbilityProfile>& profiles,
                                        unsigned int position, unsigned short code) {
-  Columns* columns = ColumnsOf(profiles[position], code);
-  return columns != nullptr ? columns->numbers.Find(profiles, code, position) : KeptNumber::kNone;
+  try {
+    Columns* columns = ColumnsOf(profiles[position], code);
+    return columns != nullptr ? columns->numbers.Find(profiles, code, position) : KeptNumber::kNone;
+  } catch (const std::bad_alloc&) {
+    return KeptNumber::kNone;  // the profile itself answers without memory
+  }
 }
 
 KeptString::Place ProfileIndex::String(const std::vector<OnuAbilityProfile>& profiles,
                                        unsigned int position, unsigned short code) {
-  Columns* columns = ColumnsOf(profiles[position], code);
-  return columns != nullptr ? columns->strings.Find(profiles, code, position) : KeptString::kNone;
+  try {
+    Columns* columns = ColumnsOf(profiles[position], code);
+    return columns != nullptr ? columns->strings.Find(profiles, code, position) : KeptString::kNone;
+  } catch (const std::bad_alloc&) {
+    return KeptString::kNone;  // as above
+  }
 }
 
 unsigned int ProfileIndex::LampTotal(const OnuAbilityProfile& profile, unsigned int position) {
