@@ -2,7 +2,8 @@
 # Builds the library and its tests with the second compiler on the second standard
 # library, warnings as errors, and runs them. The test framework is built from its
 # sources, since the packaged one is for the first. tests/installation is left out: its
-# list of exported names is the first library's.
+# list of exported names is the first library's. Random sequences of operations are 50 a test
+# instead of 250.
 set -eu
 cd "$(dirname "$0")/.."
 scripts/install_packages.sh build libcxx
