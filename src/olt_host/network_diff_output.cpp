@@ -53,23 +53,4 @@ int PrintNetworkDifference(const DocumentHead& head, const NetworkDifference& di
   return StatusOf(head, difference);
 }
 
-int MergeNetworkDifferences(const std::vector<std::string>& files, bool as_json) {
-  DocumentHead head;
-  NetworkDifferenceSum sum;
-  for (const std::string& file : files) {
-    Json document;
-    const DocumentHead its_head = ReadDocument(file, document);
-    if (file == files.front()) {
-      head = its_head;
-    } else {
-      AddShards(head, its_head, file);
-    }
-    sum.Add(ReadCounts<NetworkDifference>(file, document, ParseNetworkDifference));
-  }
-  if (head.kind != "diff" || head.catalogues.size() != 2) {
-    throw std::runtime_error(files.front() + ": no summary of diff; expected one");
-  }
-  return PrintNetworkDifference(head, sum.Sum(), as_json);
-}
-
 }  // namespace olt_host

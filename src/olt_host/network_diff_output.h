@@ -2,9 +2,6 @@
 #ifndef OLT_HOST_NETWORK_DIFF_OUTPUT_H
 #define OLT_HOST_NETWORK_DIFF_OUTPUT_H
 
-#include <string>
-#include <vector>
-
 #include "network/network_difference.h"
 #include "network/summary_document.h"
 
@@ -14,10 +11,6 @@ namespace olt_host {
 // older catalogue and the newer one. Throws std::runtime_error when it cannot be written.
 int PrintNetworkDifference(const DocumentHead& head, const NetworkDifference& difference,
                            bool as_json);
-
-// Adds up the documents of shards, or of different networks, and prints the sum; returns the
-// exit status. Throws std::runtime_error, naming the file.
-int MergeNetworkDifferences(const std::vector<std::string>& files, bool as_json);
 
 }  // namespace olt_host
 

@@ -1,9 +1,12 @@
 // olt_host diff of whole networks, as a user runs it.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
+#include <fstream>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <sstream>
+#include <thread>
 
 #include "program_runner.h"
 
@@ -141,6 +144,59 @@ TEST_F(NetworkDiffProgram, ShardsMergeIntoWhatOneRunSays) {
   EXPECT_EQ(RunProgram(merge).out, Diff({lines}).out);
   merge.pop_back();
   EXPECT_NE(RunProgram(merge).out.find("Shards: 4 of 5; missing: 3\n"), std::string::npos);
+}
+
+TEST_F(NetworkDiffProgram, SummariesThatDoNotMakeAWholeAreTold) {
+  const std::string lines = Generate("n.jsonl", "300", "9");
+  std::vector<std::string> shards;
+  for (const char* shard : {"1/3", "2/3"}) {
+    const ProgramResult part = Diff({lines, "--json", "--shard", shard});
+    shards.push_back(_directory.Write("s" + std::to_string(shards.size()), part.out));
+  }
+  const std::string again = _directory.Write("again", ReadFile(shards[0]));
+  const ProgramResult twice = RunProgram({"merge", shards[0], shards[1], again});
+  EXPECT_EQ(twice.status, 2);
+  EXPECT_EQ(twice.out, "");
+  EXPECT_EQ(twice.err,
+            "olt_host: " + again + ": shard 1 of 3 is there already; expected every shard once\n");
+  const ProgramResult same = RunProgram({"merge", shards[0], shards[1], shards[0]});
+  EXPECT_EQ(same.status, 2);
+  EXPECT_EQ(same.out, "");
+  EXPECT_EQ(same.err,
+            "olt_host: " + shards[0] + ": is there already; expected every summary once\n");
+  // A whole run tells neither shards nor OLTs.
+  const std::string whole = _directory.Write("whole", Diff({lines, "--json"}).out);
+  const ProgramResult doubled = RunProgram({"merge", whole, _directory.Path("./whole")});
+  EXPECT_EQ(doubled.status, 2);
+  EXPECT_EQ(doubled.out, "");
+  EXPECT_NE(doubled.err.find("whole: is there already; expected every summary once"),
+            std::string::npos)
+      << doubled.err;
+}
+
+// What a pipe gives is gone once it is read.
+TEST_F(NetworkDiffProgram, MergesASummaryThatCanBeReadOnce) {
+  const std::string lines = Generate("n.jsonl", "300", "9");
+  const std::string whole = Diff({lines, "--json"}).out;
+  const std::string pipe = _directory.Path("pipe");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  std::thread writer([&] { std::ofstream(pipe) << whole; });
+  const ProgramResult merged = RunProgram({"merge", pipe, "--json"});
+  writer.join();
+  EXPECT_EQ(merged.out, whole) << merged.err;
+}
+
+TEST_F(NetworkDiffProgram, MergesNothingOfAnotherKind) {
+  const std::string whole = Diff({Generate("n.jsonl", "10", "1"), "--json"}).out;
+  const std::string other =
+      _directory.Write("other", With(whole, R"("kind": "diff")", R"("kind": "lint")"));
+  EXPECT_EQ(RunProgram({"merge", other}).err,
+            "olt_host: " + other + ": a summary of \"lint\"; expected one of confirm or diff\n");
+  Json less = Json::parse(whole);
+  less["catalogues"].erase(1);
+  const std::string one = _directory.Write("one", less.dump());
+  EXPECT_EQ(RunProgram({"merge", one}).err,
+            "olt_host: " + one + ": a summary of diff with 1 catalogue; expected 2\n");
 }
 
 TEST_F(NetworkDiffProgram, NamesOltsAndLinesThatWereLeftOut) {
