@@ -103,7 +103,7 @@ struct GenerateOptions {
   std::uint64_t seed = 1;
   std::string faults;  // KIND=PERCENT,...
   bool again = false;
-  std::string output;  // file; empty: standard output
+  std::string output;  // file; empty: standard output, also when "-" is given
 };
 
 // How whole networks are gone through.

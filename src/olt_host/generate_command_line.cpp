@@ -30,8 +30,10 @@ CLI::App* AddGenerate(CLI::App& app, CommandLine& result) {
       ->type_name("KIND=PERCENT,..");
   generate->add_flag("--again", options.again, "The same ONUs, asked a second time");
   generate
-      ->add_option("-o,--output", options.output,
-                   "Write to FILE; JSON lines if it is called *.jsonl")
+      ->add_option_function<std::string>(
+          "-o,--output",
+          [&options](const std::string& file) { options.output = file == "-" ? "" : file; },
+          "Write to FILE; JSON lines if it is called *.jsonl")
       ->type_name("FILE");
   AddWorkerOptions(*generate, result);
   AddCatalogueOptions(*generate, result);

@@ -1,5 +1,7 @@
 #include <unistd.h>
 
+#include <cerrno>
+#include <cstring>
 #include <fstream>
 #include <iostream>
 #include <stdexcept>
@@ -78,9 +80,13 @@ void WriteReportsFile(const PopulationGenerator& generator, const GenerateOption
     WritePopulation(generator, options, is_watched && isatty(STDOUT_FILENO) == 0, std::cout);
     if (!std::cout) throw std::runtime_error("standard output cannot be written");
   } else {
+    errno = 0;
     std::ofstream file(options.output, std::ios::binary);
     WritePopulation(generator, options, is_watched, file);
-    if (!file) throw std::runtime_error(options.output + " cannot be written");
+    if (!file) {
+      const std::string reason = errno != 0 ? std::strerror(errno) : "writing failed";
+      throw std::runtime_error(options.output + " cannot be written: " + reason);
+    }
   }
 }
 

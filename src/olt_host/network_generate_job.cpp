@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
 #include <stdexcept>
 #include <string>
@@ -29,6 +30,23 @@ Json DependsOn(const GenerateOptions& options) {
           {"faults", options.faults}, {"again", options.again},     {"output", options.output}};
 }
 
+// Whether or not they are there yet.
+bool AreOneFile(const std::string& one, const std::string& other) {
+  namespace fs = std::filesystem;
+  return fs::weakly_canonical(fs::absolute(one)) == fs::weakly_canonical(fs::absolute(other));
+}
+
+// How far it came is kept of an output that the next run can go on in.
+void ExpectFitting(const std::string& checkpoint, const std::string& output) {
+  if (checkpoint.empty()) return;
+  if (output.empty()) {
+    throw std::runtime_error("--checkpoint needs an output to go on in; expected -o FILE");
+  }
+  if (AreOneFile(checkpoint, output)) {
+    throw std::runtime_error("--checkpoint and -o are the same file; expected two");
+  }
+}
+
 }  // namespace
 
 bool WantsNetwork(const CommandLine& command_line) {
@@ -41,14 +59,12 @@ bool WantsNetwork(const CommandLine& command_line) {
                              "; expected at most " + std::to_string(kMostOnus) +
                              " an OLT, and --olts for more");
   }
-  const bool wants = options.olts != 0 || (options.output != "-" && IsJsonLines(options.output));
+  const bool wants = options.olts != 0 || IsJsonLines(options.output);
   if (!wants && (network.workers != 0 || !network.checkpoint.empty())) {
     throw std::runtime_error(std::string(network.workers != 0 ? "--workers" : "--checkpoint") +
                              " is for JSON lines; expected --olts, or an output FILE.jsonl");
   }
-  if (!network.checkpoint.empty() && options.output.empty()) {
-    throw std::runtime_error("--checkpoint needs an output to go on in; expected -o FILE");
-  }
+  ExpectFitting(network.checkpoint, options.output);
   return wants;
 }
 

@@ -2,8 +2,10 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
+#include <cstring>
 #include <stdexcept>
 #include <utility>
 
@@ -51,7 +53,8 @@ void ResumableOutput::Flush() {
 }
 
 void ResumableOutput::Fail() const {
-  throw std::runtime_error((_path.empty() ? "standard output" : _path) + " cannot be written");
+  throw std::runtime_error((_path.empty() ? "standard output" : _path) +
+                           " cannot be written: " + std::strerror(errno));
 }
 
 }  // namespace olt_host

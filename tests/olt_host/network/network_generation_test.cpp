@@ -283,9 +283,9 @@ TEST_F(GeneratedNetworkTest, SaysWhatItCannotWrite) {
     return ErrorOf([&] { olt_host::GenerateNetwork(network, run, [](std::uint64_t) {}); },
                    _directory);
   };
-  EXPECT_EQ(error(), "none/n.jsonl cannot be written");
+  EXPECT_EQ(error(), "none/n.jsonl cannot be written: No such file or directory");
   run.output = "/dev/full";
-  EXPECT_EQ(error(), "/dev/full cannot be written");
+  EXPECT_EQ(error(), "/dev/full cannot be written: No space left on device");
   run.output = "/dev/null";
   EXPECT_EQ(error(), "no error");
 }

@@ -42,6 +42,9 @@ TEST_F(GenerateProgram, WritesToStandardOutputTheSame) {
   RunProgram({"generate", _catalogue, "--onus", "50", "-o", file});
   const ProgramResult made = RunProgram({"generate", _catalogue, "--onus", "50"});
   EXPECT_EQ(made.out, ReadFile(file));
+  const ProgramResult told = RunProgram({"generate", _catalogue, "--onus", "50", "-o", "-"});
+  EXPECT_EQ(told.out, made.out);
+  EXPECT_FALSE(std::filesystem::remove("-")) << "a file of that name";
   const ProgramResult none = RunProgram({"generate", _catalogue, "--onus", "0"});
   EXPECT_EQ(none.status, 0);
   EXPECT_EQ(none.out.substr(none.out.size() - 10), "\nonus: []\n");
@@ -146,7 +149,7 @@ TEST_F(GenerateProgram, EndsWithTwoAndOneMessageForBadOptions) {
       {{"--onus", "1", "--olts", "1", "--checkpoint", _directory.Path("c")},
        "--checkpoint needs an output to go on in; expected -o FILE"},
       {{"--onus", "1", "--olts", "1", "-o", _directory.Path("none/r.jsonl")},
-       _directory.Path("none/r.jsonl") + " cannot be written"},
+       _directory.Path("none/r.jsonl") + " cannot be written: No such file or directory"},
       {{}, "--onus is required (see olt_host --help)"},
       {{"--onus", "1", "--models", "1001,7777"},
        "--models: No type is called \"7777\"; expected a key, a real type or a type name that "
@@ -157,7 +160,11 @@ TEST_F(GenerateProgram, EndsWithTwoAndOneMessageForBadOptions) {
       {{"--onus", "1", "--faults", "garbgae=1"},
        "--faults: \"garbgae\" is no fault; expected \"garbage\""},
       {{"--onus", "1", "-o", _directory.Path("none/r.yaml")},
-       _directory.Path("none/r.yaml") + " cannot be written"},
+       _directory.Path("none/r.yaml") + " cannot be written: No such file or directory"},
+      {{"--onus", "1", "-o", "/dev/full"}, "/dev/full cannot be written: No space left on device"},
+      {{"--onus", "1", "-o", _directory.Path("n.jsonl"), "--checkpoint",
+        _directory.Path("./n.jsonl")},
+       "--checkpoint and -o are the same file; expected two"},
   };
   for (const auto& [options, message] : cases) {
     std::vector<std::string> arguments = {"generate", _catalogue};
