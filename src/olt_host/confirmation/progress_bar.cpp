@@ -1,5 +1,6 @@
 #include "confirmation/progress_bar.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -36,7 +37,8 @@ void ProgressBar::Show(std::uint64_t done) {
   }
   _next = now + kRedraw;
   _drawn = true;
-  const auto filled = static_cast<std::size_t>(kBarWidth * done / _total);
+  // What is worked on may have grown meanwhile.
+  const auto filled = static_cast<std::size_t>(kBarWidth * std::min(done, _total) / _total);
   _out << "\r[" << std::string(filled, '#') << std::string(kBarWidth - filled, ' ') << "] " << done
        << "/" << _total << _unit << std::flush;
 }
