@@ -82,7 +82,8 @@ CLI::App* AddConfirm(CLI::App& app, CommandLine& result) {
       "Exit status:\n"
       "  0  every report that states an expectation got it\n"
       "  1  some did not\n"
-      "  2  bad usage or bad input; one message on standard error says where\n");
+      "  2  bad usage or bad input; one message on standard error says where; or lines\n"
+      "     of JSON that were left out\n");
   return confirm;
 }
 

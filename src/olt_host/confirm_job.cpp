@@ -47,6 +47,11 @@ ConfirmationSummary ConfirmPopulation(OutputFormat format, bool summary_only) {
 int RunConfirmJob(const CommandLine& command_line) {
   if (IsJsonLines(command_line.reports) && command_line.olt.empty())
     return RunNetworkConfirmJob(command_line);
+  if (IsForNetworks(command_line.network)) {
+    throw std::runtime_error(
+        "--shard, --workers and --checkpoint are for whole networks; expected REPORTS of JSON "
+        "lines, without --olt");
+  }
   const auto library = StartHost(command_line);
   const ConfirmationSummary summary =
       ConfirmPopulation(command_line.format, command_line.summary_only);

@@ -89,10 +89,6 @@ void WriteJson(const DiffOptions& options, const Comparison& comparison,
   std::cout << json.dump(2, ' ', false, Json::error_handler_t::replace) << "\n";
 }
 
-bool IsForNetworks(const NetworkOptions& options) {
-  return !options.shard.IsWhole() || options.workers > 0 || !options.checkpoint.empty();
-}
-
 void ExpectJsonLines(const std::vector<std::string>& reports) {
   for (const std::string& file : reports) {
     if (IsJsonLines(file)) continue;

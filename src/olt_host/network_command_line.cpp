@@ -9,6 +9,10 @@ bool IsJsonLines(const std::string& reports) {
           reports.compare(reports.size() - ending.size(), ending.size(), ending) == 0);
 }
 
+bool IsForNetworks(const NetworkOptions& options) {
+  return !options.shard.IsWhole() || options.workers > 0 || !options.checkpoint.empty();
+}
+
 void AddShardOption(CLI::App& command, CommandLine& result) {
   command
       .add_option_function<std::string>(

@@ -12,6 +12,9 @@ namespace olt_host {
 // Whether reports of that name are JSON lines: FILE.jsonl, or - for standard input.
 bool IsJsonLines(const std::string& reports);
 
+// Whether an option is given that only such reports have a use for.
+bool IsForNetworks(const NetworkOptions& options);
+
 // --shard; and --workers and --checkpoint, which do not need reports.
 void AddShardOption(CLI::App& command, CommandLine& result);
 void AddWorkerOptions(CLI::App& command, CommandLine& result);

@@ -354,6 +354,33 @@ TEST(OneOltOfANetwork, IsConfirmedAndExplainedByItself) {
   EXPECT_EQ(Json::parse(explained.out).at("recognised_by"), "none");
 }
 
+TEST(OneOltOfANetwork, RefusesWhatIsForTheWhole) {
+  const std::string catalogue = Fixture("small_catalogue.yaml");
+  const std::string network = Fixture("network.jsonl");
+  const std::string yaml = Fixture("small_reports.yaml");
+  for (const std::vector<std::string>& words :
+       std::vector<std::vector<std::string>>{{yaml, "--shard", "1/2"},
+                                             {yaml, "--workers", "2"},
+                                             {yaml, "--checkpoint", "c"},
+                                             {network, "--olt", "olt-north", "--shard", "1/2"}}) {
+    std::vector<std::string> arguments = {"confirm", catalogue};
+    arguments.insert(arguments.end(), words.begin(), words.end());
+    const ProgramResult result = RunProgram(arguments);
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.err,
+              "olt_host: --shard, --workers and --checkpoint are for whole networks; expected "
+              "REPORTS of JSON lines, without --olt\n");
+  }
+}
+
+TEST(NetworkHelp, TellsThatLinesThatWereLeftOutAreBadInput) {
+  for (const char* job : {"confirm", "diff"}) {
+    const std::string help = RunProgram({job, "--help"}).out;
+    EXPECT_NE(help.find("or lines\n     of JSON that were left out\n"), std::string::npos) << help;
+  }
+}
+
 TEST(OneOltOfANetwork, MustBeNamed) {
   const std::string catalogue = Fixture("small_catalogue.yaml");
   const std::string network = Fixture("network.jsonl");
