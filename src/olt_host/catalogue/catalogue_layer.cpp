@@ -99,7 +99,7 @@ void OverrideSettings(Catalogue& catalogue, const CatalogueLayer& layer) {
 }  // namespace
 
 CatalogueDocument OpenCatalogue(const std::string& file, const CatalogueNeeds& needs) {
-  const std::string text = ReadWholeFile(file);
+  const std::string text = ReadYaml(file);
   const YamlView view = ParseYaml(file, text, "a catalogue");
   const YamlMap root = view.Map({"catalogue", "key_ability_code", "common_types", "attributes",
                                  "codes", "real_profiles", "match_profiles"});

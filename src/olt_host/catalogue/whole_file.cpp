@@ -8,7 +8,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
+#include <sstream>
 #include <stdexcept>
+
+#include "catalogue/input_error.h"
 
 namespace olt_host {
 
@@ -71,6 +75,20 @@ void RequireFree(const std::string& file, bool replace) {
 }
 
 }  // namespace
+
+std::string ReadWholeFile(const std::string& file, const char* expectation) {
+  errno = 0;
+  std::ifstream stream(file, std::ios::binary);
+  std::ostringstream text;
+  // Reading sets errno for a directory, which opens like a file.
+  if (!stream ||
+      (stream.peek() != std::ifstream::traits_type::eof() && !(text << stream.rdbuf())) ||
+      stream.bad() || errno == EISDIR) {
+    const std::string reason = errno != 0 ? std::strerror(errno) : "reading failed";
+    throw InputError({file, 0}, "cannot be read: " + reason, expectation);
+  }
+  return text.str();
+}
 
 void WriteWholeFile(const std::string& file, const std::string& content, bool replace) {
   try {

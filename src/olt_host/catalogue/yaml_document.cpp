@@ -1,18 +1,15 @@
 #include "catalogue/yaml_document.h"
 
-#include <cerrno>
-#include <cstring>
-#include <fstream>
 #include <sstream>
 #include <vector>
 
 #include <yaml-cpp/eventhandler.h>
 
+#include "catalogue/whole_file.h"
+
 namespace olt_host {
 
 namespace {
-
-const char* const kExpectedFile = "a YAML file that can be read";
 
 // Hears where the documents of a file begin, and nothing else.
 class Beginnings : public YAML::EventHandler {
@@ -85,22 +82,12 @@ YAML::Node ParseDocument(const std::string& file, const std::string& text,
 
 }  // namespace
 
-std::string ReadWholeFile(const std::string& file) {
-  errno = 0;
-  std::ifstream stream(file, std::ios::binary);
-  std::ostringstream text;
-  // Reading sets errno for a directory, which opens like a file.
-  if (!stream ||
-      (stream.peek() != std::ifstream::traits_type::eof() && !(text << stream.rdbuf())) ||
-      stream.bad() || errno == EISDIR) {
-    const std::string reason = errno != 0 ? std::strerror(errno) : "reading failed";
-    throw InputError({file, 0}, "cannot be read: " + reason, kExpectedFile);
-  }
-  return text.str();
+std::string ReadYaml(const std::string& file) {
+  return ReadWholeFile(file, "a YAML file that can be read");
 }
 
 YamlView OpenYaml(const std::string& file, const std::string& name) {
-  return ParseYaml(file, ReadWholeFile(file), name);
+  return ParseYaml(file, ReadYaml(file), name);
 }
 
 YamlView ParseYaml(const std::string& file, const std::string& text, const std::string& name) {

@@ -13,7 +13,7 @@ namespace olt_host {
 YamlView OpenYaml(const std::string& file, const std::string& name);
 
 // The two halves of it, for who also needs the bytes.
-std::string ReadWholeFile(const std::string& file);
+std::string ReadYaml(const std::string& file);
 YamlView ParseYaml(const std::string& file, const std::string& text, const std::string& name);
 
 }  // namespace olt_host

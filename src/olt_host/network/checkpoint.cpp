@@ -7,11 +7,10 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <string_view>
 
+#include "catalogue/whole_file.h"
 #include "state/file_descriptor.h"
 
 namespace olt_host {
@@ -22,6 +21,7 @@ using Json = nlohmann::ordered_json;
 
 constexpr auto kBetween = std::chrono::seconds(1);
 constexpr mode_t kMode = 0640;
+constexpr const char* kExpected = "a checkpoint that can be read";
 // What every checkpoint begins with, the version included.
 constexpr std::string_view kMagic = R"({"olt_host_checkpoint":1,)";
 
@@ -53,13 +53,6 @@ std::string Difference(const std::string& field, const Json& kept, const Json& o
   return "";  // another order only
 }
 
-std::string ReadAll(const std::string& path) {
-  std::ifstream stream(path, std::ios::binary);
-  std::string text((std::istreambuf_iterator<char>(stream)), {});
-  if (!stream || stream.bad()) Fail(path);
-  return text;
-}
-
 bool Begins(std::string_view text, std::string_view beginning) {
   return text.substr(0, beginning.size()) == beginning;
 }
@@ -80,7 +73,7 @@ void RemoveLeftover(const std::string& path) {
     if (errno == ENOENT) return;
     Fail("cannot replace " + path);
   }
-  const std::string text = S_ISREG(status.st_mode) ? ReadAll(path) : "-";
+  const std::string text = S_ISREG(status.st_mode) ? ReadWholeFile(path, kExpected) : "-";
   if (!Begins(text, kMagic.substr(0, text.size()))) {
     throw std::runtime_error(path + " is in the way; expected a checkpoint, or nothing");
   }
@@ -122,7 +115,7 @@ std::optional<Progress> Checkpoint::Read() const {
     Fail(_path);
   }
   if (!S_ISREG(status.st_mode)) throw std::runtime_error(_path + ": is no file");
-  const std::string text = ReadAll(_path);
+  const std::string text = ReadWholeFile(_path, kExpected);
   if (!Begins(text, kMagic)) {
     throw std::runtime_error(_path + ": is no checkpoint; expected one, or a new name");
   }

@@ -1,10 +1,8 @@
 #include "network/summary_document.h"
 
-#include <cerrno>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
-#include <system_error>
+
+#include "catalogue/whole_file.h"
 
 namespace olt_host {
 
@@ -26,16 +24,6 @@ std::string CatalogueText(const Json& catalogue) {
   const std::string name = catalogue.at("name");
   const std::string version = catalogue.at("version");
   return "Catalogue: " + name + (version.empty() ? "" : ", version " + version) + "\n";
-}
-
-std::string ReadText(const std::string& file) {
-  std::ifstream in(file, std::ios::binary);
-  std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  if (!in) {
-    throw std::runtime_error(file + ": cannot be read (" + std::generic_category().message(errno) +
-                             "); expected a summary of a network");
-  }
-  return text;
 }
 
 }  // namespace
@@ -61,7 +49,7 @@ Json MakeDocument(const DocumentHead& head, const Json& counts) {
 }
 
 DocumentHead ReadDocument(const std::string& file, Json& document) {
-  const std::string text = ReadText(file);
+  const std::string text = ReadWholeFile(file, "a summary of a network");
   try {
     document = Json::parse(text);
     DocumentHead head;

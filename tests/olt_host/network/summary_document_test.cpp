@@ -92,7 +92,19 @@ TEST(SummaryDocuments, SayWhatIsNoDocument) {
           << error.what();
     }
   }
-  EXPECT_THROW(olt_host::ReadDocument(folder.Path("none.json"), document), std::runtime_error);
+}
+
+TEST(SummaryDocuments, SayWhichFileCannotBeRead) {
+  const TemporaryDirectory folder;
+  Json document;
+  const auto error = [&](const std::string& name) {
+    return ErrorOf([&] { olt_host::ReadDocument(folder.Path(name), document); }, folder);
+  };
+  EXPECT_EQ(error("none.json"),
+            "none.json: cannot be read: No such file or directory; expected a summary of a network");
+  std::filesystem::create_directory(folder.Path("folder"));
+  EXPECT_EQ(error("folder"),
+            "folder: cannot be read: Is a directory; expected a summary of a network");
 }
 
 }  // namespace
