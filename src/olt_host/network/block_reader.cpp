@@ -1,5 +1,6 @@
 #include "network/block_reader.h"
 
+#include <algorithm>
 #include <charconv>
 #include <stdexcept>
 #include <utility>
@@ -13,6 +14,14 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 constexpr std::size_t kShownLines = 10;
+
+// As it comes back from JSON: one name, in one order, wherever names are compared and counted.
+std::string AsJsonHasIt(const std::string& olt) {
+  const bool is_plain = std::all_of(olt.begin(), olt.end(),
+                                    [](char c) { return static_cast<unsigned char>(c) < 0x80U; });
+  if (is_plain) return olt;
+  return Json::parse(Json(olt).dump(-1, ' ', false, Json::error_handler_t::replace));
+}
 
 }  // namespace
 
@@ -67,7 +76,8 @@ void BlockReader::Read(std::string_view task, const Take& take, RefusedLines& re
 void BlockReader::ReadLine(std::string_view line, std::uint64_t number, const Take& take,
                            RefusedLines& refused) {
   try {
-    const NetworkReport report = _reader.Read(line, {_file, static_cast<unsigned int>(number)});
+    NetworkReport report = _reader.Read(line, {_file, static_cast<unsigned int>(number)});
+    report.olt = AsJsonHasIt(report.olt);
     if (_shard.HasOlt(report.olt)) take(report, line);
   } catch (const InputError& error) {
     if (_shard.HasLine(number)) refused.Add({_file, number, error.rule()});

@@ -1,7 +1,5 @@
 #include "network/network_comparison.h"
 
-#include <algorithm>
-
 #include "recognition/catalogue_exchange.h"
 #include "recognition/one_report.h"
 
@@ -9,20 +7,10 @@ namespace olt_host {
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
 LibraryState Load(const Catalogue& catalogue) {
   LibraryState state = StateOf(catalogue);
   LoadInstead(state);
   return state;
-}
-
-// As it comes back from JSON, so that names are in the same order wherever they are compared.
-std::string AsJsonHasIt(const std::string& olt) {
-  const bool is_plain = std::all_of(olt.begin(), olt.end(),
-                                    [](char c) { return static_cast<unsigned char>(c) < 0x80U; });
-  if (is_plain) return olt;
-  return Json::parse(Json(olt).dump(-1, ' ', false, Json::error_handler_t::replace));
 }
 
 }  // namespace
@@ -51,8 +39,8 @@ NetworkDifference NetworkComparison::Compare(const std::string& task, const std:
   CodesOfOne codes = _codes;
   for (std::size_t i = 0; i < onus.size(); ++i) {
     const OnuReport& report = onus[i].for_older.report;
-    counter.Count({AsJsonHasIt(onus[i].for_older.olt), 0, report.place, report.onu}, before[i],
-                  after[i], {_older.type_names, _newer.type_names}, onus[i].line);
+    counter.Count({onus[i].for_older.olt, 0, report.place, report.onu}, before[i], after[i],
+                  {_older.type_names, _newer.type_names}, onus[i].line);
     codes.Count(report, onus[i].ForNewer().report);
   }
   difference.difference = counter.Difference();

@@ -144,6 +144,22 @@ TEST_F(NetworkConfirmationTest, NamesWhatDecidesAgainstTheNearestProfile) {
   EXPECT_GT(onus, 0U);
 }
 
+// They are one name in JSON, which takes no other bytes; every ONU is counted all the same.
+TEST_F(NetworkConfirmationTest, CountsOltsWhoseNamesAreNotUtf8) {
+  const std::string rest = "\",\"place\":1,\"onu\":1,\"reported_type\":1}\n";
+  const std::string lines = "{\"olt\":\"a\xFE" + rest + "{\"olt\":\"a\xFF" + rest;
+  const BlockResult block = Confirmation().Confirm(TaskOf(lines));
+  const NetworkSummary read = olt_host::ParseBlockResult(ToBytes(block)).summary;
+  ASSERT_EQ(read.olts.size(), 1U);
+  EXPECT_EQ(read.olts.begin()->first, "a\xEF\xBF\xBD");
+  EXPECT_EQ(read.olts.begin()->second.onus, 2U);
+  std::uint64_t of_shards = 0;
+  for (std::uint32_t number = 1; number <= 3; ++number) {
+    of_shards += Confirmation({number, 3}).Confirm(TaskOf(lines)).summary.olts.size();
+  }
+  EXPECT_EQ(of_shards, 1U);
+}
+
 TEST_F(NetworkConfirmationTest, SurvivesTheWayOfItsResult) {
   const BlockResult block = Confirmation({}, true).Confirm(TaskOf(_lines));
   const BlockResult read = olt_host::ParseBlockResult(ToBytes(block));
