@@ -23,7 +23,7 @@ class OltReader {
   OltReader(const std::string& input, const std::string& olt, const Catalogue& catalogue)
       : _file(input == "-" ? "standard input" : input), _olt(olt), _reader(catalogue) {
     _reports.name = olt;
-    // A name with other characters may be written in several ways.
+    // JSON has such a name as it is, or with \u; other characters have more ways.
     _is_plain = olt.find_first_not_of(
                     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
                     "0123456789-_.: ") == std::string::npos;
@@ -33,7 +33,8 @@ class OltReader {
     std::string_view rest = block.text;
     for (std::uint64_t number = block.first_line; !rest.empty(); ++number) {
       const std::string_view line = TakeLine(rest);
-      const bool may_be_its = !_is_plain || line.find(_olt) != std::string_view::npos;
+      const bool may_be_its = !_is_plain || line.find(_olt) != std::string_view::npos ||
+                              line.find("\\u") != std::string_view::npos;
       if (may_be_its && !IsBlank(line)) ReadLine(line, {_file, static_cast<unsigned int>(number)});
     }
   }

@@ -56,6 +56,9 @@ TEST_F(OltReportsTest, FindANameThatIsWrittenOtherwise) {
   const std::string file = _directory.Write(
       "n.jsonl", "{\"olt\":\"a\\u00e9\",\"place\":1,\"onu\":1,\"reported_type\":1}\n");
   EXPECT_EQ(olt_host::ReadReportsOfOlt(file, "a\xC3\xA9", _library.catalogue()).onus.size(), 1U);
+  const std::string plain = _directory.Write(
+      "p.jsonl", "{\"olt\":\"\\u006flt-1\",\"place\":1,\"onu\":1,\"reported_type\":1}\n");
+  EXPECT_EQ(olt_host::ReadReportsOfOlt(plain, "olt-1", _library.catalogue()).onus.size(), 1U);
 }
 
 TEST_F(OltReportsTest, RefuseAnOnuThatStandsThereTwice) {
