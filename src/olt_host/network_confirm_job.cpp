@@ -36,11 +36,11 @@ class ConfirmedBlocks : public BlockTaker {
 
   const NetworkSummary& summary() const { return _summary; }
   // Those of this run alone.
-  std::size_t onus() const { return _summary.counts.onus - _before; }
+  std::uint64_t onus() const { return _summary.counts.onus - _before; }
 
  private:
   NetworkSummary _summary;
-  std::size_t _before = 0;
+  std::uint64_t _before = 0;
 };
 
 DocumentHead HeadOf(const CommandLine& command_line) {
@@ -64,7 +64,7 @@ BlockRun RunOf(const CommandLine& command_line, const DocumentHead& head) {
 }
 
 // Not in the summary, which is the same for the same network.
-void SayTimeSpent(std::size_t onus, std::chrono::duration<double> duration) {
+void SayTimeSpent(std::uint64_t onus, std::chrono::duration<double> duration) {
   std::ostringstream text;
   text << std::fixed << std::setprecision(1) << "olt_host: " << onus << " ONUs in "
        << duration.count() << " s";

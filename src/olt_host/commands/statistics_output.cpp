@@ -40,7 +40,7 @@ std::string ShortTime(Duration duration) {
 }
 
 // "1234, 56 %".
-std::string Share(std::size_t part, std::size_t whole) {
+std::string Share(std::uint64_t part, std::uint64_t whole) {
   std::string text = std::to_string(part);
   if (whole != 0) text += ", " + std::to_string(part * 100 / whole) + " %";
   return text;

@@ -32,15 +32,16 @@ struct ConfirmationResult {
 // type 17, how type". "" when Ok().
 std::string DescribeFailure(const ConfirmationResult& result);
 
-// Counts results one by one, so that a population need not be kept.
+// Counts results one by one, so that a population need not be kept: a whole network, too,
+// whatever the machine's words.
 struct ConfirmationSummary {
-  std::size_t onus = 0;
-  std::size_t by_type = 0;
-  std::size_t by_abilities = 0;
-  std::size_t not_recognised = 0;
-  std::size_t translated = 0;
-  std::size_t with_expectation = 0;
-  std::size_t expectation_failed = 0;
+  std::uint64_t onus = 0;
+  std::uint64_t by_type = 0;
+  std::uint64_t by_abilities = 0;
+  std::uint64_t not_recognised = 0;
+  std::uint64_t translated = 0;
+  std::uint64_t with_expectation = 0;
+  std::uint64_t expectation_failed = 0;
 
   void Count(const ConfirmationResult& result);
 };

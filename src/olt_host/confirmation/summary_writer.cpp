@@ -1,5 +1,6 @@
 #include "confirmation/summary_writer.h"
 
+#include <cstdint>
 #include <iomanip>
 
 namespace olt_host {
@@ -8,7 +9,7 @@ namespace {
 
 constexpr std::size_t kShownFailures = 10;
 
-void WriteCount(std::ostream& out, const char* what, std::size_t count) {
+void WriteCount(std::ostream& out, const char* what, std::uint64_t count) {
   out << "  " << std::left << std::setw(34) << what << std::right << std::setw(8) << count << "\n";
 }
 

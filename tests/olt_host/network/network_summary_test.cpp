@@ -101,6 +101,14 @@ TEST(NetworkSummaries, AreNotReadFromAnythingElse) {
   EXPECT_THROW(olt_host::ParseNetworkSummary({}), nlohmann::json::exception);
 }
 
+TEST(NetworkSummaries, CountMoreThanAMachineOfThirtyTwoBitsCounts) {
+  NetworkSummary summary;
+  summary.counts.onus = 3'000'000'000U;
+  summary.Merge(NetworkSummary(summary));
+  EXPECT_EQ(ToJson(summary)["counts"]["onus"].dump(), "6000000000");
+  EXPECT_NE(olt_host::NetworkSummaryText(summary).find(" 6000000000\n"), std::string::npos);
+}
+
 TEST(NetworkSummaries, CountEachOltByItself) {
   NetworkSummary summary;
   ConfirmationResult known;
