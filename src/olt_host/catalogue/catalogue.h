@@ -81,6 +81,10 @@ struct Catalogue {
 constexpr std::uint16_t kConfirmTypeAttribute = 1;
 constexpr std::uint16_t kPortTypeAttribute = 4;
 constexpr std::uint16_t kValueTypeAttribute = 5;
+constexpr std::uint16_t kAskedFromOnu = 0x2;  // bit of the confirm type
+// Port types; a data UNI is a LAN port or a port of the second kind.
+constexpr std::uint16_t kLanPort = 3;
+constexpr std::uint16_t kOtherDataUni = 7;
 constexpr std::uint16_t kNumberValueType = 2;
 constexpr std::uint16_t kTextValueType = 3;
 

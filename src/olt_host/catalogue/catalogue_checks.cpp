@@ -8,10 +8,6 @@ namespace olt_host {
 
 namespace {
 
-// Port types; a data UNI is a LAN port or a port of the second kind.
-constexpr std::uint16_t kLanPort = 3;
-constexpr std::uint16_t kOtherDataUni = 7;
-
 // Calls `rules`, which throw, and tells of the entry that breaks one.
 template <typename Rules>
 void Hold(const RuleBreach& breach, unsigned int order, Rules rules) {

@@ -10,10 +10,6 @@ namespace {
 
 using CodeRecords = std::map<unsigned short, const ONU_ABILITY_CODE_ATTR_INFO*>;
 
-// Port types; a data UNI is a LAN port or a port of the second kind.
-constexpr unsigned short kLanPort = 3;
-constexpr unsigned short kOtherDataUni = 7;
-
 void Store(OnuAbilityProfile& profile, const AbilityEntry& ability) {
   const bool is_default = ability.kind == AbilityKind::kNumber && ability.number == 0 &&
                           profile._ability_default_value == 0;

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "catalogue/catalogue.h"
 #include "commands/running_config_text.h"
 
 namespace olt_host {
@@ -9,8 +10,6 @@ namespace olt_host {
 namespace {
 
 constexpr std::size_t kPairsALine = 8;
-constexpr std::size_t kVendorIdBytes = 4;
-constexpr std::size_t kTypeNameBytes = 20;
 constexpr unsigned int kLargestSetNumber = 65535;
 
 bool IsTotal(unsigned short code) {

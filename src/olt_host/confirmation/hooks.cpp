@@ -1,5 +1,6 @@
 #include "confirmation/hooks.h"
 
+#include "catalogue/catalogue.h"
 #include "onu_ability_common_reg_extern_func.h"
 #include "onu_ability_common_table.h"
 
@@ -37,8 +38,7 @@ unsigned int GetVendorId(unsigned short place, unsigned char onu, char* vendor_i
   if (report == nullptr || !report->vendor_id) {
     return kNoAnswer;
   }
-  constexpr std::size_t kBytes = 4;
-  return CopyText(*report->vendor_id, report->behind_vendor_id, kBytes, vendor_id);
+  return CopyText(*report->vendor_id, report->behind_vendor_id, kVendorIdBytes, vendor_id);
 }
 
 unsigned int GetReportedType(unsigned short place, unsigned char onu) {

@@ -14,8 +14,6 @@ namespace {
 
 using Value = ONU_ABILITY_COMMON_ABILITY_VALUE;
 
-constexpr unsigned short kAskedFromOnu = 0x2;  // bit of the confirm-type attribute
-
 std::uint16_t AttributeOf(const ONU_ABILITY_CODE_ATTR_INFO& record,
                           ONU_ABILITY_ENUM_ABILITY_ATTR_ID id) {
   const auto value = record.ability_attr.find(id);

@@ -10,8 +10,6 @@ namespace olt_host {
 namespace {
 
 constexpr std::uint16_t kLampAttribute = 3;
-constexpr std::uint16_t kLanPort = 3;
-constexpr std::uint16_t kOtherDataUni = 7;
 
 // Whether one of the words of a name, which '_' stands between, is among these.
 bool HasWord(const std::string& name, const std::set<std::string>& words) {

@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "catalogue/catalogue.h"
 #include "recognition/ability_value.h"
 #include "recognition/pattern_comparison.h"
 
@@ -45,7 +46,6 @@ bool IsTypeCode(std::uint16_t code) {
 
 // By the two attributes that gathering looks at.
 bool IsAskedAsAbility(std::uint16_t code) {
-  constexpr unsigned short kAskedFromOnu = 0x2;
   OnuAbilityCodeInfo* codes = OnuAbilityCodeInfo::GetInstance();
   return codes->IsExist(code) != 0 &&
          codes->Get(code, ONU_ABILITY_ATTR_VALUE_TYPE) == ONU_ABILITY_VALUE_TYPE_USHORT &&

@@ -8,10 +8,6 @@ namespace olt_host {
 
 namespace {
 
-constexpr unsigned short kAskedFromOnu = 0x2;  // bit of the confirm-type attribute
-constexpr unsigned short kLanPort = 3;
-constexpr unsigned short kOtherDataUni = 7;
-
 unsigned short AttributeOf(const ONU_ABILITY_CODE_ATTR_INFO& record, std::uint16_t id) {
   // Asked of the registry: what it says of an attribute that is not registered counts.
   return OnuAbilityCodeInfo::GetInstance()->Get(record.ability_code,
