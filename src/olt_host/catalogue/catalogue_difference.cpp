@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <map>
 #include <set>
+#include <string_view>
 #include <utility>
+
+#include "catalogue/whole_characters.h"
 
 namespace olt_host {
 
@@ -159,11 +162,16 @@ std::string SectionCounts(const CatalogueDifference& difference, EntryKind entry
 
 // A line that is too long for a screen goes on in the next ones.
 void Break(const std::string& line, std::vector<std::string>& lines) {
-  const std::string indent = "      ";
-  lines.push_back(line.substr(0, kColumns));
-  for (std::size_t at = kColumns; at < line.size(); at += kColumns - indent.size()) {
-    lines.push_back(indent + line.substr(at, kColumns - indent.size()));
-  }
+  std::string indent;
+  std::string_view rest = line;
+  do {
+    const std::size_t room = kColumns - indent.size();
+    const std::size_t whole = WholeCharacters(rest, room);
+    const std::string_view piece = rest.substr(0, whole == 0 ? room : whole);
+    lines.push_back(indent + std::string(piece));
+    rest.remove_prefix(piece.size());
+    indent = "      ";
+  } while (!rest.empty());
 }
 
 }  // namespace

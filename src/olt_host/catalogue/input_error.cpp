@@ -2,24 +2,20 @@
 
 #include <cstdio>
 
+#include "catalogue/whole_characters.h"
+
 namespace olt_host {
 
 namespace {
 
 constexpr std::size_t kQuotedBytes = 60;
 
-bool IsContinuationByte(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
-
 // At most kQuotedBytes, not cut within a character of several bytes.
 std::string Shortened(const std::string& text) {
   if (text.size() <= kQuotedBytes) {
     return text;
   }
-  std::size_t length = kQuotedBytes;
-  while (length > 0 && IsContinuationByte(text[length])) {
-    --length;
-  }
-  return text.substr(0, length) + "...";
+  return text.substr(0, WholeCharacters(text, kQuotedBytes)) + "...";
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "catalogue/catalogue.h"
+#include "catalogue/whole_characters.h"
 
 namespace olt_host {
 
@@ -71,10 +72,9 @@ FaultEffect BringTruncated(OnuReport& report, RandomStream& random) {
       AnyText(report, random, [](const ReportText& each) { return each.text->value().size() > 1; });
   if (cut.text == nullptr) return FaultEffect::kNone;
   std::string& text = cut.text->value();
-  std::size_t kept = 1 + random.Below(static_cast<std::uint32_t>(text.size() - 1));
+  const std::size_t kept = 1 + random.Below(static_cast<std::uint32_t>(text.size() - 1));
   // A character is not cut in two: reports are UTF-8.
-  while (kept > 0 && (static_cast<unsigned char>(text[kept]) & 0xC0U) == 0x80U) --kept;
-  text.resize(kept);
+  text.resize(WholeCharacters(text, kept));
   return FaultEffect::kHarmful;
 }
 

@@ -135,6 +135,16 @@ TEST_F(CatalogueDifference, LongDetailsFit80Columns) {
   }
 }
 
+TEST_F(CatalogueDifference, LongDetailsAreNotCutWithinACharacter) {
+  std::string name;
+  for (int i = 0; i < 60; ++i) name += "\xC3\xA9";
+  const std::vector<std::string> lines = olt_host::ChangeLines(
+      {olt_host::EntryKind::kCode, 7, name, olt_host::ChangeKind::kRemoved, {}});
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(lines[0], "  code 7 (" + name.substr(0, 68));
+  EXPECT_EQ(lines[1], "      " + name.substr(68) + "): removed");
+}
+
 TEST_F(CatalogueDifference, LoadedLibraryDoesNotDiffer) {
   const olt_host::Catalogue shipped =
       olt_host::ReadCatalogue(std::string(OLT_HOST_SHIPPED_DATA) + "/catalogue.yaml");
