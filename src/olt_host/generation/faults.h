@@ -41,7 +41,7 @@ constexpr std::uint32_t kAlways = 1000000;
 FaultRates ReadFaultRates(const std::string& text);
 
 struct FaultContext {
-  std::set<std::uint16_t> known_codes;  // of the catalogue
+  const std::set<std::uint16_t>& known_codes;  // of the catalogue
   bool asked_again = false;
   std::uint32_t type = kUnknownReportedType;  // what the ONU reports when it tells its type
 };

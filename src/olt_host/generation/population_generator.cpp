@@ -6,12 +6,11 @@ namespace olt_host {
 
 PopulationGenerator::PopulationGenerator(std::vector<Model> models, const FaultRates& rates,
                                          std::uint64_t seed, bool asked_again)
-    : _models(std::move(models)), _rates(rates), _seed(seed) {
-  _context.asked_again = asked_again;
+    : _models(std::move(models)), _rates(rates), _seed(seed), _asked_again(asked_again) {
   std::vector<ONU_ABILITY_CODE_ATTR_INFO> codes;
   onu_ability_get_all_ability_attr_info(codes);
   for (const ONU_ABILITY_CODE_ATTR_INFO& record : codes) {
-    _context.known_codes.insert(record.ability_code);
+    _known_codes.insert(record.ability_code);
   }
 }
 
@@ -25,8 +24,7 @@ OnuReport PopulationGenerator::Onu(std::uint64_t number) const {
   if (!tells_type) report.reported_type = kUnknownReportedType;
   report.truth = Truth{model.real_type, {}};
   bool is_told = tells_type ? model.told_by_type : model.told_by_abilities;
-  FaultContext context = _context;
-  context.type = model.key;
+  const FaultContext context{_known_codes, _asked_again, model.key};
   for (std::size_t i = 0; i < kFaultKinds.size(); ++i) {
     // Drawn for every kind, so that one rate does not change what the others do.
     if (choices.Below(kAlways) >= _rates[i]) continue;

@@ -7,6 +7,7 @@
 #define OLT_HOST_GENERATION_POPULATION_GENERATOR_H
 
 #include <cstdint>
+#include <set>
 #include <vector>
 
 #include "generation/faults.h"
@@ -35,7 +36,8 @@ class PopulationGenerator {
   std::vector<Model> _models;
   FaultRates _rates;
   std::uint64_t _seed;
-  FaultContext _context;
+  bool _asked_again;
+  std::set<std::uint16_t> _known_codes;
 };
 
 }  // namespace olt_host
