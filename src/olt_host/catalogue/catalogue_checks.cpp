@@ -65,10 +65,6 @@ const std::map<std::uint16_t, bool>& FixedCodesHoldText() {
   return fixed;
 }
 
-[[noreturn]] void ThrowInputError(unsigned int /*order*/, const InputError& error) {
-  throw InputError(error);
-}
-
 void CheckFixedCode(const CodeEntry& code) {
   const auto fixed = FixedCodesHoldText().find(code.code);
   if (fixed != FixedCodesHoldText().end() && fixed->second != code.HoldsText()) {
@@ -257,11 +253,5 @@ void CheckProfiles(const Catalogue& catalogue, const RuleBreach& breach) {
   CheckContents(catalogue, catalogue.real_profiles, breach);
   CheckContents(catalogue, catalogue.match_profiles, breach);
 }
-
-void CheckAttributes(const Catalogue& catalogue) { CheckAttributes(catalogue, ThrowInputError); }
-
-void CheckCodes(const Catalogue& catalogue) { CheckCodes(catalogue, ThrowInputError); }
-
-void CheckProfiles(const Catalogue& catalogue) { CheckProfiles(catalogue, ThrowInputError); }
 
 }  // namespace olt_host

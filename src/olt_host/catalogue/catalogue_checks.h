@@ -25,11 +25,6 @@ void CheckCodes(const Catalogue& catalogue, const RuleBreach& breach);
 // from it.
 void CheckProfiles(const Catalogue& catalogue, const RuleBreach& breach);
 
-// The same; throw InputError for the first entry that breaks a rule.
-void CheckAttributes(const Catalogue& catalogue);
-void CheckCodes(const Catalogue& catalogue);
-void CheckProfiles(const Catalogue& catalogue);
-
 }  // namespace olt_host
 
 #endif  // OLT_HOST_CATALOGUE_CATALOGUE_CHECKS_H

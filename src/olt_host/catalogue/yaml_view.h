@@ -86,7 +86,6 @@ class YamlMap {
  public:
   YamlMap(YamlView view, std::vector<std::pair<std::string, YamlView>> values);
 
-  const YamlView& View() const { return _view; }
   std::optional<YamlView> Find(const std::string& key) const;
   // The value of a key that must be there; `expectation` says what belongs in it.
   YamlView Get(const std::string& key, const std::string& expectation) const;

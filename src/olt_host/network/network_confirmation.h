@@ -20,7 +20,8 @@ struct BlockResult {
   NetworkSummary summary;
 };
 
-// As one byte string, and back. Throws nlohmann::json::exception for what is none.
+// As one byte string, and back. Throws std::invalid_argument, nlohmann::json::exception or
+// std::runtime_error for what is none.
 std::string ToBytes(const BlockResult& result);
 BlockResult ParseBlockResult(const std::string& bytes);
 
