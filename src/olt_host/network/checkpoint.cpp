@@ -105,7 +105,9 @@ void FlushFolder(const std::string& path) {
 
 // Text and back: what a file gives back is compared with what it would have kept.
 Checkpoint::Checkpoint(std::string path, const Json& run)
-    : _path(std::move(path)), _run(Json::parse(TextOf(run))) {}
+    : _path(std::move(path)), _run(Json::parse(TextOf(run))) {
+  _run["olt_host"] = OLT_HOST_VERSION;
+}
 
 std::optional<Progress> Checkpoint::Read() const {
   struct stat status {};
@@ -143,10 +145,6 @@ bool Checkpoint::IsDue() const {
 }
 
 void Checkpoint::Keep(const Progress& progress) {
-  if (IsDue()) KeepNow(progress);
-}
-
-void Checkpoint::KeepNow(const Progress& progress) {
   if (_path.empty()) return;
   const std::string aside = _path + ".new";
   try {

@@ -22,7 +22,8 @@ struct Progress {
 class Checkpoint {
  public:
   // `path`: empty for none, then nothing is read or written. `run`: an object that names
-  // everything on which the result depends: job, catalogues, input, options.
+  // everything on which the result depends: job, catalogues, input, options. The version of
+  // this program is added to it.
   Checkpoint(std::string path, const nlohmann::ordered_json& run);
 
   // What an earlier run of the same came to; nothing when there is no file. Throws
@@ -30,14 +31,12 @@ class Checkpoint {
   // differs and how to start anew.
   std::optional<Progress> Read() const;
 
-  // Whether Keep would keep: there is a file, and the last was kept a second ago or longer.
-  // Before it a caller need not make the summary up.
+  // Whether it is time to keep one: there is a file, and the last was kept a second ago or
+  // longer.
   bool IsDue() const;
-  // Keeps `progress` if that is due; a crash leaves the earlier one or this one. Throws
+  // Keeps `progress`, if there is a file; a crash leaves the earlier one or this one. Throws
   // std::runtime_error.
   void Keep(const Progress& progress);
-  // Keeps it in any case.
-  void KeepNow(const Progress& progress);
 
   // The run is done: nothing to go on from.
   void Remove();

@@ -53,7 +53,7 @@ class Writing {
     _progress.written = _output.written();
     if (!_checkpoint.IsDue()) return;
     _output.Flush();
-    _checkpoint.KeepNow(_progress);
+    _checkpoint.Keep(_progress);
   }
 
   void End() {

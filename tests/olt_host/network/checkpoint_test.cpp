@@ -52,7 +52,7 @@ std::string ReadErrorOf(const TemporaryDirectory& directory, const Json& run = O
 TEST(Checkpoint, WhatIsKeptComesBack) {
   const TemporaryDirectory directory;
   EXPECT_FALSE(Checkpoint(directory.Path("c"), OneRun()).Read());
-  Checkpoint(directory.Path("c"), OneRun()).KeepNow(At(UINT64_MAX / 4));
+  Checkpoint(directory.Path("c"), OneRun()).Keep(At(UINT64_MAX / 4));
   ExpectAt(Checkpoint(directory.Path("c"), OneRun()), UINT64_MAX / 4);
 }
 
@@ -63,9 +63,7 @@ TEST(Checkpoint, IsKeptOnceASecond) {
   checkpoint.Keep(At(10));
   ExpectAt(checkpoint, 10);
   EXPECT_FALSE(checkpoint.IsDue());
-  checkpoint.Keep(At(20));
-  ExpectAt(checkpoint, 10);
-  checkpoint.KeepNow(At(30));
+  checkpoint.Keep(At(30));
   ExpectAt(checkpoint, 30);
   std::this_thread::sleep_for(std::chrono::milliseconds(1050));
   EXPECT_TRUE(checkpoint.IsDue());
@@ -76,7 +74,7 @@ TEST(Checkpoint, IsKeptOnceASecond) {
 TEST(Checkpoint, IsGoneWhenTheRunIsDone) {
   const TemporaryDirectory directory;
   Checkpoint checkpoint(directory.Path("c"), OneRun());
-  checkpoint.KeepNow(At(10));
+  checkpoint.Keep(At(10));
   checkpoint.Remove();
   EXPECT_TRUE(std::filesystem::is_empty(directory.Path("")));
   EXPECT_FALSE(checkpoint.Read());
@@ -86,14 +84,14 @@ TEST(Checkpoint, IsGoneWhenTheRunIsDone) {
 TEST(Checkpoint, WithoutAFileNothingIsKept) {
   Checkpoint checkpoint("", OneRun());
   EXPECT_FALSE(checkpoint.IsDue());
-  checkpoint.KeepNow(At(10));
+  checkpoint.Keep(At(10));
   EXPECT_FALSE(checkpoint.Read());
   checkpoint.Remove();
 }
 
 TEST(Checkpoint, OfAnotherRunIsRefusedWithWhatDiffers) {
   const TemporaryDirectory directory;
-  Checkpoint(directory.Path("c"), OneRun()).KeepNow(At(10));
+  Checkpoint(directory.Path("c"), OneRun()).Keep(At(10));
   const auto error = [&](const char* field, const Json& value) {
     Json run = OneRun();
     run[Json::json_pointer(field)] = value;
@@ -114,11 +112,23 @@ TEST(Checkpoint, OfAnotherRunIsRefusedWithWhatDiffers) {
             begin + R"(catalogues was ["a.yaml","b.yaml"] and is not stated)" + end);
 }
 
+TEST(Checkpoint, OfAnotherVersionIsRefused) {
+  const TemporaryDirectory directory;
+  Checkpoint(directory.Path("c"), OneRun()).Keep(At(10));
+  std::string text = ReadFile(directory.Path("c"));
+  const std::string name = R"("olt_host":")";
+  const std::size_t version = text.find(name) + name.size();
+  directory.Write("c", text.replace(version, text.find('"', version) - version, "0.0.1"));
+  EXPECT_EQ(ReadErrorOf(directory).find(
+                R"(c: is the checkpoint of another run: olt_host was "0.0.1" and is ")"),
+            0U);
+}
+
 TEST(Checkpoint, OfTheSameRunIsTheSameInAnyOrderAndSpelling) {
   const TemporaryDirectory directory;
   Json run = OneRun();
   run["file"] = "not UTF-8: \xFF";
-  Checkpoint(directory.Path("c"), run).KeepNow(At(10));
+  Checkpoint(directory.Path("c"), run).Keep(At(10));
   ExpectAt(Checkpoint(directory.Path("c"), run), 10);
   run.erase("job");
   run["job"] = "confirm";
@@ -127,7 +137,7 @@ TEST(Checkpoint, OfTheSameRunIsTheSameInAnyOrderAndSpelling) {
 
 TEST(Checkpoint, ThatIsCutAnywhereIsRefused) {
   const TemporaryDirectory directory;
-  Checkpoint(directory.Path("c"), OneRun()).KeepNow(At(10));
+  Checkpoint(directory.Path("c"), OneRun()).Keep(At(10));
   const std::string whole = ReadFile(directory.Path("c"));
   for (std::size_t length = 0; length + 1 < whole.size(); ++length) {
     directory.Write("c", whole.substr(0, length));
@@ -142,7 +152,7 @@ TEST(Checkpoint, ThatIsCutAnywhereIsRefused) {
 
 TEST(Checkpoint, WithoutWhatBelongsInItIsRefused) {
   const TemporaryDirectory directory;
-  Checkpoint(directory.Path("c"), OneRun()).KeepNow(At(10));
+  Checkpoint(directory.Path("c"), OneRun()).Keep(At(10));
   const std::string whole = ReadFile(directory.Path("c"));
   for (const char* name : {"run", "offset", "line", "written", "summary"}) {
     const std::string key = "\"" + std::string(name) + "\":";
@@ -168,13 +178,13 @@ TEST(Checkpoint, WhatIsNoneIsRefusedAndNotRecommendedForRemoval) {
 TEST(Checkpoint, ThatCannotBeKeptIsToldAndLeavesTheEarlierOne) {
   const TemporaryDirectory directory;
   Checkpoint lost(directory.Path("none/c"), OneRun());
-  EXPECT_EQ(ErrorOf([&] { lost.KeepNow(At(10)); }, directory),
+  EXPECT_EQ(ErrorOf([&] { lost.Keep(At(10)); }, directory),
             "none/c: the checkpoint cannot be kept: cannot create none/c.new: No such file or "
             "directory");
   Checkpoint checkpoint(directory.Path("c"), OneRun());
-  checkpoint.KeepNow(At(10));
+  checkpoint.Keep(At(10));
   directory.Write("c.new", "somebody's own");
-  EXPECT_EQ(ErrorOf([&] { checkpoint.KeepNow(At(20)); }, directory),
+  EXPECT_EQ(ErrorOf([&] { checkpoint.Keep(At(20)); }, directory),
             "c: the checkpoint cannot be kept: c.new is in the way; expected a checkpoint, or "
             "nothing");
   EXPECT_EQ(ReadFile(directory.Path("c.new")), "somebody's own");
@@ -184,10 +194,10 @@ TEST(Checkpoint, ThatCannotBeKeptIsToldAndLeavesTheEarlierOne) {
 TEST(Checkpoint, WhatAKilledRunLeftBesideItIsReplaced) {
   const TemporaryDirectory directory;
   Checkpoint checkpoint(directory.Path("c"), OneRun());
-  checkpoint.KeepNow(At(10));
+  checkpoint.Keep(At(10));
   for (const std::size_t length : {std::size_t{0}, std::size_t{5}, std::size_t{60}}) {
     directory.Write("c.new", ReadFile(directory.Path("c")).substr(0, length));
-    checkpoint.KeepNow(At(20 + length));
+    checkpoint.Keep(At(20 + length));
     ExpectAt(checkpoint, 20 + length);
     EXPECT_FALSE(std::filesystem::exists(directory.Path("c.new")));
   }
@@ -201,7 +211,7 @@ TEST(Checkpoint, IsWholeWheneverTheRunIsKilled) {
     if (process == 0) {
       Checkpoint checkpoint(directory.Path("c"), OneRun());
       for (std::uint64_t offset = before;; ++offset) {
-        checkpoint.KeepNow(At(offset));
+        checkpoint.Keep(At(offset));
       }
     }
     std::this_thread::sleep_for(std::chrono::microseconds(3000 + i * 977));

@@ -221,7 +221,7 @@ TEST_F(GeneratedNetworkTest, GoesOnWhereTheCheckpointIs) {
   progress.offset = 3000;
   progress.line = 3001;
   progress.written = end;
-  olt_host::Checkpoint(CheckpointPath(), Run(1).depends_on).KeepNow(progress);
+  olt_host::Checkpoint(CheckpointPath(), Run(1).depends_on).Keep(progress);
   // What is there is kept as it is, what stands behind it goes.
   std::string there = expected.substr(0, end) + "{\"half a li";
   there[0] = '#';
@@ -235,7 +235,7 @@ TEST_F(GeneratedNetworkTest, RefusesAnOutputThatLacksWhatTheCheckpointCounts) {
   olt_host::Progress progress;
   progress.offset = 1000;
   progress.written = 500;
-  olt_host::Checkpoint(CheckpointPath(), Run(1).depends_on).KeepNow(progress);
+  olt_host::Checkpoint(CheckpointPath(), Run(1).depends_on).Keep(progress);
   _directory.Write("n.jsonl", "short");
   EXPECT_EQ(ErrorOf([&] { Generate(GeneratedNetwork(_population, 2000, 1, 7), 1); }, _directory),
             "n.jsonl has 5 of the 500 bytes that its checkpoint counts");
