@@ -12,6 +12,11 @@ std::string RealTypeText(const std::optional<std::uint16_t>& real_type) {
 
 bool ConfirmationResult::Ok() const { return DescribeFailure(*this).empty(); }
 
+std::string DescribeOutcome(const ConfirmationResult& result) {
+  if (!result.real_type) return "is not recognised";
+  return "is type " + std::to_string(*result.real_type) + " by " + ToText(result.how);
+}
+
 std::string DescribeFailure(const ConfirmationResult& result) {
   if (!result.expect) {
     return "";

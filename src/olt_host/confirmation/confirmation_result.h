@@ -28,6 +28,9 @@ struct ConfirmationResult {
   bool Ok() const;
 };
 
+// "is type 17 by abilities", "is not recognised".
+std::string DescribeOutcome(const ConfirmationResult& result);
+
 // What was expected and what came instead, as far as they differ: "expected real
 // type 17, how type". "" when Ok().
 std::string DescribeFailure(const ConfirmationResult& result);

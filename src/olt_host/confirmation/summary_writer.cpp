@@ -36,10 +36,7 @@ void SummaryWriter::Begin(const ConfirmationRun& run) {
 void SummaryWriter::Write(const ConfirmationResult& result) {
   if (!result.Ok() && _failures.size() < kShownFailures) {
     _failures.push_back(ToText(result.position) + ": ONU " + std::to_string(result.place) + "/" +
-                        std::to_string(result.onu) + " is " +
-                        (result.real_type ? "type " + std::to_string(*result.real_type)
-                                          : std::string("not recognised")) +
-                        (result.real_type ? std::string(" by ") + ToText(result.how) : "") + "; " +
+                        std::to_string(result.onu) + " " + DescribeOutcome(result) + "; " +
                         DescribeFailure(result));
   }
 }

@@ -28,14 +28,6 @@ void KeepFirst(std::set<FailedExpectation>& failures) {
   while (failures.size() > kShownFailures) failures.erase(std::prev(failures.end()));
 }
 
-std::string WhatFailed(const ConfirmationResult& result) {
-  std::string is = "not recognised";
-  if (result.real_type) {
-    is = "type " + std::to_string(*result.real_type) + " by " + ToText(result.how);
-  }
-  return "is " + is + "; " + DescribeFailure(result);
-}
-
 }  // namespace
 
 void NetworkSummary::Count(const std::string& olt, const ConfirmationResult& result,
@@ -51,7 +43,8 @@ void NetworkSummary::Count(const std::string& olt, const ConfirmationResult& res
   if (winner) ++profiles[*winner].wins;
   if (result.Ok()) return;
   ++of_olt.not_as_expected;
-  failures.insert({{olt, result.place, result.onu}, WhatFailed(result)});
+  failures.insert(
+      {{olt, result.place, result.onu}, DescribeOutcome(result) + "; " + DescribeFailure(result)});
   KeepFirst(failures);
 }
 
