@@ -1,7 +1,6 @@
 #include "capture_command_line.h"
 
 #include "command_options.h"
-#include "onu_name.h"
 
 namespace olt_host {
 
@@ -11,18 +10,12 @@ CLI::App* AddCapture(CLI::App& app, CommandLine& result) {
   AddCatalogue(*capture, result, true);
   AddReports(*capture, result, true);
   capture->add_option("FILE", options.file, "The new reports file")->required()->type_name("FILE");
-  capture
-      ->add_option_function<std::string>(
-          "--onu",
-          [&options](const std::string& text) {
-            if (!ReadOnuName(text, options.place, options.onu)) {
-              throw CLI::ValidationError(
-                  "--onu", "\"" + text + "\" is no ONU; expected its place and number, as in 1/2");
-            }
-            options.one_onu = true;
-          },
-          "Only this ONU: its place and number")
-      ->type_name("A/B");
+  AddOnuOption(*capture, "Only this ONU: its place and number",
+               [&options](std::uint16_t place, std::uint8_t onu) {
+                 options.one_onu = true;
+                 options.place = place;
+                 options.onu = onu;
+               });
   capture->add_flag("--replace", options.replace, "Take the place of a FILE that is there");
   AddCatalogueOptions(*capture, result);
   AddLogOptions(*capture, result);

@@ -1,5 +1,6 @@
 #include "command_options.h"
 
+#include "onu_name.h"
 #include "platform/log_levels.h"
 
 namespace olt_host {
@@ -38,6 +39,24 @@ void AddReports(CLI::App& command, CommandLine& result, bool required) {
       ->type_name("FILE");
   command.add_option("--olt", result.olt, "Of REPORTS that are JSON lines, those of this OLT")
       ->type_name("NAME");
+}
+
+CLI::Option* AddOnuOption(CLI::App& command, const std::string& description,
+                          const std::function<void(std::uint16_t, std::uint8_t)>& take) {
+  return command
+      .add_option_function<std::string>(
+          "--onu",
+          [take](const std::string& text) {
+            std::uint16_t place = 0;
+            std::uint8_t onu = 0;
+            if (!ReadOnuName(text, place, onu)) {
+              throw CLI::ValidationError(
+                  "--onu", "\"" + text + "\" is no ONU; expected its place and number, as in 1/2");
+            }
+            take(place, onu);
+          },
+          description)
+      ->type_name("A/B");
 }
 
 void AddCatalogueOptions(CLI::App& command, CommandLine& result) {

@@ -3,6 +3,9 @@
 #define OLT_HOST_COMMAND_OPTIONS_H
 
 #include <CLI/CLI.hpp>
+#include <cstdint>
+#include <functional>
+#include <string>
 
 #include "command_line.h"
 
@@ -13,6 +16,9 @@ namespace olt_host {
 // CATALOGUE and REPORTS, in the order called.
 void AddCatalogue(CLI::App& command, CommandLine& result, bool required);
 void AddReports(CLI::App& command, CommandLine& result, bool required);
+// --onu; `take` is given the place and the number there.
+CLI::Option* AddOnuOption(CLI::App& command, const std::string& description,
+                          const std::function<void(std::uint16_t, std::uint8_t)>& take);
 // --local, --keep-going.
 void AddCatalogueOptions(CLI::App& command, CommandLine& result);
 // --log, --log-levels.

@@ -1,7 +1,6 @@
 #include "explain_command_line.h"
 
 #include "command_options.h"
-#include "onu_name.h"
 
 namespace olt_host {
 
@@ -10,18 +9,12 @@ CLI::App* AddExplain(CLI::App& app, CommandLine& result) {
   CLI::App* explain = app.add_subcommand("explain", "Tell why an ONU is recognised as what it is");
   AddCatalogue(*explain, result, true);
   AddReports(*explain, result, true);
-  explain
-      ->add_option_function<std::string>(
-          "--onu",
-          [&options](const std::string& text) {
-            if (!ReadOnuName(text, options.place, options.onu)) {
-              throw CLI::ValidationError(
-                  "--onu", "\"" + text + "\" is no ONU; expected its place and number, as in 1/2");
-            }
-          },
-          "The ONU: its place and number")
-      ->required()
-      ->type_name("A/B");
+  AddOnuOption(*explain, "The ONU: its place and number",
+               [&options](std::uint16_t place, std::uint8_t onu) {
+                 options.place = place;
+                 options.onu = onu;
+               })
+      ->required();
   CLI::Option* all =
       explain->add_flag("--all", options.all, "Show every match profile, not only the nearest");
   explain->add_flag("--json", options.json, "Print one JSON document, with every match profile")
