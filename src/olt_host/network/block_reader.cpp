@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <stdexcept>
 #include <utility>
 
 #include "catalogue/input_error.h"
@@ -13,8 +12,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr std::size_t kShownLines = 10;
-
 // As it comes back from JSON: one name, in one order, wherever names are compared and counted.
 std::string AsJsonHasIt(const std::string& olt) {
   const bool is_plain = std::all_of(olt.begin(), olt.end(),
@@ -24,37 +21,6 @@ std::string AsJsonHasIt(const std::string& olt) {
 }
 
 }  // namespace
-
-std::string RefusedLine::Text() const { return file + ":" + std::to_string(line) + ": " + problem; }
-
-void RefusedLines::Add(RefusedLine line) {
-  ++_count;
-  _first.insert(std::move(line));
-  if (_first.size() > kShownLines) _first.erase(std::prev(_first.end()));
-}
-
-void RefusedLines::Merge(const RefusedLines& other) {
-  const std::uint64_t count = _count + other._count;
-  for (const RefusedLine& line : other._first) Add(line);
-  _count = count;
-}
-
-Json RefusedLines::ToJson() const {
-  Json lines = Json::array();
-  for (const RefusedLine& line : _first) {
-    lines.push_back({{"file", line.file}, {"line", line.line}, {"problem", line.problem}});
-  }
-  return {{"count", _count}, {"first", lines}};
-}
-
-RefusedLines RefusedLines::FromJson(const Json& json) {
-  RefusedLines refused;
-  for (const Json& line : json.at("first")) {
-    refused.Add({line.at("file"), line.at("line"), line.at("problem")});
-  }
-  refused._count = json.at("count");
-  return refused;
-}
 
 std::string TaskOf(const LineBlock& block) {
   return std::to_string(block.first_line) + "\n" + block.text;

@@ -1,53 +1,19 @@
-// The ONUs of a block of JSON lines, as a worker goes through it, and the lines that it had
-// to leave out.
+// The ONUs of a block of JSON lines, as a worker goes through it.
 #ifndef OLT_HOST_NETWORK_BLOCK_READER_H
 #define OLT_HOST_NETWORK_BLOCK_READER_H
 
 #include <cstdint>
 #include <functional>
-#include <nlohmann/json.hpp>
-#include <set>
 #include <string>
 #include <string_view>
-#include <tuple>
 
 #include "catalogue/catalogue.h"
 #include "catalogue/json_report_reader.h"
 #include "network/line_blocks.h"
+#include "network/refused_lines.h"
 #include "network/shard.h"
 
 namespace olt_host {
-
-// A line that is no report, and why.
-struct RefusedLine {
-  std::string file;
-  std::uint64_t line = 0;
-  std::string problem;  // "problem; expected ..."
-
-  // "FILE:LINE: problem; expected ..."
-  std::string Text() const;
-  bool operator<(const RefusedLine& other) const {
-    return std::tie(file, line) < std::tie(other.file, other.line);
-  }
-};
-
-// How many lines were left out, and the first few of them.
-class RefusedLines {
- public:
-  void Add(RefusedLine line);
-  void Merge(const RefusedLines& other);
-
-  std::uint64_t count() const { return _count; }
-  const std::set<RefusedLine>& first() const { return _first; }
-
-  nlohmann::ordered_json ToJson() const;
-  // Throws nlohmann::json::exception for another document.
-  static RefusedLines FromJson(const nlohmann::ordered_json& json);
-
- private:
-  std::uint64_t _count = 0;
-  std::set<RefusedLine> _first;
-};
 
 // A block as a task for a worker.
 std::string TaskOf(const LineBlock& block);

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "catalogue/catalogue.h"
+#include "network/block_reader.h"
 #include "network/network_difference.h"
 #include "recognition/outcome_reader.h"
 #include "state/library_state.h"

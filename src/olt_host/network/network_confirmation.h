@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "network/block_reader.h"
 #include "network/network_summary.h"
 #include "recognition/fit_index.h"
 

@@ -74,14 +74,7 @@ std::string NetworkDifferenceText(const NetworkDifference& difference) {
   for (const CodeOfOne& code : difference.codes_of_one) text += NoteOf(code);
   if (!text.empty()) text += "\n";
   text += DifferenceText({difference.difference, kNoFiles});
-  if (difference.refused.count() == 0) return text;
-  const std::uint64_t count = difference.refused.count();
-  text += "\nLeft out: " + std::to_string(count) + (count == 1 ? " line" : " lines") +
-          " that no report could be read from\n";
-  for (const RefusedLine& line : difference.refused.first()) text += "  " + line.Text() + "\n";
-  const std::uint64_t more = count - difference.refused.first().size();
-  if (more > 0) text += "  ... and " + std::to_string(more) + " more\n";
-  return text;
+  return text + difference.refused.Text();
 }
 
 std::string NoteOf(const CodeOfOne& code) {

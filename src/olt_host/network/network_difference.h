@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "network/block_reader.h"
+#include "network/refused_lines.h"
 #include "recognition/difference_counter.h"
 #include "recognition/reports_of_both.h"
 

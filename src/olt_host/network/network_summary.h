@@ -17,7 +17,7 @@
 #include "confirmation/confirmation_result.h"
 #include "confirmation/hook_calls.h"
 #include "confirmation/match_profile_name.h"
-#include "network/block_reader.h"
+#include "network/refused_lines.h"
 
 namespace olt_host {
 

@@ -120,14 +120,6 @@ void WriteProfiles(std::ostream& out, const NetworkSummary& summary) {
                0);
 }
 
-void WriteRefused(std::ostream& out, const RefusedLines& refused) {
-  if (refused.count() == 0) return;
-  out << "\nLeft out: " << refused.count() << (refused.count() == 1 ? " line" : " lines")
-      << " that no report could be read from\n";
-  for (const RefusedLine& line : refused.first()) out << "  " << line.Text() << "\n";
-  WriteMore(out, refused.count() - refused.first().size(), "lines");
-}
-
 }  // namespace
 
 std::string NetworkSummaryText(const NetworkSummary& summary) {
@@ -135,7 +127,7 @@ std::string NetworkSummaryText(const NetworkSummary& summary) {
   WriteSummary(out, summary.counts);
   out << "  " << std::left << std::setw(34) << "OLTs" << std::right << std::setw(8)
       << summary.olts.size() << "\n";
-  WriteRefused(out, summary.refused);
+  out << summary.refused.Text();
   WriteUnrecognised(out, summary);
   WriteOlts(out, summary);
   WriteFailures(out, summary);
