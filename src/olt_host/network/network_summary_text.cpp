@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "confirmation/summary_writer.h"
+#include "recognition/wrapped_text.h"
 
 namespace olt_host {
 
@@ -14,7 +15,7 @@ namespace {
 
 constexpr std::size_t kShown = 10;
 constexpr std::size_t kShownKeys = 8;
-constexpr std::size_t kColumns = 79;
+constexpr const char* kIndent = "          ";
 
 // The entries of a map, those of which `size` is largest first; of the same size in the
 // order of the map.
@@ -39,25 +40,7 @@ std::string Named(std::uint32_t key, const std::string& name) {
 }
 
 void WriteMore(std::ostream& out, std::uint64_t hidden, const char* what) {
-  if (hidden > 0) out << "          ... and " << hidden << " more " << what << "\n";
-}
-
-// On lines of their own where they do not fit behind what is there.
-void WriteWrapped(std::ostream& out, const std::string& text, std::size_t indent) {
-  std::istringstream words(text);
-  std::string word;
-  std::string line(indent, ' ');
-  bool is_first = true;
-  while (words >> word) {
-    if (!is_first && line.size() + 1 + word.size() > kColumns) {
-      out << line << "\n";
-      line.assign(indent, ' ');
-      is_first = true;
-    }
-    line += (is_first ? "" : " ") + word;
-    is_first = false;
-  }
-  out << line << "\n";
+  if (hidden > 0) out << kIndent << "... and " << hidden << " more " << what << "\n";
 }
 
 void WriteUnrecognised(std::ostream& out, const NetworkSummary& summary) {
@@ -71,10 +54,9 @@ void WriteUnrecognised(std::ostream& out, const NetworkSummary& summary) {
         << (key.nearest.key == 0 ? "a profile without a key"
                                  : Named(key.nearest.key, group.type_name))
         << "\n";
-    WriteWrapped(out,
-                 group.ability + " (" + std::to_string(key.code) + ") is " + group.held +
-                     " there, and " + group.reported + " at ONU " + NameOf(group.example),
-                 10);
+    out << Wrapped(kIndent, group.ability + " (" + std::to_string(key.code) + ") is " + group.held +
+                                " there, and " + group.reported + " at ONU " +
+                                NameOf(group.example));
   }
   WriteMore(out, groups.size() - std::min(groups.size(), kShown), "such groups, see --json");
 }
@@ -87,8 +69,11 @@ void WriteOlts(std::ostream& out, const NetworkSummary& summary) {
       << "    ONUs  unknown    wrong  OLT\n";
   for (std::size_t i = 0; i < std::min(olts.size(), kShown); ++i) {
     const auto& [name, olt] = *olts[i];
-    out << std::setw(8) << olt.onus << std::setw(9) << olt.not_recognised << std::setw(9)
-        << olt.not_as_expected << "  " << name << "\n";
+    std::ostringstream row;
+    row << std::setw(8) << olt.onus << std::setw(9) << olt.not_recognised << std::setw(9)
+        << olt.not_as_expected;
+    const bool fits = WidthOf(row.str()) + 2 + WidthOf(name) <= kTextColumns;
+    out << row.str() << (fits ? "  " : std::string("\n") + kIndent) << name << "\n";
   }
   WriteMore(out, olts.size() - std::min(olts.size(), kShown), "OLTs with some, see --json");
 }
@@ -97,7 +82,7 @@ void WriteFailures(std::ostream& out, const NetworkSummary& summary) {
   if (summary.failures.empty()) return;
   out << "\nNot as expected\n";
   for (const FailedExpectation& failure : summary.failures) {
-    WriteWrapped(out, "ONU " + NameOf(failure.onu) + " " + failure.what, 2);
+    out << Wrapped("  ", "ONU " + NameOf(failure.onu) + " " + failure.what);
   }
   WriteMore(out, summary.counts.expectation_failed - summary.failures.size(),
             "ONUs; --csv has them all");
@@ -113,11 +98,9 @@ void WriteProfiles(std::ostream& out, const NetworkSummary& summary) {
   }
   if (never > kShownKeys) keys += ", ...";
   out << "\n";
-  WriteWrapped(out,
-               std::to_string(summary.profiles.size() - never) + " of " +
-                   std::to_string(summary.profiles.size()) + " match profiles took ONUs" +
-                   (never > 0 ? ", " + std::to_string(never) + " never did: " + keys : ""),
-               0);
+  out << Wrapped("", std::to_string(summary.profiles.size() - never) + " of " +
+                         std::to_string(summary.profiles.size()) + " match profiles took ONUs" +
+                         (never > 0 ? ", " + std::to_string(never) + " never did: " + keys : ""));
 }
 
 }  // namespace

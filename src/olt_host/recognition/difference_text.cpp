@@ -5,12 +5,12 @@
 #include <sstream>
 
 #include "recognition/change_reason.h"
+#include "recognition/wrapped_text.h"
 
 namespace olt_host {
 
 namespace {
 
-constexpr std::size_t kColumns = 79;
 constexpr std::size_t kShownGroups = 8;
 constexpr std::size_t kShownLuck = 4;
 constexpr std::size_t kIndent = 10;
@@ -30,12 +30,6 @@ constexpr KindTexts kKindTexts[] = {
     {OnuChange::kOtherProfile, "Keep both types, but by another profile or another way", ""},
 };
 
-std::size_t WidthOf(const std::string& text) {
-  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
-    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
-  }));
-}
-
 class TextWriter {
  public:
   void Line(const std::string& text) { _out << text << "\n"; }
@@ -45,20 +39,7 @@ class TextWriter {
   }
   // Breaks between words; every line begins with the indent, the first with `head` in it.
   void Wrapped(const std::string& text, const std::string& head = "") {
-    std::istringstream words(text);
-    std::string line = head + std::string(kIndent - head.size(), ' ');
-    std::string word;
-    bool is_first = true;
-    while (words >> word) {
-      if (!is_first && WidthOf(line) + 1 + WidthOf(word) > kColumns) {
-        Line(line);
-        line.assign(kIndent, ' ');
-        is_first = true;
-      }
-      line += (is_first ? "" : " ") + word;
-      is_first = false;
-    }
-    Line(line);
+    _out << olt_host::Wrapped(head + std::string(kIndent - head.size(), ' '), text);
   }
   // A count in front of a text.
   void Counted(std::size_t count, const std::string& text) {

@@ -134,7 +134,15 @@ TEST(NetworkSummaries, FitAScreenOf80Columns) {
   for (unsigned int key = 2000; key < 2030; ++key) {
     summary.profiles[{1, key, 1}] = {"A TYPE WITH A LONG NAME", 0};
   }
+  const std::string longest(64, 'o');
+  ConfirmationResult wrong;
+  wrong.expect.emplace();
+  wrong.expect->real_type = 7;
+  for (int i = 0; i < 500; ++i) summary.Count(longest, wrong, std::nullopt);
   const std::string text = olt_host::NetworkSummaryText(summary);
+  EXPECT_NE(text.find("     500      500      500\n          " + longest + "\n"),
+            std::string::npos)
+      << text;
   std::istringstream lines(text);
   std::string line;
   while (std::getline(lines, line)) EXPECT_LT(line.size(), 80U) << line;
