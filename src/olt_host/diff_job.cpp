@@ -61,8 +61,7 @@ void CompareUnderBoth(Comparison& comparison) {
 std::string CatalogueLine(const char* which, const std::string& path, const Catalogue& catalogue) {
   constexpr std::size_t kColumns = 79;
   const std::string file = std::string(which) + "  " + path;
-  std::string name = Quoted(catalogue.name);
-  if (!catalogue.version.empty()) name += ", version " + catalogue.version;
+  const std::string name = NameAndVersion(Quoted(catalogue.name), catalogue.version);
   const bool fits = file.size() + 2 + name.size() <= kColumns;
   return file + (fits ? ": " : "\n     ") + name + "\n";
 }

@@ -3,6 +3,7 @@
 #include <iostream>
 #include <stdexcept>
 
+#include "catalogue/catalogue.h"
 #include "catalogue/input_error.h"
 #include "exit_status.h"
 
@@ -13,30 +14,17 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 std::string CatalogueLine(const char* which, const Json& catalogue) {
-  const std::string version = catalogue.at("version");
-  return std::string(which) + "  " + Quoted(catalogue.at("name")) +
-         (version.empty() ? "" : ", version " + version) + "\n";
-}
-
-std::string ShardsText(const ShardSet& shards) {
-  if (shards.IsWhole()) return "";
-  if (shards.numbers.size() == 1) {
-    return "Shard " + std::to_string(*shards.numbers.begin()) + " of " +
-           std::to_string(shards.count) + "\n";
-  }
-  return "Shards: " + std::to_string(shards.numbers.size()) + " of " +
-         std::to_string(shards.count) + "; missing: " + MissingText(shards) + "\n";
+  return std::string(which) + "  " +
+         NameAndVersion(Quoted(catalogue.at("name")), catalogue.at("version")) + "\n";
 }
 
 std::string HeadOf(const DocumentHead& head) {
   return CatalogueLine("OLD", head.catalogues.at(0)) + CatalogueLine("NEW", head.catalogues.at(1)) +
-         ShardsText(head.shards);
+         ShardsText("Shards: ", head.shards);
 }
 
 int StatusOf(const DocumentHead& head, const NetworkDifference& difference) {
-  // Of one shard nobody expects the others.
-  const bool lacks_shards = !head.shards.IsWhole() && head.shards.numbers.size() > 1;
-  if (lacks_shards || difference.refused.count() > 0) return kExitBadInput;
+  if (head.shards.LacksSome() || difference.refused.count() > 0) return kExitBadInput;
   return difference.difference.Changed() == 0 ? kExitOk : kExitNotAsExpected;
 }
 

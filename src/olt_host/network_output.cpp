@@ -19,9 +19,7 @@ int PrintNetworkSummary(const DocumentHead& head, const NetworkSummary& summary,
 }
 
 int StatusOf(const DocumentHead& head, const NetworkSummary& summary) {
-  // Of one shard nobody expects the others.
-  const bool lacks_shards = !head.shards.IsWhole() && head.shards.numbers.size() > 1;
-  if (lacks_shards || summary.refused.count() > 0) return kExitBadInput;
+  if (head.shards.LacksSome() || summary.refused.count() > 0) return kExitBadInput;
   return summary.counts.expectation_failed == 0 ? kExitOk : kExitNotAsExpected;
 }
 

@@ -14,6 +14,10 @@ const Entry* FindEntry(const std::vector<Entry>& entries, Predicate predicate) {
 
 }  // namespace
 
+std::string NameAndVersion(const std::string& name, const std::string& version) {
+  return version.empty() ? name : name + ", version " + version;
+}
+
 std::uint16_t CodeEntry::Attribute(std::uint16_t id) const {
   const auto found = attributes.find(id);
   if (found != attributes.end()) {

@@ -77,6 +77,9 @@ struct Catalogue {
   const CodeEntry* FindCode(const std::string& code_name) const;
 };
 
+// "Name, version 3"; the name alone without a version.
+std::string NameAndVersion(const std::string& name, const std::string& version);
+
 // The attributes to which the library gives a meaning; 5 belongs to every code.
 constexpr std::uint16_t kConfirmTypeAttribute = 1;
 constexpr std::uint16_t kPortTypeAttribute = 4;

@@ -15,7 +15,7 @@ namespace {
 std::string CatalogueText() {
   const Catalogue& catalogue = Host().catalogue.catalogue;
   return Printable(catalogue.name.empty() ? "without a name"
-                                          : catalogue.name + ", version " + catalogue.version);
+                                          : NameAndVersion(catalogue.name, catalogue.version));
 }
 
 void WriteText(struct vty& terminal, const std::string& text) {

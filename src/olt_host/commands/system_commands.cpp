@@ -95,7 +95,7 @@ int ShowVersion(cmd_element* /*element*/, struct vty* vty, int argc, char** argv
               {"Started", LocalTimeText(Host().started)},
               {"Up for", DurationText(Uptime())},
               {"Catalogue",
-               catalogue.name.empty() ? "none" : catalogue.name + ", version " + catalogue.version},
+               catalogue.name.empty() ? "none" : NameAndVersion(catalogue.name, catalogue.version)},
               {"State file", Host().state_file.empty() ? "none" : Host().state_file},
               {"Sessions", std::to_string(Sessions().size())}});
   return 0;

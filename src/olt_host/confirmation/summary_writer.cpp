@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <iomanip>
 
+#include "catalogue/catalogue.h"
+
 namespace olt_host {
 
 namespace {
@@ -26,7 +28,7 @@ void WriteSummary(std::ostream& out, const ConfirmationSummary& summary) {
 }
 
 void SummaryWriter::Begin(const ConfirmationRun& run) {
-  _out << "Catalogue: " << run.catalogue_name << ", version " << run.catalogue_version << "\n";
+  _out << "Catalogue: " << NameAndVersion(run.catalogue_name, run.catalogue_version) << "\n";
   if (!run.reports_name.empty()) {
     _out << "Reports:   " << run.reports_name << "\n";
   }

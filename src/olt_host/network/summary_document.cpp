@@ -2,7 +2,9 @@
 
 #include <stdexcept>
 
+#include "catalogue/catalogue.h"
 #include "catalogue/whole_file.h"
+#include "recognition/wrapped_text.h"
 
 namespace olt_host {
 
@@ -23,20 +25,36 @@ ShardSet ParseShards(const Json& json) {
 std::string CatalogueText(const Json& catalogue) {
   const std::string name = catalogue.at("name");
   const std::string version = catalogue.at("version");
-  return "Catalogue: " + name + (version.empty() ? "" : ", version " + version) + "\n";
+  return "Catalogue: " + NameAndVersion(name, version) + "\n";
 }
 
 }  // namespace
 
 std::string MissingText(const ShardSet& shards) {
+  const auto is_missing = [&shards](std::uint32_t number) {
+    return number <= shards.count && shards.numbers.count(number) == 0;
+  };
   std::string text;
   std::string last;
   for (std::uint32_t number = 1; number <= shards.count; ++number) {
-    if (shards.numbers.count(number) != 0) continue;
+    if (!is_missing(number)) continue;
     if (!last.empty()) text += (text.empty() ? "" : ", ") + last;
     last = std::to_string(number);
+    // Two stand for themselves.
+    if (!is_missing(number + 1) || !is_missing(number + 2)) continue;
+    while (is_missing(number + 1)) ++number;
+    last += " to " + std::to_string(number);
   }
   return text.empty() ? last : text + " and " + last;
+}
+
+std::string ShardsText(const std::string& title, const ShardSet& shards) {
+  if (shards.IsWhole()) return "";
+  const std::string counts =
+      std::to_string(shards.numbers.size()) + " of " + std::to_string(shards.count);
+  return Wrapped(title, shards.LacksSome()
+                            ? counts + "; missing: " + MissingText(shards)
+                            : counts + ", number " + std::to_string(*shards.numbers.begin()));
 }
 
 Json MakeDocument(const DocumentHead& head, const Json& counts) {
@@ -95,13 +113,7 @@ void AddShards(DocumentHead& head, const DocumentHead& other, const std::string&
 std::string HeadText(const DocumentHead& head) {
   std::string text;
   for (const Json& catalogue : head.catalogues) text += CatalogueText(catalogue);
-  if (head.shards.IsWhole()) return text;
-  text += "Shards:    " + std::to_string(head.shards.numbers.size()) + " of " +
-          std::to_string(head.shards.count);
-  if (head.shards.numbers.size() == 1) {
-    return text + ", number " + std::to_string(*head.shards.numbers.begin()) + "\n";
-  }
-  return text + "; missing: " + MissingText(head.shards) + "\n";
+  return text + ShardsText("Shards:    ", head.shards);
 }
 
 std::string DocumentText(const Json& document) {

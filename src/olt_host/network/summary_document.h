@@ -21,10 +21,15 @@ struct ShardSet {
 
   static ShardSet Of(const Shard& shard) { return {shard.count, {shard.number}}; }
   bool IsWhole() const { return numbers.size() == count; }
+  // Whether others are missed: of one shard nobody expects them.
+  bool LacksSome() const { return !IsWhole() && numbers.size() > 1; }
 };
 
-// "2, 5 and 6", none missing: "".
+// "2, 5 to 9 and 11", none missing: "".
 std::string MissingText(const ShardSet& shards);
+// "Shards: 2 of 3; missing: 1" behind `title`, which says "Shards: "; "" for all of them. For
+// a screen of 80 columns; lines end in "\n".
+std::string ShardsText(const std::string& title, const ShardSet& shards);
 
 struct DocumentHead {
   std::string kind;                   // "confirm" or "diff"

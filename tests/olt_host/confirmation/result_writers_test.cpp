@@ -5,7 +5,6 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "confirmation/progress_bar.h"
 #include "confirmation/result_writer.h"
 
 namespace olt_host_test {
@@ -110,8 +109,9 @@ TEST(ResultTable, ShowsExpectationsThatFailedOnOneLineWhereTheyFit) {
   ConfirmationResult wrong = Wrong();
   wrong.expect = olt_host::Expectation{5, Recognition::kAbilities, 4, {}};
   const std::string text = Written(OutputFormat::kTable, false, {wrong});
-  EXPECT_NE(text.find("\n          expected real type 5, recognition by abilities, report type 4 (is "),
-            std::string::npos)
+  EXPECT_NE(
+      text.find("\n          expected real type 5, recognition by abilities, report type 4 (is "),
+      std::string::npos)
       << text;
 }
 
@@ -124,6 +124,12 @@ TEST(ResultSummary, ShowsCountsAndWhatWasNotAsExpected) {
                 "\n"
                 "Not as expected:\n"
                 "  r.yaml:6: ONU 1/3 is type 18 by type; expected real type 17\n");
+}
+
+TEST(ResultSummary, SaysNothingOfAVersionThatTheCatalogueDoesNotState) {
+  std::ostringstream out;
+  olt_host::MakeResultWriter(OutputFormat::kTable, true, out)->Begin({"Models", "", ""});
+  EXPECT_EQ(out.str(), "Catalogue: Models\n\n");
 }
 
 TEST(ResultSummary, ShowsTheFirstTenFailuresOnly) {
@@ -192,55 +198,6 @@ TEST(ResultCsv, TellsExpectedNoneFromNoExpectation) {
   result.expect = olt_host::Expectation{std::nullopt, std::nullopt, std::nullopt, {}};
   const std::string text = Written(OutputFormat::kCsv, false, {result});
   EXPECT_NE(text.find("\n1,2,,,,,none,no,65535,none,,,yes\n"), std::string::npos) << text;
-}
-
-class ProgressBarTest : public testing::Test {
- protected:
-  olt_host::ProgressBar::Clock Clock() {
-    return [this] { return _now; };
-  }
-  void Wait(int milliseconds) { _now += std::chrono::milliseconds(milliseconds); }
-
-  std::ostringstream _out;
-  std::chrono::steady_clock::time_point _now;
-};
-
-TEST_F(ProgressBarTest, IsSilentWhereThereIsNoTerminal) {
-  {
-    olt_host::ProgressBar bar(_out, false, 10, Clock());
-    Wait(10000);
-    bar.Show(5);
-  }
-  EXPECT_EQ(_out.str(), "");
-}
-
-TEST_F(ProgressBarTest, IsSilentWhileTheWorkIsShort) {
-  {
-    olt_host::ProgressBar bar(_out, true, 10, Clock());
-    Wait(600);
-    bar.Show(9);
-  }
-  EXPECT_EQ(_out.str(), "");
-}
-
-TEST_F(ProgressBarTest, ShowsHowFarItIsAndWipesItselfAway) {
-  {
-    olt_host::ProgressBar bar(_out, true, 10, Clock());
-    Wait(800);
-    bar.Show(5);
-    bar.Show(6);  // too soon to draw again
-  }
-  EXPECT_EQ(_out.str(), "\r[" + std::string(25, '#') + std::string(25, ' ') + "] 5/10\r\x1b[K");
-}
-
-TEST_F(ProgressBarTest, CountsMoreThanAMachineOfThirtyTwoBitsCounts) {
-  {
-    olt_host::ProgressBar bar(_out, true, 6'000'000'000, Clock());
-    Wait(800);
-    bar.Show(3'000'000'000);
-  }
-  EXPECT_EQ(_out.str(), "\r[" + std::string(25, '#') + std::string(25, ' ') +
-                            "] 3000000000/6000000000\r\x1b[K");
 }
 
 }  // namespace

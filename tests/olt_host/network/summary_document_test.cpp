@@ -41,10 +41,22 @@ TEST(SummaryDocuments, OfAllShardsAreThatOfOneRun) {
 }
 
 TEST(SummaryDocuments, NameTheShardsThatAreMissing) {
-  EXPECT_EQ(olt_host::MissingText({5, {2}}), "1, 3, 4 and 5");
+  EXPECT_EQ(olt_host::MissingText({4, {2}}), "1, 3 and 4");
+  EXPECT_EQ(olt_host::MissingText({5, {2}}), "1 and 3 to 5");
+  EXPECT_EQ(olt_host::MissingText({11, {1, 3, 4, 10}}), "2, 5 to 9 and 11");
+  EXPECT_EQ(olt_host::MissingText({10000, {10000}}), "1 to 9999");
   EXPECT_EQ(olt_host::MissingText({2, {1, 2}}), "");
   EXPECT_EQ(HeadText(HeadOf({3, 10})),
             "Catalogue: Example, version 3\nShards:    1 of 10, number 3\n");
+}
+
+TEST(SummaryDocuments, NameShardsOnLinesThatFitAScreen) {
+  ShardSet every_second{60, {}};
+  for (std::uint32_t number = 2; number <= 60; number += 2) every_second.numbers.insert(number);
+  EXPECT_EQ(olt_host::ShardsText("Shards:    ", every_second),
+            "Shards:    30 of 60; missing: 1, 3, 5, 7, 9, 11, 13, 15, 17, 19, 21, 23, 25,\n"
+            "           27, 29, 31, 33, 35, 37, 39, 41, 43, 45, 47, 49, 51, 53, 55, 57 and\n"
+            "           59\n");
 }
 
 TEST(SummaryDocuments, MergeOnlyWithTheirLike) {
@@ -100,8 +112,9 @@ TEST(SummaryDocuments, SayWhichFileCannotBeRead) {
   const auto error = [&](const std::string& name) {
     return ErrorOf([&] { olt_host::ReadDocument(folder.Path(name), document); }, folder);
   };
-  EXPECT_EQ(error("none.json"),
-            "none.json: cannot be read: No such file or directory; expected a summary of a network");
+  EXPECT_EQ(
+      error("none.json"),
+      "none.json: cannot be read: No such file or directory; expected a summary of a network");
   std::filesystem::create_directory(folder.Path("folder"));
   EXPECT_EQ(error("folder"),
             "folder: cannot be read: Is a directory; expected a summary of a network");
