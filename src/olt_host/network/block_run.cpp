@@ -46,11 +46,7 @@ class Going {
         _taker(taker),
         _bar(std::cerr, isatty(STDERR_FILENO) != 0, Megabytes(_blocks.size().value_or(0))) {
     _bar.SetUnit(" MB");
-    if (const auto done = _checkpoint.Read()) {
-      _done = *done;
-      _blocks.Skip(done->offset, done->line);
-      taker.GoOnFrom(done->summary);
-    }
+    if (const auto done = _checkpoint.Read()) GoOnFrom(*done);
   }
 
   std::optional<std::string> Next() {
@@ -74,6 +70,16 @@ class Going {
   void Finish() { _checkpoint.Remove(); }
 
  private:
+  void GoOnFrom(const Progress& done) {
+    _done = done;
+    _blocks.Skip(done.offset, done.line);
+    try {
+      _taker.GoOnFrom(done.summary);
+    } catch (const std::exception& error) {
+      _checkpoint.ThrowDamaged(error);
+    }
+  }
+
   // Where a block ends.
   struct BlockEnd {
     std::uint64_t offset = 0;

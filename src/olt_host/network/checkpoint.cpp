@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "catalogue/whole_file.h"
+#include "recognition/json_number.h"
 #include "state/file_descriptor.h"
 
 namespace olt_host {
@@ -64,6 +65,15 @@ void WriteAll(const FileDescriptor& file, const std::string& path, std::string_v
     if (count > 0) text.remove_prefix(static_cast<std::size_t>(count));
   }
   if (fsync(file.get()) != 0) Fail("cannot flush " + path + " to disk");
+}
+
+Progress ProgressOf(const Json& whole) {
+  Progress progress;
+  progress.offset = NumberAt<std::uint64_t>(whole, "offset");
+  progress.line = NumberAt<std::uint64_t>(whole, "line");
+  progress.written = NumberAt<std::uint64_t>(whole, "written");
+  progress.summary = whole.at("summary");
+  return progress;
 }
 
 // A file that a killed run left beside the checkpoint may go, nothing else.
@@ -121,23 +131,21 @@ std::optional<Progress> Checkpoint::Read() const {
   if (!Begins(text, kMagic)) {
     throw std::runtime_error(_path + ": is no checkpoint; expected one, or a new name");
   }
+  std::string difference;
   try {
     const Json whole = Json::parse(text);
-    const std::string difference = Difference("", whole.at("run"), _run);
-    if (!difference.empty()) {
-      throw std::runtime_error(_path + ": is the checkpoint of another run: " + difference +
-                               StartAnew(_path));
-    }
-    Progress progress;
-    whole.at("offset").get_to(progress.offset);
-    whole.at("line").get_to(progress.line);
-    whole.at("written").get_to(progress.written);
-    progress.summary = whole.at("summary");
-    return progress;
-  } catch (const Json::exception& error) {
-    throw std::runtime_error(_path + ": the checkpoint is damaged: " + error.what() +
-                             StartAnew(_path));
+    difference = Difference("", whole.at("run"), _run);
+    if (difference.empty()) return ProgressOf(whole);
+  } catch (const std::exception& error) {
+    ThrowDamaged(error);
   }
+  throw std::runtime_error(_path + ": is the checkpoint of another run: " + difference +
+                           StartAnew(_path));
+}
+
+void Checkpoint::ThrowDamaged(const std::exception& error) const {
+  throw std::runtime_error(_path + ": the checkpoint is damaged: " + error.what() +
+                           StartAnew(_path));
 }
 
 bool Checkpoint::IsDue() const {

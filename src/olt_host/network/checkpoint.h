@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <exception>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
@@ -30,6 +31,9 @@ class Checkpoint {
   // std::runtime_error when the file cannot be read or is of another run, naming what
   // differs and how to start anew.
   std::optional<Progress> Read() const;
+
+  // Throws the std::runtime_error for one that cannot be gone on from.
+  [[noreturn]] void ThrowDamaged(const std::exception& error) const;
 
   // Whether it is time to keep one: there is a file, and the last was kept a second ago or
   // longer.

@@ -6,6 +6,7 @@
 
 #include "recognition/difference_record.h"
 #include "recognition/difference_text.h"
+#include "recognition/json_number.h"
 
 namespace olt_host {
 
@@ -32,7 +33,8 @@ CodeOfOne CodeOf(const Json& json) {
   if (only_in != "new" && only_in != "old") {
     throw std::runtime_error("a code is only in \"" + only_in + "\"");
   }
-  return {json.at("code"), json.at("name"), only_in == "new", json.at("onus")};
+  return {NumberAt<std::uint16_t>(json, "code"), json.at("name"), only_in == "new",
+          NumberAt<std::size_t>(json, "onus")};
 }
 
 Json MakeJson(const NetworkDifference& difference, Json counts) {

@@ -94,7 +94,7 @@ struct NetworkSummary {
 };
 
 // The counts of a document; Parse reads all of them again and throws
-// nlohmann::json::exception for what is none.
+// nlohmann::json::exception or std::runtime_error for what is none.
 nlohmann::ordered_json ToJson(const NetworkSummary& summary);
 NetworkSummary ParseNetworkSummary(const nlohmann::ordered_json& json);
 

@@ -1,5 +1,8 @@
+#include <stdexcept>
+
 #include "confirmation/json_writer.h"
 #include "network/network_summary.h"
+#include "recognition/json_number.h"
 
 namespace olt_host {
 
@@ -11,14 +14,18 @@ Json OnuJson(const OnuOfOlt& onu) {
   return {{"olt", onu.olt}, {"place", onu.place}, {"onu", onu.onu}};
 }
 
-OnuOfOlt ParseOnu(const Json& json) { return {json.at("olt"), json.at("place"), json.at("onu")}; }
+OnuOfOlt ParseOnu(const Json& json) {
+  return {json.at("olt"), NumberAt<std::uint16_t>(json, "place"),
+          NumberAt<std::uint8_t>(json, "onu")};
+}
 
 Json NameJson(const MatchProfileName& name) {
   return {{"source", name.source}, {"key", name.key}, {"number", name.number}};
 }
 
 MatchProfileName ParseName(const Json& json) {
-  return {json.at("source"), json.at("key"), json.at("number")};
+  return {NumberAt<unsigned int>(json, "source"), NumberAt<std::uint32_t>(json, "key"),
+          NumberAt<std::uint32_t>(json, "number")};
 }
 
 Json HookCallsJson(const HookCalls& calls) {
@@ -85,30 +92,30 @@ Json FailuresJson(const NetworkSummary& summary) {
 
 ConfirmationSummary ParseCounts(const Json& json) {
   ConfirmationSummary counts;
-  counts.onus = json.at("onus");
-  counts.by_type = json.at("by_type");
-  counts.by_abilities = json.at("by_abilities");
-  counts.not_recognised = json.at("not_recognised");
-  counts.translated = json.at("translated");
-  counts.with_expectation = json.at("with_expectation");
-  counts.expectation_failed = json.at("not_as_expected");
+  counts.onus = NumberAt<std::uint64_t>(json, "onus");
+  counts.by_type = NumberAt<std::uint64_t>(json, "by_type");
+  counts.by_abilities = NumberAt<std::uint64_t>(json, "by_abilities");
+  counts.not_recognised = NumberAt<std::uint64_t>(json, "not_recognised");
+  counts.translated = NumberAt<std::uint64_t>(json, "translated");
+  counts.with_expectation = NumberAt<std::uint64_t>(json, "with_expectation");
+  counts.expectation_failed = NumberAt<std::uint64_t>(json, "not_as_expected");
   return counts;
 }
 
 void ParseOlts(const Json& json, NetworkSummary& summary) {
   for (const Json& olt : json) {
-    summary.olts[olt.at("olt")] = {olt.at("onus"), olt.at("not_recognised"),
-                                   olt.at("not_as_expected")};
+    summary.olts[olt.at("olt")] = {NumberAt<std::uint64_t>(olt, "onus"),
+                                   NumberAt<std::uint64_t>(olt, "not_recognised"),
+                                   NumberAt<std::uint64_t>(olt, "not_as_expected")};
   }
 }
 
 void ParseUnrecognised(const Json& json, NetworkSummary& summary) {
   for (const Json& group : json) {
     const Json& nearest = group.at("nearest");
-    summary.unrecognised[{ParseName(nearest), group.at("code")}] = {
-        group.at("onus"),     nearest.at("type_name"),
-        group.at("ability"),  ParseOnu(group.at("example")),
-        group.at("reported"), group.at("held")};
+    summary.unrecognised[{ParseName(nearest), NumberAt<std::uint16_t>(group, "code")}] = {
+        NumberAt<std::uint64_t>(group, "onus"), nearest.at("type_name"), group.at("ability"),
+        ParseOnu(group.at("example")),          group.at("reported"),    group.at("held")};
   }
 }
 
@@ -130,19 +137,24 @@ NetworkSummary ParseNetworkSummary(const Json& json) {
   NetworkSummary summary;
   summary.counts = ParseCounts(json.at("counts"));
   for (std::size_t i = 0; i < kHooks; ++i) {
-    summary.hook_calls[i] = json.at("hook_calls").at(kHookNames[i]);
+    summary.hook_calls[i] = NumberAt<std::uint64_t>(json.at("hook_calls"), kHookNames[i]);
   }
   for (const Json& type : json.at("types")) {
-    summary.types[{type.at("real_type"), type.at("type_name")}] = type.at("onus");
+    summary.types[{NumberAt<std::uint16_t>(type, "real_type"), type.at("type_name")}] =
+        NumberAt<std::uint64_t>(type, "onus");
   }
   for (const Json& profile : json.at("profiles")) {
-    summary.profiles[ParseName(profile)] = {profile.at("type_name"), profile.at("wins")};
+    summary.profiles[ParseName(profile)] = {profile.at("type_name"),
+                                            NumberAt<std::uint64_t>(profile, "wins")};
   }
   ParseOlts(json.at("olts"), summary);
   ParseUnrecognised(json.at("unrecognised"), summary);
-  summary.compared_with_nothing = json.at("compared_with_nothing");
+  summary.compared_with_nothing = NumberAt<std::uint64_t>(json, "compared_with_nothing");
   for (const Json& failure : json.at("failures")) {
     summary.failures.insert({ParseOnu(failure), failure.at("what")});
+  }
+  if (summary.failures.size() > summary.counts.expectation_failed) {
+    throw std::runtime_error("more failures than are counted");
   }
   summary.refused = RefusedLines::FromJson(json.at("refused_lines"));
   return summary;

@@ -1,7 +1,10 @@
 #include "network/refused_lines.h"
 
 #include <iterator>
+#include <stdexcept>
 #include <utility>
+
+#include "recognition/json_number.h"
 
 namespace olt_host {
 
@@ -47,9 +50,12 @@ Json RefusedLines::ToJson() const {
 RefusedLines RefusedLines::FromJson(const Json& json) {
   RefusedLines refused;
   for (const Json& line : json.at("first")) {
-    refused.Add({line.at("file"), line.at("line"), line.at("problem")});
+    refused.Add({line.at("file"), NumberAt<std::uint64_t>(line, "line"), line.at("problem")});
   }
-  refused._count = json.at("count");
+  refused._count = NumberAt<std::uint64_t>(json, "count");
+  if (refused._count < refused._first.size()) {
+    throw std::runtime_error("more lines that were left out than are counted");
+  }
   return refused;
 }
 

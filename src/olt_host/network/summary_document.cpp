@@ -4,6 +4,7 @@
 
 #include "catalogue/catalogue.h"
 #include "catalogue/whole_file.h"
+#include "recognition/json_number.h"
 #include "recognition/wrapped_text.h"
 
 namespace olt_host {
@@ -14,8 +15,11 @@ using Json = nlohmann::ordered_json;
 
 ShardSet ParseShards(const Json& json) {
   ShardSet shards;
-  shards.count = json.at("of");
-  shards.numbers = json.at("numbers").get<std::set<std::uint32_t>>();
+  shards.count = NumberAt<std::uint32_t>(json, "of");
+  shards.numbers.clear();
+  for (const Json& number : json.at("numbers")) {
+    shards.numbers.insert(NumberOf<std::uint32_t>(number, "the number of a shard"));
+  }
   const bool fits = shards.count >= 1 && shards.count <= kMostShards && !shards.numbers.empty() &&
                     *shards.numbers.begin() >= 1 && *shards.numbers.rbegin() <= shards.count;
   if (!fits) throw std::runtime_error("shards that cannot be");

@@ -5,6 +5,7 @@
 
 #include "recognition/difference_counter.h"
 #include "recognition/difference_text.h"
+#include "recognition/json_number.h"
 
 namespace olt_host {
 
@@ -54,21 +55,22 @@ auto OneOf(const Values& values, const Json& json) {
 }
 
 PatternName PatternOf(const Json& json) {
-  return {json.at("key"), json.at("source"), json.at("id")};
+  return {NumberAt<std::uint32_t>(json, "key"), NumberAt<unsigned int>(json, "source"),
+          NumberAt<std::uint16_t>(json, "id")};
 }
 
 SideOfChange SideOf(const Json& json) {
   SideOfChange side;
   if (!json.at("real_type").is_null()) {
-    side.real_type = json.at("real_type").get<std::uint16_t>();
+    side.real_type = NumberAt<std::uint16_t>(json, "real_type");
     side.winner = PatternOf(json.at("profile"));
   }
   side.type_name = json.at("type_name");
-  side.type_to_translate = json.at("type_to_translate");
-  side.report_type = json.at("report_type");
+  side.type_to_translate = NumberAt<std::uint32_t>(json, "type_to_translate");
+  side.report_type = NumberAt<std::uint16_t>(json, "report_type");
   constexpr Recognition kWays[] = {Recognition::kNone, Recognition::kType, Recognition::kAbilities};
   side.how = OneOf(kWays, json.at("recognised_by"));
-  side.fitting = json.at("fitting_profiles");
+  side.fitting = NumberAt<std::size_t>(json, "fitting_profiles");
   return side;
 }
 
@@ -79,7 +81,7 @@ PatternStanding StandingOf(const Json& json) {
   standing.kind = PatternStanding::kFits;
   if (kind == "fits") return standing;
   standing.kind = PatternStanding::kStopped;
-  standing.code = json.at("code");
+  standing.code = NumberAt<std::uint16_t>(json, "code");
   standing.ability = json.at("ability");
   standing.reported = json.at("reported");
   standing.held = json.at("held");
@@ -89,7 +91,8 @@ PatternStanding StandingOf(const Json& json) {
 std::vector<OnuAddress> ExamplesOf(const Json& json) {
   std::vector<OnuAddress> examples;
   for (const Json& onu : json) {
-    examples.push_back({onu.value("olt", ""), 0, onu.at("place"), onu.at("onu")});
+    examples.push_back({onu.value("olt", ""), 0, NumberAt<std::uint16_t>(onu, "place"),
+                        NumberAt<std::uint8_t>(onu, "onu")});
   }
   if (examples.empty()) throw std::runtime_error("a group has no example");
   return examples;
@@ -98,7 +101,7 @@ std::vector<OnuAddress> ExamplesOf(const Json& json) {
 ChangeGroup GroupOf(const Json& json) {
   ChangeGroup group;
   group.kind = OneOf(kOnuChanges, json.at("change"));
-  group.onus = json.at("onus");
+  group.onus = NumberAt<std::size_t>(json, "onus");
   group.examples = ExamplesOf(json.at("examples"));
   group.before = SideOf(json.at("before"));
   group.after = SideOf(json.at("after"));
@@ -110,12 +113,12 @@ ChangeGroup GroupOf(const Json& json) {
 
 Luck LuckOf(const Json& json) {
   Luck luck;
-  luck.onus = json.at("onus");
+  luck.onus = NumberAt<std::size_t>(json, "onus");
   for (const Json& group : json.at("groups")) {
     luck.groups.push_back({PatternOf(group.at("profile")), PatternOf(group.at("next_profile")),
                            group.at("profile").at("name"), group.at("next_profile").at("name"),
-                           group.at("most_fitting_profiles"), group.at("onus"),
-                           ExamplesOf(group.at("examples"))});
+                           NumberAt<std::size_t>(group, "most_fitting_profiles"),
+                           NumberAt<std::size_t>(group, "onus"), ExamplesOf(group.at("examples"))});
   }
   return luck;
 }
@@ -133,7 +136,7 @@ Json RecordOf(const PopulationDifference& difference) {
 
 PopulationDifference DifferenceOf(const Json& record) {
   PopulationDifference read;
-  read.onus = record.at("onus");
+  read.onus = NumberAt<std::size_t>(record, "onus");
   for (const Json& group : record.at("groups")) read.groups.push_back(GroupOf(group));
   read.luck_before = LuckOf(record.at("luck_of_order").at("before"));
   read.luck_after = LuckOf(record.at("luck_of_order").at("after"));

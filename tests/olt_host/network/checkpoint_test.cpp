@@ -159,8 +159,11 @@ TEST(Checkpoint, WithoutWhatBelongsInItIsRefused) {
     directory.Write("c", With(whole, key, "\"other\":"));
     EXPECT_EQ(ReadErrorOf(directory).find("c: the checkpoint is damaged: "), 0U) << name;
   }
-  directory.Write("c", With(whole, "\"offset\":10", R"("offset":"10")"));
-  EXPECT_EQ(ReadErrorOf(directory).find("c: the checkpoint is damaged: "), 0U);
+  for (const char* offset : {R"("10")", "-1", "1.5", "18446744073709551616"}) {
+    directory.Write("c", With(whole, "\"offset\":10", std::string("\"offset\":") + offset));
+    EXPECT_EQ(ReadErrorOf(directory).find("c: the checkpoint is damaged: offset is "), 0U)
+        << offset;
+  }
 }
 
 TEST(Checkpoint, WhatIsNoneIsRefusedAndNotRecommendedForRemoval) {

@@ -121,5 +121,28 @@ TEST_F(NetworkDifferenceTest, RefusesWhatIsNoDocument) {
   }
 }
 
+// Numbers that do not fit would otherwise be read as others.
+TEST_F(NetworkDifferenceTest, IsNotReadFromDamagedNumbers) {
+  NetworkComparison comparison(_older, _newer, {});
+  NetworkDifference compared = comparison.Compare(TaskOf(0, kLines), "n.jsonl");
+  compared.codes_of_one.push_back({50, "NEW", true, 1});
+  const Json whole = Json::parse(olt_host::ToRecord(compared).dump());
+  EXPECT_NO_THROW(olt_host::ParseNetworkDifference(whole));
+  const std::pair<const char*, Json> cases[] = {{"/onus", -1},
+                                                {"/groups/0/onus", -1},
+                                                {"/groups/0/examples/0/place", 65536},
+                                                {"/groups/0/examples/0/onu", 256},
+                                                {"/groups/0/before/report_type", 65536},
+                                                {"/groups/0/after/type_to_translate", 4294967296},
+                                                {"/luck_of_order/after/onus", 0.5},
+                                                {"/codes_of_one/0/code", 65536},
+                                                {"/refused_lines/count", 1}};
+  for (const auto& [member, value] : cases) {
+    Json damaged = whole;
+    damaged.at(Json::json_pointer(member)) = value;
+    EXPECT_THROW(olt_host::ParseNetworkDifference(damaged), std::runtime_error) << member;
+  }
+}
+
 }  // namespace
 }  // namespace olt_host_test

@@ -17,6 +17,7 @@ namespace {
 using olt_host::ConfirmationResult;
 using olt_host::NetworkSummary;
 
+using Json = nlohmann::ordered_json;
 using Random = std::mt19937;
 
 Random Seeded(unsigned int seed) { return Random(seed); }
@@ -109,6 +110,42 @@ TEST(NetworkSummaries, CountMoreThanAMachineOfThirtyTwoBitsCounts) {
   EXPECT_NE(olt_host::NetworkSummaryText(summary).find(" 6000000000\n"), std::string::npos);
 }
 
+// Numbers that do not fit would otherwise be read as others.
+TEST(NetworkSummaries, AreNotReadFromDamagedNumbers) {
+  Random random = Seeded(3);
+  NetworkSummary summary;
+  for (int i = 0; i < 300; ++i) summary.Merge(RandomOne(random));
+  const Json whole = ToJson(summary);
+  EXPECT_NO_THROW(olt_host::ParseNetworkSummary(whole));
+  const std::pair<const char*, Json> cases[] = {{"/counts/onus", -1},
+                                                {"/counts/by_type", 0.5},
+                                                {"/hook_calls/ability", "9"},
+                                                {"/types/0/real_type", 70000},
+                                                {"/types/0/onus", -1},
+                                                {"/profiles/0/key", 4294967296},
+                                                {"/olts/0/not_recognised", -1},
+                                                {"/unrecognised/0/code", 65536},
+                                                {"/unrecognised/0/example/onu", 256},
+                                                {"/failures/0/place", 65536},
+                                                {"/refused_lines/first/0/line", -1}};
+  for (const auto& [member, value] : cases) {
+    Json damaged = whole;
+    damaged.at(Json::json_pointer(member)) = value;
+    EXPECT_THROW(olt_host::ParseNetworkSummary(damaged), std::runtime_error) << member;
+  }
+}
+
+TEST(NetworkSummaries, AreNotReadFromListsLongerThanTheirCounts) {
+  Random random = Seeded(4);
+  NetworkSummary summary;
+  for (int i = 0; i < 300; ++i) summary.Merge(RandomOne(random));
+  for (const char* count : {"/counts/not_as_expected", "/refused_lines/count"}) {
+    Json damaged = ToJson(summary);
+    damaged.at(Json::json_pointer(count)) = 1;
+    EXPECT_THROW(olt_host::ParseNetworkSummary(damaged), std::runtime_error) << count;
+  }
+}
+
 TEST(NetworkSummaries, CountEachOltByItself) {
   NetworkSummary summary;
   ConfirmationResult known;
@@ -140,8 +177,7 @@ TEST(NetworkSummaries, FitAScreenOf80Columns) {
   wrong.expect->real_type = 7;
   for (int i = 0; i < 500; ++i) summary.Count(longest, wrong, std::nullopt);
   const std::string text = olt_host::NetworkSummaryText(summary);
-  EXPECT_NE(text.find("     500      500      500\n          " + longest + "\n"),
-            std::string::npos)
+  EXPECT_NE(text.find("     500      500      500\n          " + longest + "\n"), std::string::npos)
       << text;
   std::istringstream lines(text);
   std::string line;
