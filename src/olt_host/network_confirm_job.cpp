@@ -9,6 +9,7 @@
 #include "network/block_run.h"
 #include "network/network_confirmation.h"
 #include "network_output.h"
+#include "network_run.h"
 #include "startup.h"
 
 namespace olt_host {
@@ -43,26 +44,6 @@ class ConfirmedBlocks : public BlockTaker {
   std::uint64_t _before = 0;
 };
 
-DocumentHead HeadOf(const CommandLine& command_line) {
-  const LoadedCatalogue& loaded = Host().catalogue;
-  return {"confirm",
-          Json::array({{{"name", loaded.catalogue.name},
-                        {"version", loaded.catalogue.version},
-                        {"sha256", loaded.sha256}}}),
-          ShardSet::Of(command_line.network.shard)};
-}
-
-BlockRun RunOf(const CommandLine& command_line, const DocumentHead& head) {
-  const NetworkOptions& network = command_line.network;
-  BlockRun run;
-  run.input = command_line.reports;
-  run.workers = network.workers == 0 ? AllCores() : network.workers;
-  run.checkpoint = network.checkpoint;
-  run.depends_on = {
-      {"job", head.kind}, {"catalogue", head.catalogues}, {"shard", ToText(network.shard)}};
-  return run;
-}
-
 // Not in the summary, which is the same for the same network.
 void SayTimeSpent(std::uint64_t onus, std::chrono::duration<double> duration) {
   std::ostringstream text;
@@ -76,8 +57,7 @@ void SayTimeSpent(std::uint64_t onus, std::chrono::duration<double> duration) {
 }
 
 NetworkSummary Confirm(const CommandLine& command_line, const BlockRun& run, bool with_rows) {
-  NetworkConfirmation confirmation(Host().catalogue.catalogue,
-                                   run.input == "-" ? "standard input" : run.input,
+  NetworkConfirmation confirmation(Host().catalogue.catalogue, InputName(run.input),
                                    command_line.network.shard, with_rows);
   ConfirmedBlocks blocks(confirmation.NoWins());
   const auto start = std::chrono::steady_clock::now();
@@ -101,9 +81,11 @@ int RunNetworkConfirmJob(const CommandLine& command_line) {
   CommandLine without_reports = command_line;
   without_reports.reports.clear();
   const auto library = StartHost(without_reports);
-  const DocumentHead head = HeadOf(command_line);
+  const DocumentHead head = {"confirm", Json::array({CatalogueJson(Host().catalogue)}),
+                             ShardSet::Of(command_line.network.shard)};
   if (with_rows) std::cout << NetworkCsvHeader();
-  const NetworkSummary summary = Confirm(command_line, RunOf(command_line, head), with_rows);
+  const BlockRun run = RunOf(command_line.network, head, command_line.reports);
+  const NetworkSummary summary = Confirm(command_line, run, with_rows);
   if (!with_rows) {
     return PrintNetworkSummary(head, summary, command_line.format == OutputFormat::kJson);
   }

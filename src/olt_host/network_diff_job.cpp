@@ -5,6 +5,7 @@
 #include "network/block_run.h"
 #include "network/network_comparison.h"
 #include "network_diff_output.h"
+#include "network_run.h"
 #include "platform/log_sink.h"
 #include "startup.h"
 
@@ -34,27 +35,11 @@ LoadedCatalogue ReadCatalogue(const std::string& path) {
   return ReadCatalogueFiles(request);
 }
 
-Json CatalogueJson(const LoadedCatalogue& loaded) {
-  return {{"name", loaded.catalogue.name},
-          {"version", loaded.catalogue.version},
-          {"sha256", loaded.sha256}};
-}
-
-BlockRun RunOf(const NetworkOptions& options, const DocumentHead& head, const std::string& file) {
-  BlockRun run;
-  run.input = file;
-  run.workers = options.workers == 0 ? AllCores() : options.workers;
-  run.checkpoint = options.checkpoint;
-  run.depends_on = {
-      {"job", head.kind}, {"catalogues", head.catalogues}, {"shard", ToText(options.shard)}};
-  return run;
-}
-
 NetworkDifference Compare(const CommandLine& command_line, const DocumentHead& head,
                           NetworkComparison& comparison) {
   ComparedBlocks blocks;
   for (const std::string& file : command_line.diff.reports) {
-    const std::string name = file == "-" ? "standard input" : file;
+    const std::string name = InputName(file);
     const auto work = [&comparison, &name](const std::string& task) {
       return ToRecord(comparison.Compare(task, name))
           .dump(-1, ' ', false, Json::error_handler_t::replace);

@@ -29,7 +29,7 @@ Json Identity(const BlockRun& run) {
   if (run.checkpoint.empty()) return {};
   if (run.input == "-" || !std::filesystem::is_regular_file(run.input)) {
     throw std::runtime_error("--checkpoint needs a file of reports to go on in; " +
-                             (run.input == "-" ? "standard input" : run.input) + " is none");
+                             InputName(run.input) + " is none");
   }
   Json identity = run.depends_on;
   identity["input"] = run.input;

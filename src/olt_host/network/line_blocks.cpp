@@ -22,6 +22,10 @@ FileDescriptor Open(const std::string& path) {
 
 }  // namespace
 
+std::string InputName(const std::string& path) {
+  return IsStandardInput(path) ? "standard input" : path;
+}
+
 std::string_view TakeLine(std::string_view& text) {
   const std::size_t end = text.find('\n');
   const std::string_view line = text.substr(0, end);
@@ -33,8 +37,7 @@ bool IsBlank(std::string_view line) {
   return line.find_first_not_of(" \t\r") == std::string_view::npos;
 }
 
-LineBlocks::LineBlocks(const std::string& path)
-    : _name(IsStandardInput(path) ? "standard input" : path), _file(Open(path)) {
+LineBlocks::LineBlocks(const std::string& path) : _name(InputName(path)), _file(Open(path)) {
   struct stat status {};
   if (!_file.is_open() || fstat(_file.get(), &status) != 0) FailWith(std::strerror(errno));
   if (S_ISDIR(status.st_mode)) FailWith(std::strerror(EISDIR));

@@ -21,6 +21,9 @@ struct LineBlock {
   std::string text;              // whole lines; the last of the input may lack its line break
 };
 
+// What messages call an input: its path, or "standard input" for "-".
+std::string InputName(const std::string& path);
+
 // The next line without its line break, taken off the front of `text`.
 std::string_view TakeLine(std::string_view& text);
 // Blanks alone, or nothing.

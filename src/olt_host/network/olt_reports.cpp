@@ -21,7 +21,7 @@ bool Same(const IdentifySettings& one, const IdentifySettings& other) {
 class OltReader {
  public:
   OltReader(const std::string& input, const std::string& olt, const Catalogue& catalogue)
-      : _file(input == "-" ? "standard input" : input), _olt(olt), _reader(catalogue) {
+      : _file(InputName(input)), _olt(olt), _reader(catalogue) {
     _reports.name = olt;
     // JSON has such a name as it is, or with \u; other characters have more ways.
     _is_plain = olt.find_first_not_of(
