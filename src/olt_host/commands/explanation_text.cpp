@@ -262,7 +262,7 @@ void WriteLost(struct vty& terminal, const Explanation& explanation, bool all) {
   if (lost.empty()) return;
   WriteHeading(terminal, std::string("Tried and lost, ") +
                              (all ? "newest first" : "nearest first") +
-                             ", each with the first ability that decided against it");
+                             "; below each what first decided against it");
   WriteVerdicts(terminal, explanation, lost, all);
 }
 

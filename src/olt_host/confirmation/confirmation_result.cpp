@@ -30,7 +30,7 @@ std::string DescribeFailure(const ConfirmationResult& result) {
     add("real type", RealTypeText(expect.real_type));
   }
   if (expect.how && *expect.how != result.how) {
-    add("recognition by", ToText(*expect.how));
+    add(failure.empty() ? "recognition by" : "by", ToText(*expect.how));
   }
   if (expect.report_type && *expect.report_type != result.report_type) {
     add("report type",

@@ -8,8 +8,7 @@ namespace olt_host {
 
 namespace {
 
-// Column widths; with the gaps of WriteRow a line has as many characters at most.
-constexpr std::size_t kLineWidth = 79;
+// Column widths; with the gaps of WriteRow a line has 79 characters at most.
 constexpr std::size_t kOnuWidth = 9;
 constexpr std::size_t kVendorWidth = 6;
 constexpr std::size_t kReportedWidth = 10;
@@ -47,19 +46,6 @@ void WriteRow(std::ostream& out, const Row& row) {
       << Left(row.how, kHowWidth) << ' ' << row.ok << "\n";
 }
 
-// Below its row: on one line where that fits, else an expectation a line.
-void WriteFailure(std::ostream& out, std::string failure) {
-  const std::string indent(kOnuWidth + 1, ' ');
-  if (indent.size() + failure.size() > kLineWidth) {
-    const std::string separator = ", ";
-    for (std::size_t at = failure.find(separator); at != std::string::npos;
-         at = failure.find(separator, at + 1)) {
-      failure.replace(at, separator.size(), ",\n" + indent);
-    }
-  }
-  out << indent << failure << "\n";
-}
-
 }  // namespace
 
 void TableWriter::Begin(const ConfirmationRun& /*run*/) {
@@ -81,7 +67,7 @@ void TableWriter::Write(const ConfirmationResult& result) {
   row.ok = !result.expect ? "-" : result.Ok() ? "yes" : "NO";
   WriteRow(_out, row);
   if (!result.Ok()) {
-    WriteFailure(_out, DescribeFailure(result));
+    _out << std::string(kOnuWidth + 1, ' ') << DescribeFailure(result) << "\n";
   }
 }
 

@@ -82,8 +82,7 @@ TEST_F(ExplainCommands, TellsWhatDecidedAgainstEveryLoser) {
   const std::string text = session_.Type("explain onu 1 2");
   const std::size_t lost = text.find("Tried and lost");
   EXPECT_EQ(text.substr(lost, text.find("The type to report") - lost),
-            "Tried and lost, nearest first, each with the first ability that decided\r\n"
-            "against it\r\n"
+            "Tried and lost, nearest first; below each what first decided against it\r\n"
             "  Turn  Profile                         Agree  Wildcard  Absent  Against\r\n"
             "     1  1003 SFU-4FE                        0         0       1        2\r\n"
             "        FE_PORTS (24): the ONU has 0, the profile 4\r\n"

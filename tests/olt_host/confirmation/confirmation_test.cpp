@@ -164,7 +164,7 @@ TEST_F(Confirmation, ExpectationsThatDoNotHold) {
   EXPECT_EQ(failure("{real_type: 1001, how: abilities}"), "expected recognition by abilities");
   EXPECT_EQ(failure("{real_type: 1001, report_type: 5}"), "expected report type 5 (is 1001)");
   EXPECT_EQ(failure("{real_type: 3, how: abilities, report_type: 5}"),
-            "expected real type 3, recognition by abilities, report type 5 (is 1001)");
+            "expected real type 3, by abilities, report type 5 (is 1001)");
 }
 
 TEST_F(Confirmation, SummaryCountsEveryKind) {

@@ -87,7 +87,7 @@ TEST(VtyWrapping, LinesAboveTakeNoColumns) {
     EXPECT_EQ("\r\n" + heading + "\r\n", Wrap("\r\n", heading, 0));
     EXPECT_EQ("above\r\n\r\n" + heading + "\r\n", Wrap("above\r\n\r\n", heading, 0));
   }
-  EXPECT_EQ("above\r\nHead: 12\r\n  34\r\n", Wrap("above\r\nHead: ", "12 34", 2, 10));
+  EXPECT_EQ("above\r\nHead: 12\r\n", Wrap("above\r\nHead: ", "12", 2, 10));
 }
 
 }  // namespace
