@@ -1,6 +1,10 @@
 #!/bin/sh
 # Builds everything for 32-bit ARM, as the boards have it, warnings as errors, and runs the
-# whole suite and the host's main job under an emulator.
+# whole suite and the host's main job under an emulator:
+#
+#   scripts/check_board.sh          everything
+#   scripts/check_board.sh --part   the library with its own tests, those of its faults and of
+#                                   the exchange, and the main job: half of the time
 #
 # Left out are the tests of the documents and of the reference (tests/documents,
 # tests/reference): they hold texts against the build of the machine that one works on.
@@ -18,7 +22,17 @@ scripts/unpack_board_packages.sh $build/packages
 scripts/configure.sh $build --toolchain cmake/toolchains/arm-linux-gnueabihf.cmake \
   -DBOARD_PACKAGES="$PWD/$build/packages" -DCMAKE_BUILD_TYPE=Release \
   -DCMAKE_CXX_FLAGS_RELEASE=-O1
-cmake --build $build
+only=""
+case "${1:-}" in
+  "") cmake --build $build ;;
+  --part)
+    programs="onu_ability_common_test exchange_test faults_test"
+    # shellcheck disable=SC2086  # a list of names
+    cmake --build $build --target olt_host write_exchanged_files $programs
+    only="--only $(echo "$programs" | tr ' ' ,)"
+    ;;
+  *) echo "usage: $0 [--part]" >&2; exit 2 ;;
+esac
 
 host=$build/src/olt_host/olt_host
 # shellcheck disable=SC2086  # a command and its arguments
@@ -26,7 +40,7 @@ $emulator $host confirm data/catalogue.yaml data/reports.yaml --csv >$build/conf
 diff tests/olt_host/fixtures/shipped_confirmation.csv $build/confirmed.csv
 onus=$(($(wc -l <$build/confirmed.csv) - 1))
 # shellcheck disable=SC2086
-scripts/run_test_programs.py $build $emulator >$build/tests.txt || { cat $build/tests.txt; exit 1; }
+scripts/run_test_programs.py $only $build $emulator >$build/tests.txt || { cat $build/tests.txt; exit 1; }
 cat $build/tests.txt
 echo "board: on 32-bit ARM $onus ONUs were confirmed as they are kept and" \
-  "$(tail -n 1 $build/tests.txt)"
+  "$(tail -n 1 $build/tests.txt)${only:+; NOT RUN: all other programs}"
