@@ -4,9 +4,9 @@
 
 #include "catalogue/whole_file.h"
 #include "commands/host_context.h"
+#include "commands/text_table.h"
 #include "recognition/capture.h"
 #include "vty/place.h"
-#include "vty/wrapping.h"
 
 namespace olt_host {
 
@@ -19,8 +19,7 @@ std::string CatalogueText() {
 }
 
 void WriteText(struct vty& terminal, const std::string& text) {
-  const std::string lines = Wrap("", Printable(text), 2);
-  terminal.Write(lines.data(), lines.size());
+  WriteWrapped(terminal, "", text, 2);
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 // The commands about the catalogue: what is loaded, and loading it again.
 #include <cctype>
-#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -16,7 +15,6 @@
 #include "state/state_file.h"
 #include "vty/json_output.h"
 #include "vty/terminal.h"
-#include "vty/wrapping.h"
 
 namespace olt_host {
 
@@ -24,49 +22,27 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr std::size_t kColumns = 79;
 constexpr std::size_t kListed = 20;     // changes or refusals; the rest is counted
 constexpr std::size_t kShortHash = 12;  // digits of a hash in the table of files
 
-// The text broken at blanks, all lines indented, the further ones more.
-std::string Wrapped(const std::string& text) {
-  std::istringstream words(text);
-  std::string result;
-  std::string line = " ";
-  for (std::string word; words >> word;) {
-    if (line.size() + 1 + word.size() > kColumns && line.find_first_not_of(' ') != line.npos) {
-      result += line + "\n";
-      line = "   ";
-    }
-    line += " " + word;
-    while (line.size() > kColumns) {
-      result += line.substr(0, kColumns) + "\n";
-      line = "    " + line.substr(kColumns);
-    }
-  }
-  return result + line + "\n";
-}
+void WriteIndented(struct vty& vty, const std::string& text) { WriteWrapped(vty, "  ", text, 4); }
 
-// The first of the items, made lines by `lines_of`, and how many more there are.
-template <typename Item, typename LinesOf>
-void WriteSome(struct vty& vty, const std::vector<Item>& items, LinesOf lines_of) {
-  std::string text;
+// The first of the items, by `write`, and how many more there are.
+template <typename Item, typename Write>
+void WriteSome(struct vty& vty, const std::vector<Item>& items, Write write) {
   for (std::size_t i = 0; i < items.size() && i < kListed; ++i) {
-    text += lines_of(items[i]);
+    write(vty, items[i]);
   }
   if (items.size() > kListed) {
-    text += "  ... and " + std::to_string(items.size() - kListed) + " more\n";
+    WriteLines(vty, "  ... and " + std::to_string(items.size() - kListed) + " more\n");
   }
-  WriteLines(vty, text);
 }
 
 void WriteChanges(struct vty& vty, const CatalogueDifference& difference) {
-  WriteSome(vty, difference, [](const CatalogueChange& change) {
-    std::string text;
+  WriteSome(vty, difference, [](struct vty& terminal, const CatalogueChange& change) {
     for (const std::string& line : ChangeLines(change)) {
-      text += line + "\n";
+      WriteLines(terminal, line + "\n");
     }
-    return text;
   });
 }
 
@@ -80,7 +56,7 @@ void WriteRefused(struct vty& vty, const LoadedCatalogue& loaded) {
     return;
   }
   WriteLines(vty, "\n" + RefusedTitle(loaded) + "\n");
-  WriteSome(vty, loaded.refused, Wrapped);
+  WriteSome(vty, loaded.refused, WriteIndented);
 }
 
 // What of the loaded catalogue is no longer so in the library.
@@ -127,7 +103,9 @@ void WriteCatalogue(struct vty& vty, const LoadedCatalogue& loaded,
     WriteLines(vty, "\nNothing of it is changed in memory\n");
     return;
   }
-  WriteLines(vty, "\nChanged in memory\n" + Wrapped(CountsText(changed)) + "\n");
+  WriteLines(vty, "\nChanged in memory\n");
+  WriteIndented(vty, CountsText(changed));
+  vty_out(&vty, "\r\n");
   WriteChanges(vty, changed);
 }
 
@@ -202,8 +180,7 @@ void WriteFindings(struct vty& terminal) {
   if (findings.empty()) return;
   const std::string where = OperatorsMadeProfiles() ? "The catalogue and what operators made have "
                                                     : "The catalogue has ";
-  const std::string lines = Wrap("\r\n", where + findings + "; \"lint catalogue\" shows more", 2);
-  terminal.Write(lines.data(), lines.size());
+  WriteWrapped(terminal, "\r\n", where + findings + "; \"lint catalogue\" shows more", 2);
 }
 
 int Reload(cmd_element* /*element*/, struct vty* vty, int /*argc*/, char** /*argv*/) {
@@ -218,14 +195,16 @@ int Reload(cmd_element* /*element*/, struct vty* vty, int /*argc*/, char** /*arg
   if (result.difference.empty()) {
     WriteLines(*vty, "Nothing changed\n");
   } else {
-    WriteLines(*vty, "Reloaded\n" + Wrapped(CountsText(result.difference)) + "\n");
+    WriteLines(*vty, "Reloaded\n");
+    WriteIndented(*vty, CountsText(result.difference));
+    vty_out(vty, "\r\n");
     WriteChanges(*vty, result.difference);
   }
   if (!result.remarks.empty()) {
     vty_out(vty, "\r\n");
-    WriteSome(*vty, result.remarks, [](std::string remark) {
+    WriteSome(*vty, result.remarks, [](struct vty& terminal, std::string remark) {
       remark.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(remark.front())));
-      return Wrapped(remark);
+      WriteIndented(terminal, remark);
     });
   }
   WriteRefused(*vty, Host().catalogue);

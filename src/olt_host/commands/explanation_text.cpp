@@ -9,7 +9,6 @@
 #include "commands/host_context.h"
 #include "commands/text_table.h"
 #include "vty/place.h"
-#include "vty/wrapping.h"
 
 namespace olt_host {
 
@@ -19,12 +18,6 @@ constexpr std::size_t kMostShown = 10;
 
 using Pairs = std::vector<std::pair<std::string, std::string>>;
 using Indices = std::vector<std::size_t>;
-
-void WriteWrapped(struct vty& terminal, const std::string& head, const std::string& text,
-                  std::size_t indent) {
-  const std::string lines = Wrap(head, Printable(text), indent);
-  terminal.Write(lines.data(), lines.size());
-}
 
 void WriteHeading(struct vty& terminal, const std::string& text) {
   WriteWrapped(terminal, "\r\n", text, 0);

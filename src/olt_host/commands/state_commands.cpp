@@ -13,7 +13,6 @@
 #include "state/state_file.h"
 #include "vty/json_output.h"
 #include "vty/terminal.h"
-#include "vty/wrapping.h"
 
 namespace olt_host {
 
@@ -32,8 +31,7 @@ std::string ProfilesText(const LibraryState& state) {
 }
 
 void WriteText(struct vty& terminal, const std::string& text) {
-  const std::string lines = Wrap("", text, 2);
-  terminal.Write(lines.data(), lines.size());
+  WriteWrapped(terminal, "", text, 2);
 }
 
 // Profiles of the catalogue are loaded from its files at every start, as the files have

@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "vty/place.h"
+#include "vty/wrapping.h"
 
 namespace olt_host {
 
@@ -105,6 +106,12 @@ void WritePairs(struct vty& terminal,
       before = std::string(begin, ' ');
     } while (!rest.empty());
   }
+}
+
+void WriteWrapped(struct vty& terminal, const std::string& head, const std::string& text,
+                  std::size_t indent) {
+  const std::string lines = Wrap(head, Printable(text), indent);
+  terminal.Write(lines.data(), lines.size());
 }
 
 void WriteLines(struct vty& terminal, const std::string& text) {

@@ -4,6 +4,7 @@
 #ifndef OLT_HOST_COMMANDS_TEXT_TABLE_H
 #define OLT_HOST_COMMANDS_TEXT_TABLE_H
 
+#include <cstddef>
 #include <string>
 #include <utility>
 #include <vector>
@@ -39,6 +40,11 @@ class TextTable {
 // not fit goes on in the next line under its beginning.
 void WritePairs(struct vty& terminal,
                 const std::vector<std::pair<std::string, std::string>>& pairs);
+
+// `head` and `text` behind it in lines that fit 80 columns; every line but the first begins
+// with `indent` blanks.
+void WriteWrapped(struct vty& terminal, const std::string& head, const std::string& text,
+                  std::size_t indent);
 
 // The text, whose lines end in "\n".
 void WriteLines(struct vty& terminal, const std::string& text);

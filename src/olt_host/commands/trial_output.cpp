@@ -8,7 +8,6 @@
 #include "commands/time_text.h"
 #include "recognition/difference_text.h"
 #include "vty/json_output.h"
-#include "vty/wrapping.h"
 
 namespace olt_host {
 
@@ -17,8 +16,7 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 void WriteText(struct vty& terminal, const std::string& text) {
-  const std::string lines = Wrap("", text, 0);
-  terminal.Write(lines.data(), lines.size());
+  WriteWrapped(terminal, "", text, 0);
 }
 
 DifferenceView ViewOf(const TriedChange& tried) {

@@ -10,8 +10,6 @@
 #include "recognition/proposed_entry.h"
 #include "recognition/undisturbed_library.h"
 #include "recognition/unknown_onus.h"
-#include "vty/place.h"
-#include "vty/wrapping.h"
 
 namespace olt_host {
 
@@ -39,12 +37,6 @@ Inbox ReadInbox() {
 std::string FileForEntries() {
   const std::vector<CatalogueFile>& files = Host().catalogue.files;
   return files.empty() ? "" : files.back().file;
-}
-
-void WriteWrapped(struct vty& terminal, const std::string& head, const std::string& text,
-                  std::size_t indent) {
-  const std::string lines = Wrap(head, Printable(text), indent);
-  terminal.Write(lines.data(), lines.size());
 }
 
 std::string OnuText(const OnuReport& report) {

@@ -301,6 +301,16 @@ TEST_F(CatalogueCommands, ReloadFollowsTheTablesKeyCodeWhateverOperatorsSet) {
   EXPECT_EQ(OnuAbilityCodeInfo::GetInstance()->GetKeyAbilityCode(), 1081);
 }
 
+TEST_F(CatalogueCommands, LongRefusalsAreBrokenBetweenCharacters) {
+  std::string name;
+  for (int i = 0; i < 100; ++i) name += "\xc3\xb6";
+  olt_host::Host().catalogue.refused = {"c.yaml:1: the profile x" + name + " is no good"};
+  const std::string text = _session.Type("show catalogue");
+  ExpectFitsScreen(text);
+  EXPECT_EQ(text.find("\n    \xb6"), std::string::npos) << text;
+  EXPECT_NE(text.find("\n    \xc3\xb6"), std::string::npos) << text;
+}
+
 TEST_F(CatalogueCommands, KeepingGoingABadEntryIsToldAndABrokenFileStillRefused) {
   olt_host::Host().catalogue_request.keep_going = true;
   Change("      GE_PORTS: 4\n", "      GE_PORTS: four\n");
