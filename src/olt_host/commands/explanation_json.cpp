@@ -2,6 +2,7 @@
 #include "commands/explanation_output.h"
 #include "commands/explanation_words.h"
 #include "commands/time_text.h"
+#include "recognition/ability_reading.h"
 
 namespace olt_host {
 
@@ -36,7 +37,7 @@ Json ValueJson(const std::optional<Value>& value) {
 }
 
 Json NameJson(std::uint16_t code) {
-  const std::string name = AbilityName(code);
+  const std::string name = CodeName(code);
   return name.empty() ? Json(nullptr) : Json(name);
 }
 

@@ -1,16 +1,12 @@
 #include "commands/explanation_words.h"
 
 #include "commands/time_text.h"
+#include "recognition/ability_reading.h"
 
 namespace olt_host {
 
-std::string AbilityName(std::uint16_t code) {
-  OnuAbilityCodeInfo* codes = OnuAbilityCodeInfo::GetInstance();
-  return codes->IsExist(code) == 0 ? "" : codes->Get(code);
-}
-
 std::string AbilityText(std::uint16_t code) {
-  const std::string name = AbilityName(code);
+  const std::string name = CodeName(code);
   return name.empty() ? "code " + std::to_string(code) : name + " (" + std::to_string(code) + ")";
 }
 

@@ -12,8 +12,6 @@ namespace olt_host {
 
 // "GE_PORTS (47)", or "code 47" while it has no name.
 std::string AbilityText(std::uint16_t code);
-// The name alone; empty while it has none.
-std::string AbilityName(std::uint16_t code);
 
 // A number, a text in quotes, "anything", or "unset".
 std::string ValueText(const ONU_ABILITY_COMMON_ABILITY_VALUE& value);

@@ -1,9 +1,10 @@
 // One ONU in full.
+#include "commands/explanation_words.h"
 #include "commands/host_context.h"
 #include "commands/onu_listing.h"
 #include "commands/text_table.h"
 #include "commands/time_text.h"
-#include "onu_ability_common_table.h"
+#include "recognition/ability_reading.h"
 
 namespace olt_host {
 
@@ -24,13 +25,6 @@ std::string CapabilityText(std::uint8_t capability) {
                               : capability == kUnknownPrivateCapability ? " (unknown)"
                                                                         : "";
   return std::to_string(capability) + meaning;
-}
-
-// "NAME (code)", or the code alone while it has no name.
-std::string CodeText(std::uint16_t code) {
-  OnuAbilityCodeInfo* codes = OnuAbilityCodeInfo::GetInstance();
-  return codes->IsExist(code) == 0 ? "code " + std::to_string(code)
-                                   : codes->Get(code) + " (" + std::to_string(code) + ")";
 }
 
 std::string ExpectationText(const Expectation& expect) {
@@ -61,7 +55,7 @@ Pairs ReportPairs(const OnuReport& report) {
     pairs.emplace_back("Abilities", "none told");
   }
   for (const auto& [code, value] : report.abilities) {
-    pairs.emplace_back(CodeText(code), std::to_string(value));
+    pairs.emplace_back(AbilityText(code), std::to_string(value));
   }
   const IdentifySettings& settings = Host().population->Settings(report.place);
   pairs.emplace_back("Identify settings", "SFU mode " + std::to_string(settings.sfu_mode) +
@@ -123,8 +117,9 @@ Json ValueOrNull(const std::optional<Value>& value) {
 Json ReportJson(const OnuReport& report) {
   Json abilities = Json::array();
   for (const auto& [code, value] : report.abilities) {
+    const std::string name = CodeName(code);
     abilities.push_back(
-        {{"code", code}, {"name", OnuAbilityCodeInfo::GetInstance()->Get(code)}, {"value", value}});
+        {{"code", code}, {"name", name.empty() ? Json() : Json(name)}, {"value", value}});
   }
   const IdentifySettings& settings = Host().population->Settings(report.place);
   return {{"read_abilities", report.read_abilities},

@@ -6,6 +6,7 @@
 #include "commands/host_context.h"
 #include "commands/onu_argument.h"
 #include "commands/text_table.h"
+#include "recognition/ability_reading.h"
 #include "recognition/near_profiles.h"
 #include "recognition/proposed_entry.h"
 #include "recognition/undisturbed_library.h"
@@ -166,7 +167,7 @@ Json NearJson(const NearProfile& near) {
   Json against = Json::array();
   for (const AbilityComparison& comparison : near.against) {
     against.push_back({{"code", comparison.code},
-                       {"name", AbilityName(comparison.code)},
+                       {"name", CodeName(comparison.code)},
                        {"reported", ValueJson(comparison.reported)},
                        {"profile", comparison.held ? ValueJson(*comparison.held) : Json()}});
   }

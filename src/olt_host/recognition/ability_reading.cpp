@@ -21,4 +21,15 @@ std::string TextUnder(const OnuAbilityProfile& profile, std::uint16_t code) {
   return is_text ? held->ability_string_value : "";
 }
 
+std::string CodeName(std::uint16_t code) {
+  OnuAbilityCodeInfo* codes = OnuAbilityCodeInfo::GetInstance();
+  // Asked for another one, the registry answers a stand-in and logs a line.
+  return codes->IsExist(code) == 0 ? "" : codes->Get(code);
+}
+
+std::string CodeNameOrNumber(std::uint16_t code) {
+  const std::string name = CodeName(code);
+  return name.empty() ? "code " + std::to_string(code) : name;
+}
+
 }  // namespace olt_host

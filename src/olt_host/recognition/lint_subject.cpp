@@ -55,11 +55,6 @@ LintSubject::LintSubject(const Catalogue& catalogue)
   }
 }
 
-std::string LintSubject::CodeName(std::uint16_t code) const {
-  OnuAbilityCodeInfo* codes = OnuAbilityCodeInfo::GetInstance();
-  return codes->IsExist(code) == 0 ? "code " + std::to_string(code) : codes->Get(code);
-}
-
 Finding FindingAbout(const LintProfile& profile, FindingKind kind, Severity severity) {
   Finding finding;
   finding.kind = kind;

@@ -28,9 +28,6 @@ class LintSubject {
   const LintProfile& MatchProfile(std::size_t position) const { return _match_profiles[position]; }
   const LintProfile& RealProfile(std::size_t position) const { return _real_profiles[position]; }
 
-  // "GE_PORTS", or "code 24" for a code without a name.
-  std::string CodeName(std::uint16_t code) const;
-
  private:
   const Catalogue& _catalogue;
   std::vector<OnuAbilityProfile> _match;

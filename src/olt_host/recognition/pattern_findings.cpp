@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 
+#include "recognition/ability_reading.h"
 #include "recognition/pattern_comparison.h"
 
 namespace olt_host {
@@ -142,7 +143,7 @@ void PatternFindings::AddUnheld(std::vector<Finding>& findings) const {
       // The key stands in every profile; whether it is compared is not the profile's choice.
       if (code == key_code || !IsCompared(code) || IsWildcard(value)) continue;
       const Channel channel = _space.Of(code);
-      const std::string name = _subject.CodeName(code);
+      const std::string name = CodeNameOrNumber(code);
       if (channel == Channel::kNothing) {
         Finding finding =
             FindingAbout(_subject.MatchProfile(i), FindingKind::kNeverTold, Severity::kNote);

@@ -1,6 +1,7 @@
 #include "recognition/pattern_standing.h"
 
 #include "catalogue/input_error.h"
+#include "recognition/ability_reading.h"
 #include "recognition/pattern_comparison.h"
 
 namespace olt_host {
@@ -24,7 +25,7 @@ PatternStanding StandingOf(const OnuAbilityProfile& pattern, const OnuAbilityPro
     const unsigned int tag = comparison.held->ability_value_type;
     standing.kind = PatternStanding::kStopped;
     standing.code = comparison.code;
-    standing.ability = OnuAbilityCodeInfo::GetInstance()->Get(comparison.code);
+    standing.ability = CodeNameOrNumber(comparison.code);
     standing.reported =
         tag == ONU_ABILITY_VALUE_TYPE_NONE ? "a value" : ValueText(comparison.reported, tag);
     standing.held = ValueText(*comparison.held, tag);

@@ -15,7 +15,7 @@ struct PatternStanding {
   enum Kind { kAbsent, kFits, kStopped } kind = kAbsent;
   // Of kStopped: the first ability that decided against it, its number or text.
   std::uint16_t code = 0;
-  std::string ability;  // the code's name
+  std::string ability;  // the code's name, or "code 24" without one
   std::string reported;
   std::string held;
 };

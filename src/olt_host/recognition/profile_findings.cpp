@@ -3,6 +3,8 @@
 #include <map>
 #include <set>
 
+#include "recognition/ability_reading.h"
+
 namespace olt_host {
 
 namespace {
@@ -114,7 +116,7 @@ void AddLongTexts(const LintSubject& subject, std::vector<Finding>& findings) {
         Finding finding = FindingAbout(real ? subject.RealProfile(i) : subject.MatchProfile(i),
                                        FindingKind::kLongText, Severity::kWarning);
         finding.reason =
-            subject.CodeName(code) + " " + Quoted(text) + " has " + Counted(text.size(), "byte") +
+            CodeNameOrNumber(code) + " " + Quoted(text) + " has " + Counted(text.size(), "byte") +
             ", but the commands and the buffers of the hooks take " + std::to_string(limit) + ".";
         finding.remedy = "Shorten it to " + Counted(limit, "byte") + ".";
         findings.push_back(finding);
@@ -131,7 +133,7 @@ void AddDroppedValues(const LintSubject& subject, std::vector<Finding>& findings
       finding.kind = FindingKind::kDroppedValue;
       finding.subject = "real profile " + std::to_string(entry.key);
       finding.position = ability.position;
-      finding.reason = "It states 0 for " + subject.CodeName(ability.code) +
+      finding.reason = "It states 0 for " + CodeNameOrNumber(ability.code) +
                        ", which is not stored: in a real profile 0 and no entry are the same.";
       finding.remedy = "None is needed; leave the entry out if it is to mean more.";
       findings.push_back(finding);

@@ -1,18 +1,9 @@
 #include "recognition/report_line.h"
 
 #include "catalogue/input_error.h"
-#include "onu_ability_common_table.h"
+#include "recognition/ability_reading.h"
 
 namespace olt_host {
-
-namespace {
-
-std::string CodeName(std::uint16_t code) {
-  OnuAbilityCodeInfo* codes = OnuAbilityCodeInfo::GetInstance();
-  return codes->IsExist(code) == 0 ? std::to_string(code) : codes->Get(code);
-}
-
-}  // namespace
 
 nlohmann::ordered_json ReportJson(const OnuReport& report) {
   nlohmann::ordered_json json = {{"place", report.place}, {"onu", report.onu}};
@@ -45,7 +36,9 @@ std::string ReportLine(const OnuReport& report) {
   if (report.device_name) line += ", device_name: " + Quoted(*report.device_name);
   std::string abilities;
   for (const auto& [code, number] : report.abilities) {
-    abilities += (abilities.empty() ? "" : ", ") + CodeName(code) + ": " + std::to_string(number);
+    const std::string name = CodeName(code);
+    abilities += (abilities.empty() ? "" : ", ") + (name.empty() ? std::to_string(code) : name) +
+                 ": " + std::to_string(number);
   }
   return line + (abilities.empty() ? "" : ", abilities: {" + abilities + "}") + "}";
 }

@@ -179,6 +179,21 @@ TEST_F(OnuCommands, DetailsAsJson) {
   EXPECT_EQ(onu["report"]["line"], 15);
 }
 
+TEST_F(OnuCommands, DetailsOfACodeThatIsNotRegisteredHaveItsNumberAndNoName) {
+  olt_host::Reports reports;
+  olt_host::OnuReport report;
+  report.onu = 1;
+  report.abilities = {{999, 7}};
+  reports.onus = {report};
+  olt_host::Host().population = std::make_shared<const olt_host::Population>(reports);
+  testing::internal::CaptureStderr();
+  const auto onu = session_.TypeJson("show onu 0 1 json");
+  const std::string text = session_.Type("show onu 0 1");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  EXPECT_EQ(onu["report"]["abilities"].dump(), R"([{"code":999,"name":null,"value":7}])");
+  EXPECT_NE(text.find("  code 999            7\r\n"), std::string::npos) << text;
+}
+
 TEST_F(OnuCommands, UnrecognisedOnusOnly) {
   ConfirmAll();
   const auto onus = session_.TypeJson("show onu unrecognised json")["onus"];

@@ -14,6 +14,7 @@
 #include "large_network.h"
 #include "platform/log_sink.h"
 #include "random_network.h"
+#include "recognition/ability_value.h"
 #include "recognition/pattern_comparison.h"
 
 namespace olt_host_test {
@@ -188,6 +189,19 @@ TEST_F(PopulationDifferenceTest, StandingsAreTheLibrarysVerdicts) {
     seen.insert(group.loser_after.kind);
   }
   EXPECT_EQ(seen.size(), 3U);
+}
+
+TEST_F(PopulationDifferenceTest, StandingNamesACodeThatIsNotRegisteredByItsNumber) {
+  OnuAbilityProfile pattern;
+  pattern.Init(ONU_ABILITY_PROFILE_TYPE_MATCH, ONU_ABILITY_PROFILE_SOURCE_EXTERNAL,
+               ONU_ABILITY_MATCH_TYPE_EXACT);
+  OnuAbilityProfile report(pattern);
+  pattern._common_ability[47] = olt_host::Number(4);
+  report._common_ability[47] = olt_host::Number(1);
+  OnuAbilityCodeInfo::GetInstance()->Restore({});
+  const PatternStanding standing = olt_host::StandingOf(pattern, report);
+  EXPECT_EQ(standing.kind, PatternStanding::kStopped);
+  EXPECT_EQ(standing.ability, "code 47");
 }
 
 TEST_F(PopulationDifferenceTest, OfALargeNetwork) {
