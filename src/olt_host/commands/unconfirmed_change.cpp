@@ -19,6 +19,7 @@ std::chrono::seconds UnconfirmedChange::Left(Time now) const {
 void UnconfirmedChange::Begin(const std::string& maker, Time deadline) {
   _before = std::make_shared<const LibraryState>(CaptureLibrary());
   _catalogue = Host().catalogue;
+  _register = OperatorRegister(Host().operator_register);
   _maker = maker;
   _deadline = deadline;
 }
@@ -36,6 +37,7 @@ void UnconfirmedChange::Confirm() { Forget("was confirmed"); }
 void UnconfirmedChange::GoBack() {
   InstallLibrary(*_before);
   Host().catalogue = _catalogue;
+  Host().operator_register = std::move(_register);
   Forget("was taken back");
 }
 
@@ -56,6 +58,7 @@ void UnconfirmedChange::Forget(const std::string& how) {
   _before.reset();
   _seen.reset();
   _catalogue = LoadedCatalogue();
+  _register = OperatorRegister();
 }
 
 void GoBackWhenDue() { Host().unconfirmed.GoBackIfDue(Host().clock()); }

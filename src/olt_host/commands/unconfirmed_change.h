@@ -12,6 +12,7 @@
 #include <string>
 
 #include "catalogue/catalogue_files.h"
+#include "commands/operator_register.h"
 #include "state/library_state.h"
 
 namespace olt_host {
@@ -27,7 +28,8 @@ class UnconfirmedChange {
   std::chrono::seconds Left(Time now) const;
   Time deadline() const { return _deadline; }
 
-  // Keeps the library and the catalogue as they are; the change is made next.
+  // Keeps the library and the catalogue as they are, and who changed what; the change is
+  // made next.
   // REQUIRES: none waits.
   void Begin(const std::string& maker, Time deadline);
   // Another time for the one that waits.
@@ -52,6 +54,7 @@ class UnconfirmedChange {
   std::shared_ptr<const LibraryState> _before;  // null while none waits
   std::shared_ptr<const LibraryState> _seen;    // null before NoticesChange
   LoadedCatalogue _catalogue;
+  OperatorRegister _register;
   std::string _maker;
   Time _deadline;
   std::string _end;

@@ -353,6 +353,26 @@ TEST_F(TryCommands, WhatOthersChangeMeanwhileGoesBackAsWell) {
   EXPECT_TRUE(olt_host::SameForOperators(CaptureLibrary(), before));
 }
 
+TEST_F(TryCommands, WhatGoesBackIsStillThatOfItsMaker) {
+  _session.terminal().settings().user = "anna";
+  _session.Type(
+      "add onu_ability_profile key 1009 profile_type 1 reporttype 1009 realtype 1009 vendorid null "
+      "onu_type_name null");
+  _session.Type(kApplyNine);
+  const OnuAbilityProfile profile = CaptureLibrary().real_profiles.back();
+  ASSERT_EQ(profile._profile_source, ONU_ABILITY_PROFILE_SOURCE_EXTERNAL);
+  _session.Type("try del onu_ability_profile key 1009 profile_type 1 profile_source 1");
+  _session.Type("try commit confirmed 1");
+  ASSERT_FALSE(Host().operator_register.Of(profile));
+  _now += std::chrono::minutes(1);
+  _other.settings().user = "bert";
+  TypeOther("set onu_common_type hgu 702");
+  ASSERT_FALSE(Host().unconfirmed.Waits());
+  const auto note = Host().operator_register.Of(profile);
+  ASSERT_TRUE(note);
+  EXPECT_EQ(note->user, "anna");
+}
+
 TEST_F(TryCommands, NeedOnus) {
   Host().population = nullptr;
   const LibraryState before = CaptureLibrary();
