@@ -1,13 +1,15 @@
 #include "session/login.h"
 
+#include <crypt.h>
+
 #include "platform/log_sink.h"
 
 namespace olt_host {
 namespace {
 
 constexpr int kTries = 3;
-// Longer names and passwords are wrong ones.
-constexpr std::size_t kLongest = 256;
+// One more than a password may have; keys behind these are dropped.
+constexpr std::size_t kLongest = CRYPT_MAX_PASSPHRASE_SIZE;
 constexpr char32_t kBackspace = 0x08;
 constexpr char32_t kDelete = 0x7F;
 constexpr char32_t kDropLine = 0x15;

@@ -13,15 +13,20 @@ namespace {
 
 class LoggingIn : public Sessions {
  protected:
-  void SetUp() override {
+  static Users UsersOf(const std::string& lines) {
     char name[] = "/tmp/login.XXXXXX";
     const std::string folder = mkdtemp(name);
     const std::string file = folder + "/users";
-    std::ofstream(file) << PasswordLine("anna", "secret", Access::kFull) << "\n"
-                        << PasswordLine("bert", "pass w\xc3\xb6rd", Access::kReadOnly) << "\n";
+    std::ofstream(file) << lines;
     chmod(file.c_str(), 0600);
-    known = Users::Read(file);
+    Users users = Users::Read(file);
     std::filesystem::remove_all(folder);
+    return users;
+  }
+
+  void SetUp() override {
+    known = UsersOf(PasswordLine("anna", "secret", Access::kFull) + "\n" +
+                    PasswordLine("bert", "pass w\xc3\xb6rd", Access::kReadOnly) + "\n");
     users_ = &known;
     limits_.login_delay = std::chrono::milliseconds(1);
   }
@@ -154,6 +159,16 @@ TEST_F(LoggingIn, NamesWithoutEndAreBounded) {
   client.Type(std::string(200000, 'n') + "\r" + std::string(200000, 'p') + "\r");
   EXPECT_TRUE(client.Sees("% Login invalid"));
   EXPECT_LT(client.bytes().size(), 1000U);
+}
+
+TEST_F(LoggingIn, TheLongestPasswordThatCanBeMadeIsTheRightOne) {
+  const std::string longest(511, 'p');
+  known = UsersOf(PasswordLine("anna", longest, Access::kFull) + "\n");
+  Open();
+  client.Type("anna\r" + longest + "q\r");
+  EXPECT_TRUE(client.Sees("% Login invalid\r\nUsername: "));
+  client.Type("anna\r" + longest + "\r");
+  EXPECT_TRUE(client.Sees("olt> "));
 }
 
 TEST_F(LoggingIn, AWrongLoginIsLoggedWithWhereItCameFromAndWithoutWhatWasTyped) {
