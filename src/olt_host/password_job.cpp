@@ -1,7 +1,8 @@
 #include <termios.h>
 #include <unistd.h>
 
-#include <cstdio>
+#include <array>
+#include <csignal>
 #include <iostream>
 #include <stdexcept>
 #include <string>
@@ -14,24 +15,57 @@ namespace olt_host {
 
 namespace {
 
+// What would end the program while the terminal is silent.
+constexpr std::array<int, 4> kEnds = {SIGHUP, SIGINT, SIGQUIT, SIGTERM};
+
+// How the terminal was, for the handler; written before that is installed.
+termios& ModeBefore() {
+  static termios mode = {};
+  return mode;
+}
+
+// What was typed of the password is not for the shell either.
+void RestoreMode() {
+  tcflush(STDIN_FILENO, TCIFLUSH);
+  tcsetattr(STDIN_FILENO, TCSANOW, &ModeBefore());
+}
+
+// The signal comes again when this returns, and has its usual effect then.
+void RestoreModeAndEnd(int signal) {
+  RestoreMode();
+  raise(signal);
+}
+
 // Keeps what is typed off the screen.
 class EchoOff {
  public:
-  EchoOff() {
-    if (tcgetattr(STDIN_FILENO, &_before) != 0) return;
-    termios silent = _before;
+  EchoOff() : _has_terminal(tcgetattr(STDIN_FILENO, &ModeBefore()) == 0) {
+    if (!_has_terminal) return;
+    for (std::size_t i = 0; i < kEnds.size(); ++i) Catch(kEnds[i], _actions[i]);
+    termios silent = ModeBefore();
     silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
-    _changed = tcsetattr(STDIN_FILENO, TCSAFLUSH, &silent) == 0;
+    tcsetattr(STDIN_FILENO, TCSAFLUSH, &silent);
   }
   ~EchoOff() {
-    if (_changed) tcsetattr(STDIN_FILENO, TCSAFLUSH, &_before);
+    if (!_has_terminal) return;
+    RestoreMode();
+    for (std::size_t i = 0; i < kEnds.size(); ++i) sigaction(kEnds[i], &_actions[i], nullptr);
   }
   EchoOff(const EchoOff&) = delete;
   EchoOff& operator=(const EchoOff&) = delete;
 
  private:
-  termios _before = {};
-  bool _changed = false;
+  static void Catch(int signal, struct sigaction& before) {
+    sigaction(signal, nullptr, &before);
+    if (before.sa_handler == SIG_IGN) return;
+    struct sigaction action = {};
+    action.sa_handler = RestoreModeAndEnd;
+    action.sa_flags = SA_RESETHAND;
+    sigaction(signal, &action, nullptr);
+  }
+
+  const bool _has_terminal;
+  std::array<struct sigaction, kEnds.size()> _actions = {};
 };
 
 std::string Ask(const std::string& question) {

@@ -2,10 +2,21 @@
 // what serve refuses.
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 #include "program_runner.h"
+#include "transport/child_process.h"
 
 namespace olt_host_test {
 namespace {
+
+// The program on a terminal, whoever runs the test.
+int AskForPassword() {
+  dup2(STDOUT_FILENO, STDERR_FILENO);
+  for (const int signal : {SIGHUP, SIGINT, SIGTERM}) std::signal(signal, SIG_DFL);
+  execl(OLT_HOST_PROGRAM, "olt_host", "password", "anna", nullptr);
+  return 70;
+}
 
 class OperatorJobs : public testing::Test {
  protected:
@@ -114,6 +125,33 @@ TEST_F(OperatorJobs, APasswordLineComesFromAPipe) {
   const ProgramResult empty = RunProgram({"password", "anna"}, "");
   EXPECT_EQ(empty.status, 2);
   EXPECT_EQ(empty.err, "olt_host: no password was given\n");
+}
+
+TEST_F(OperatorJobs, APasswordIsAskedForTwiceAndNotShown) {
+  ChildProcess asking(ChildProcess::On::kTerminal, AskForPassword);
+  asking.Go();
+  for (const char* question : {"Password for anna: ", "Again: "}) {
+    asking.Until(question);
+    ASSERT_TRUE(Becomes([&asking] { return !asking.Echoes(); }));
+    asking.Type("secret\n");
+  }
+  const std::string line = asking.Until(":full\r\n");
+  EXPECT_FALSE(Contains(line, "secret")) << line;
+  EXPECT_EQ(asking.Status(), 0);
+  EXPECT_TRUE(asking.IsAsBefore());
+}
+
+TEST_F(OperatorJobs, ASignalWhileAPasswordIsTypedLeavesATerminalThatEchoes) {
+  for (const int signal : {SIGHUP, SIGINT, SIGTERM}) {
+    ChildProcess asking(ChildProcess::On::kTerminal, AskForPassword);
+    asking.Go();
+    asking.Until("Password for anna: ");
+    ASSERT_TRUE(Becomes([&asking] { return !asking.Echoes(); }));
+    asking.Type("sec");
+    asking.Signal(signal);
+    EXPECT_EQ(asking.Status(), 1000 + signal);
+    EXPECT_TRUE(asking.IsAsBefore());
+  }
 }
 
 TEST_F(OperatorJobs, AServerNeedsAWayIn) {

@@ -122,6 +122,10 @@ class ChildProcess {
     termios mode{};
     return tcgetattr(_out, &mode) == 0 && (mode.c_lflag & (ICANON | ECHO | ISIG)) == 0;
   }
+  bool Echoes() const {
+    termios mode{};
+    return tcgetattr(_out, &mode) == 0 && (mode.c_lflag & ECHO) != 0;
+  }
   bool IsAsBefore() const {
     termios mode{};
     return tcgetattr(_out, &mode) == 0 && mode.c_iflag == _before.c_iflag &&
