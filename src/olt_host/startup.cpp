@@ -39,6 +39,10 @@ Reports ReadPopulation(const CommandLine& command_line) {
 }
 
 void ReadInputs(const CommandLine& command_line) {
+  if (command_line.reports.empty() && !command_line.olt.empty()) {
+    throw std::runtime_error("--olt " + command_line.olt +
+                             " chooses among reports, and there are none; expected REPORTS");
+  }
   HostContext& host = Host();
   host.catalogue_request = command_line.catalogue;
   host.catalogue = ReadCatalogueFiles(command_line.catalogue);

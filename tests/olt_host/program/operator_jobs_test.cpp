@@ -154,6 +154,13 @@ TEST_F(OperatorJobs, ASignalWhileAPasswordIsTypedLeavesATerminalThatEchoes) {
   }
 }
 
+TEST_F(OperatorJobs, AnOltWithoutReportsIsRefused) {
+  const ProgramResult result = RunProgram({"console", _catalogue, "--olt", "olt-1"}, "list\n");
+  EXPECT_EQ(result.status, 2);
+  EXPECT_EQ(result.err,
+            "olt_host: --olt olt-1 chooses among reports, and there are none; expected REPORTS\n");
+}
+
 TEST_F(OperatorJobs, AServerNeedsAWayIn) {
   const ProgramResult result = RunProgram({"serve", _catalogue});
   EXPECT_EQ(result.status, 2);
