@@ -7,6 +7,7 @@
 #include "commands/running_config_text.h"
 #include "platform/log_levels.h"
 #include "platform/log_sink.h"
+#include "recognition/undisturbed_library.h"
 #include "vty/number.h"
 
 namespace olt_host {
@@ -15,18 +16,6 @@ namespace {
 
 constexpr std::size_t kMostAttributes = 8;
 constexpr const char* kValueTypeName = "VALUE_TYPE";
-
-// Building profiles beside the library must not fill the log with what nobody asked for.
-class QuietLibrary {
- public:
-  QuietLibrary() : _mask(onu_ability_get_log_level_mask()) { onu_ability_set_log_level_mask(0); }
-  ~QuietLibrary() { onu_ability_set_log_level_mask(_mask); }
-  QuietLibrary(const QuietLibrary&) = delete;
-  QuietLibrary& operator=(const QuietLibrary&) = delete;
-
- private:
-  const unsigned int _mask;
-};
 
 class Writer {
  public:
@@ -47,14 +36,18 @@ class Writer {
   }
 
  private:
+  // The name, with '_' behind it for as long as it is taken.
+  std::string Free(std::string name) {
+    while (!_names.insert(name).second) name += "_";
+    return name;
+  }
+
   // A name that can be typed: its own, or one made of the number.
   std::string Typed(const std::string& what, unsigned int number, const std::string& name,
                     bool is_typable) {
     if (is_typable) return name;
-    std::string stand_in = what == "code" ? "CODE_" : "ATTRIBUTE_";
-    stand_in += std::to_string(number);
-    while (_names.count(stand_in) != 0) stand_in += "_";
-    _names.insert(stand_in);
+    const std::string kind = what == "code" ? "CODE_" : "ATTRIBUTE_";
+    std::string stand_in = Free(kind + std::to_string(number));
     _lines.push_back("! " + what + " " + std::to_string(number) + ": name " + InRemark(name) +
                      " becomes " + stand_in);
     return stand_in;
@@ -69,8 +62,9 @@ class Writer {
     }
     // Without it the library takes no code.
     if (!_state.codes.empty() && _state.attributes.count(ONU_ABILITY_ATTR_VALUE_TYPE) == 0) {
-      _lines.emplace_back("! attribute 5: absent becomes VALUE_TYPE");
-      WriteAttribute(ONU_ABILITY_ATTR_VALUE_TYPE, kValueTypeName);
+      const std::string name = Free(kValueTypeName);
+      _lines.push_back("! attribute 5: absent becomes " + name);
+      WriteAttribute(ONU_ABILITY_ATTR_VALUE_TYPE, name);
     }
     _names.clear();
   }
@@ -138,7 +132,7 @@ class Writer {
 }  // namespace
 
 std::vector<std::string> RunningConfig(const LibraryState& state) {
-  const QuietLibrary quiet;
+  const UndisturbedLibrary undisturbed;
   return Writer(state).Run();
 }
 

@@ -252,6 +252,28 @@ TEST_F(RunningConfigTest, GivesNamesThatCannotBeTypedAStandIn) {
   Typed(lines);
 }
 
+// Reading an attribute of a code that is older gives it to the code.
+TEST_F(RunningConfigTest, ChangesNothingWhereCodesAreOlderThanAnAttribute) {
+  LinesAfter(TypicalLines());
+  for (ONU_ABILITY_CODE_ATTR_INFO& code : OnuAbilityCodeInfo::GetInstance()->Get()) {
+    code.ability_attr.erase(ONU_ABILITY_ATTR_PORT_TYPE);
+  }
+  const LibraryState before = CaptureLibrary();
+  _session.Type("show running-config");
+  EXPECT_TRUE(olt_host::SameState(CaptureLibrary(), before));
+}
+
+TEST_F(RunningConfigTest, GivesTheValueTypeANameThatNoOtherAttributeHas) {
+  LibraryState state = CaptureLibrary();
+  state.attributes.erase(ONU_ABILITY_ATTR_VALUE_TYPE);
+  state.attributes[9] = "VALUE_TYPE";
+  olt_host::InstallLibrary(state);
+  const std::vector<std::string> lines = RunningConfig(CaptureLibrary());
+  EXPECT_TRUE(Has(lines, "! attribute 5: absent becomes VALUE_TYPE_"));
+  EXPECT_TRUE(Has(lines, "register attribute 5 VALUE_TYPE_"));
+  EXPECT_EQ(Typed(lines).codes.size(), state.codes.size());
+}
+
 TEST_F(RunningConfigTest, SaysWhichAttributesALineHasNoRoomFor) {
   ONU_ABILITY_CODE_ATTR_INFO& code = OnuAbilityCodeInfo::GetInstance()->Get().front();
   for (int id = 1; id <= 10; ++id) {
