@@ -1,9 +1,26 @@
 #include "session/command_thread.h"
 
 #include <exception>
+#include <string>
 #include <utility>
 
+#include "platform/log_sink.h"
+
 namespace olt_host {
+namespace {
+
+// Runs what nobody waits for.
+void RunAlone(const std::function<void()>& task) {
+  try {
+    task();
+  } catch (const std::exception& failure) {
+    LogHostLine(0, std::string("a task failed: ") + failure.what());
+  } catch (...) {
+    LogHostLine(0, "a task failed");
+  }
+}
+
+}  // namespace
 
 struct CommandThread::Task {
   enum State { kWaiting, kDone, kDropped };
@@ -52,11 +69,7 @@ bool CommandThread::RunIfDue(std::unique_lock<std::mutex>& lock) {
     return _tasks.empty() && _posted.empty();
   const std::function<void()> call = std::exchange(_call, nullptr);
   lock.unlock();
-  try {
-    call();
-  } catch (...) {
-    // Nobody waits for it.
-  }
+  RunAlone(call);
   lock.lock();
   return true;
 }
@@ -66,11 +79,7 @@ void CommandThread::RunPosted(std::unique_lock<std::mutex>& lock) {
   const std::function<void()> task = std::move(_posted.front());
   _posted.pop_front();
   lock.unlock();
-  try {
-    task();
-  } catch (...) {
-    // Nobody waits for it.
-  }
+  RunAlone(task);
   lock.lock();
 }
 
@@ -94,6 +103,11 @@ void CommandThread::Stop() {
   _tasks.clear();
   _posted.clear();
   _changed.notify_all();
+}
+
+std::size_t CommandThread::waiting() const {
+  const std::lock_guard<std::mutex> lock(_mutex);
+  return _tasks.size();
 }
 
 bool CommandThread::Run(const std::function<void()>& task) {

@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <cstddef>
 #include <deque>
 #include <functional>
 #include <mutex>
@@ -32,12 +33,15 @@ class CommandThread {
   bool Run(const std::function<void()>& task);
 
   // Runs `task` on the command thread some time, or never after Stop; waits for nothing. What
-  // it throws is lost. From any thread.
+  // it throws is logged. From any thread.
   void Post(std::function<void()> task);
 
   // Serve runs `task` once it is `when`, or later when it is busy then; instead of an
-  // earlier one that did not run yet. What it throws is lost. On the command thread.
+  // earlier one that did not run yet. What it throws is logged. On the command thread.
   void CallAt(std::chrono::steady_clock::time_point when, std::function<void()> task);
+
+  // How many calls of Run wait for their turn. From any thread.
+  std::size_t waiting() const;
 
  private:
   struct Task;
@@ -47,7 +51,7 @@ class CommandThread {
   void RunPosted(std::unique_lock<std::mutex>& lock);
 
   const std::thread::id _thread;
-  std::mutex _mutex;
+  mutable std::mutex _mutex;
   std::condition_variable _changed;
   std::deque<Task*> _tasks;
   std::deque<std::function<void()>> _posted;
