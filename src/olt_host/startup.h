@@ -24,9 +24,10 @@ class RunningLibrary {
 };
 
 // Reads the catalogue and the reports into Host(), opens the log, starts the
-// library, installs every command and restores the state file. Everything is
-// read and checked before the library is touched. Throws InputError, LoadError,
-// StateError, or std::runtime_error for a command that cannot be installed.
+// library, installs every command and restores the state file. The catalogue and
+// the reports are read and checked before the library is touched. Throws
+// InputError, LoadError, StateError, or std::runtime_error for a command that
+// cannot be installed.
 std::unique_ptr<RunningLibrary> StartHost(const CommandLine& command_line);
 
 }  // namespace olt_host

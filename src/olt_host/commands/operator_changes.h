@@ -17,7 +17,7 @@ void RestoreAtStart();
 void KeepOperatorChanges();
 
 // The content of a state file for what the library holds. Throws StateError when the
-// catalogue was not taken whole.
+// catalogue was not taken whole, or a change waits to be confirmed.
 std::string EncodeOperatorChanges();
 
 // Writes Host().state_file now. Throws StateError; the operator is to be told of it, and

@@ -1,5 +1,5 @@
 // Who last changed each profile of the operators, and when. Kept beside the library while
-// the host runs: what a state file brings back counts as restored.
+// the host runs: what the state file brings back at the start counts as restored.
 //
 // On the command thread.
 #ifndef OLT_HOST_COMMANDS_OPERATOR_REGISTER_H

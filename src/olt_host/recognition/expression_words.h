@@ -40,7 +40,7 @@ struct ExpressionWord {
   std::size_t at = 0;  // of its first byte
 };
 
-// The words and an kEnd. Throws ExpressionError for a quote that is not closed.
+// The words and a kEnd. Throws ExpressionError for a quote that is not closed.
 std::vector<ExpressionWord> CutExpression(const std::string& expression);
 
 // The text as a word in quotes.

@@ -8,7 +8,8 @@
 
 namespace olt_host {
 
-// What to type to see the notes, too, for the text that only counts them.
+// With `with_notes` every finding, else errors and warnings, at most ten of a kind, and a
+// count of the notes; `how_to_see` is the sentence that says how to see all.
 std::string LintText(const LintResult& result, bool with_notes, const std::string& how_to_see);
 
 }  // namespace olt_host

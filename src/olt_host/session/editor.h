@@ -37,8 +37,7 @@ class Editor {
     std::function<Outcome(const std::string& lines)> show;
   };
 
-  // Waits a moment for the type of the terminal. Throws std::runtime_error when the
-  // system has no more terminals to give.
+  // Throws std::runtime_error when the system has no more terminals to give.
   Editor(Channel& channel, KeyReader& keys, std::size_t line_bytes, Helpers helpers);
   ~Editor();
   Editor(const Editor&) = delete;

@@ -5,8 +5,8 @@
 namespace olt_host {
 namespace {
 
-// Reads a line without its break, but no more of it than a byte beyond the limit; the
-// rest is passed over. False at the end.
+// Reads a line without its break, but no more of it than two bytes beyond the limit, one
+// for a CR; the rest is passed over. False at the end.
 bool ReadLine(std::istream& in, std::string& line) {
   line.clear();
   char c = 0;

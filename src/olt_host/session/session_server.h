@@ -49,7 +49,6 @@ class SessionServer {
   // `users` may be null when no origin must log in. All must outlive the server. Sets
   // the locale of the process to UTF-8 and TERM in its environment, so it is made before
   // other threads run.
-  // Sets the process's LC_CTYPE to UTF-8.
   SessionServer(unsigned int node, CommandThread& commands, const Users* users,
                 const SessionLimits& limits);
   // Closes every session and waits for their threads, a moment also for farewells

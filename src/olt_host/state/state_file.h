@@ -27,7 +27,8 @@ std::string EncodeState(const LibraryState& state, const Catalogue& catalogue);
 // before, whole: written aside, flushed to disk, renamed. What the file held
 // before is kept as FILE.bak; where it holds `content` already, both stay. Takes the
 // place of no file, under any of these names, that does not begin as a state file.
-// Throws StateError, the file as it was.
+// Throws StateError, the file as it was (or replaced, when only its folder cannot be
+// flushed; the message says so).
 void WriteStateFile(const std::string& file, const std::string& content);
 // The name of that backup; beside the file itself when `file` is a link.
 std::string BackupOf(const std::string& file);

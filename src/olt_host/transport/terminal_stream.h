@@ -16,7 +16,7 @@ namespace olt_host {
 class TerminalStream final : public Carrier {
  public:
   // Puts the terminal of standard input and output in raw mode, and tells the
-  // channel its type and size; `ended` is called once it is as before. Throws
+  // channel its size; `ended` is called once it is as before. Throws
   // std::runtime_error where standard input or output is no terminal.
   TerminalStream(asio::io_context& io, std::shared_ptr<Channel> channel,
                  std::function<void()> ended);
