@@ -26,12 +26,6 @@ Profiles TableAfter(const Profiles& current, const Profiles& of_catalogue) {
   return profiles;
 }
 
-bool AnyHolds(const Profiles& profiles, unsigned short code) {
-  return std::any_of(profiles.begin(), profiles.end(), [code](const OnuAbilityProfile& profile) {
-    return profile._common_ability.count(code) != 0;
-  });
-}
-
 // Forgets the codes that only the older catalogue had. A code that an operator's
 // profile holds stays.
 void DropGoneCodes(StoredState& stored, const Catalogue& newer, std::vector<std::string>& remarks) {

@@ -4,6 +4,8 @@
 
 #include "catalogue/catalogue.h"
 #include "commands/running_config_text.h"
+#include "recognition/ability_reading.h"
+#include "state/library_state.h"
 
 namespace olt_host {
 
@@ -28,12 +30,6 @@ bool IsDefined(unsigned short code) {
   return OnuAbilityCodeInfo::GetInstance()->IsExist(code) != 0;
 }
 
-const ONU_ABILITY_COMMON_ABILITY_VALUE* Held(const OnuAbilityProfile& profile,
-                                             unsigned short code) {
-  const auto found = profile._common_ability.find(code);
-  return found == profile._common_ability.end() ? nullptr : &found->second;
-}
-
 bool SameNumber(const ONU_ABILITY_COMMON_ABILITY_VALUE* held, unsigned int number) {
   return held != nullptr && IsNumber(*held) && held->ability_ushort_value == number;
 }
@@ -49,12 +45,10 @@ unsigned int Read(const std::string& argument) {
 }  // namespace
 
 bool SameUnder(unsigned short code, const OnuAbilityProfile& a, const OnuAbilityProfile& b) {
-  const auto* left = Held(a, code);
-  const auto* right = Held(b, code);
+  const auto* left = HeldUnder(a, code);
+  const auto* right = HeldUnder(b, code);
   if (left == nullptr || right == nullptr) return left == right;
-  return left->ability_value_type == right->ability_value_type &&
-         left->ability_ushort_value == right->ability_ushort_value &&
-         left->ability_string_value == right->ability_string_value;
+  return SameValue(*left, *right);
 }
 
 ProfileLines::ProfileLines(const OnuAbilityProfile& wanted) : _wanted(wanted) {
@@ -65,7 +59,7 @@ ProfileLines::ProfileLines(const OnuAbilityProfile& wanted) : _wanted(wanted) {
 }
 
 const ProfileLines::Value* ProfileLines::Wanted(unsigned short code) const {
-  return Held(_wanted, code);
+  return HeldUnder(_wanted, code);
 }
 
 void ProfileLines::AddNumber(unsigned short code, const std::string& argument) {
@@ -114,12 +108,12 @@ void ProfileLines::SetNumber(unsigned short code, unsigned int number) {
   std::vector<std::string> arguments;
   // A value equal to the default is not stored, but may replace a stored one: one that
   // counts no ports goes before it.
-  if (Held(_built, code) == nullptr && number == _wanted._ability_default_value) {
+  if (HeldUnder(_built, code) == nullptr && number == _wanted._ability_default_value) {
     arguments.emplace_back(number == ONU_ABILITY_WILDCARD ? "0" : "null");
   }
   arguments.push_back(number == ONU_ABILITY_WILDCARD ? "null" : std::to_string(number));
   for (const std::string& argument : arguments) AddNumber(code, argument);
-  if (!SameNumber(Held(_built, code), number)) {
+  if (!SameNumber(HeldUnder(_built, code), number)) {
     _built = before;
     return;
   }
@@ -132,7 +126,7 @@ void ProfileLines::SetNumbers(bool totals) {
   for (const auto& [code, value] : _wanted._common_ability) {
     const unsigned int number = value.ability_ushort_value;
     if (IsTotal(code) != totals || !IsNumber(value) || !IsDefined(code) ||
-        code == _wanted._key_ability_code || SameNumber(Held(_built, code), number)) {
+        code == _wanted._key_ability_code || SameNumber(HeldUnder(_built, code), number)) {
       continue;
     }
     if (number <= kLargestSetNumber || number == ONU_ABILITY_WILDCARD) SetNumber(code, number);
@@ -157,7 +151,7 @@ void ProfileLines::Build() {
 }
 
 bool ProfileLines::KeepsItsKey() const {
-  const Value* key = Held(_built, _built._key_ability_code);
+  const Value* key = HeldUnder(_built, _built._key_ability_code);
   return key == nullptr ? _key == _built._ability_default_value : SameNumber(key, _key);
 }
 
@@ -171,12 +165,12 @@ void ProfileLines::UpdateNumbers(bool totals) {
   for (const auto& [code, value] : _wanted._common_ability) {
     const unsigned int number = value.ability_ushort_value;
     if (IsTotal(code) != totals || !IsNumber(value) || !IsDefined(code) ||
-        code == _wanted._key_ability_code || SameNumber(Held(_built, code), number)) {
+        code == _wanted._key_ability_code || SameNumber(HeldUnder(_built, code), number)) {
       continue;
     }
     const OnuAbilityProfile before(_built);
     AddNumber(code, std::to_string(number));
-    if (SameNumber(Held(_built, code), number)) {
+    if (SameNumber(HeldUnder(_built, code), number)) {
       WriteUpdate("key", code, "uint_ability_value " + std::to_string(number));
     } else {
       _built = before;
@@ -191,7 +185,7 @@ void ProfileLines::UpdateTexts() {
     const OnuAbilityProfile before(_built);
     std::vector<std::string> texts = {text};
     // The empty text is not stored either, unless it replaces another.
-    if (Held(_built, code) == nullptr && text.empty() && IsText(value)) texts = {"-", ""};
+    if (HeldUnder(_built, code) == nullptr && text.empty() && IsText(value)) texts = {"-", ""};
     for (const std::string& each : texts) AddText(code, each);
     if (!SameUnder(code, _wanted, _built)) {
       _built = before;

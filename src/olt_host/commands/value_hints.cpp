@@ -9,6 +9,7 @@
 #include "commands/host_context.h"
 #include "commands/registries.h"
 #include "onu_ability_common_table.h"
+#include "recognition/ability_reading.h"
 #include "vty/value_hints.h"
 
 namespace olt_host {
@@ -54,16 +55,8 @@ std::vector<OnuAbilityProfile> Profiles(ONU_ABILITY_ENUM_PROFILE_TYPE type) {
   return profiles;
 }
 
-// Read from the values themselves, because the profile's own reading logs what it
-// does not find. Null for an absent one.
-const ONU_ABILITY_COMMON_ABILITY_VALUE* Find(const OnuAbilityProfile& profile,
-                                             unsigned short code) {
-  const auto found = profile._common_ability.find(code);
-  return found == profile._common_ability.end() ? nullptr : &found->second;
-}
-
 std::string TypeName(const OnuAbilityProfile& profile) {
-  const auto* name = Find(profile, ONU_ABILITY_CODE_TYPE_NAME);
+  const auto* name = HeldUnder(profile, ONU_ABILITY_CODE_TYPE_NAME);
   return name == nullptr ? "" : name->ability_string_value;
 }
 
@@ -71,7 +64,7 @@ std::string TypeName(const OnuAbilityProfile& profile) {
 void AddNumbers(ONU_ABILITY_ENUM_PROFILE_TYPE type, unsigned short code,
                 std::map<unsigned int, std::string>& values) {
   for (const OnuAbilityProfile& profile : Profiles(type)) {
-    const auto* value = Find(profile, code);
+    const auto* value = HeldUnder(profile, code);
     if (value != nullptr && value->ability_value_type == ONU_ABILITY_VALUE_TYPE_USHORT) {
       values.emplace(value->ability_ushort_value, TypeName(profile));
     }

@@ -5,6 +5,7 @@
 #include "catalogue/catalogue.h"
 #include "recognition/ability_value.h"
 #include "recognition/pattern_comparison.h"
+#include "recognition/silent_observer.h"
 
 namespace olt_host {
 
@@ -12,15 +13,8 @@ namespace {
 
 using Value = ONU_ABILITY_COMMON_ABILITY_VALUE;
 
-class Nobody : public ConfirmationObserver {
- public:
-  void OnProfile(unsigned int /*stage*/, const ConfirmOnuType& /*profile*/) override {}
-  void OnRealType(std::uint16_t /*real_type*/) override {}
-  void OnReportType(std::uint16_t /*report_type*/) override {}
-};
-
 ConfirmOnuType GatherFromHooks(const ReportSource& source, const OnuReport& report) {
-  Nobody nobody;
+  SilentObserver nobody;
   const ScopedHookContext context(source, nobody);
   ConfirmOnuType onu(report.place, report.onu);
   onu.Init();

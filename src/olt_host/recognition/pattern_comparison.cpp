@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "catalogue/catalogue.h"
+#include "recognition/ability_reading.h"
 
 namespace olt_host {
 
@@ -62,11 +63,6 @@ class KeyEntry {
   std::uint16_t _key_code;
   bool _is_added;
 };
-
-const Value* HeldBy(const OnuAbilityProfile& profile, std::uint16_t code) {
-  const auto held = profile._common_ability.find(code);
-  return held == profile._common_ability.end() ? nullptr : &held->second;
-}
 
 AbilityComparison ComparisonOf(std::uint16_t code, AbilityVerdict verdict, const Value* held,
                                const OnuAbilityProfile& single) {
@@ -136,7 +132,7 @@ std::vector<AbilityComparison> ComparedReport::Compare(OnuAbilityProfile& profil
   std::vector<AbilityComparison> comparisons;
   comparisons.reserve(_single.size());
   for (const auto& [code, single] : _single) {
-    const Value* held = HeldBy(profile, code);
+    const Value* held = HeldUnder(profile, code);
     comparisons.push_back(ComparisonOf(code, VerdictOn(profile, held, single), held, single));
   }
   return comparisons;
@@ -146,7 +142,7 @@ AbilityTally ComparedReport::Tally(OnuAbilityProfile& profile) const {
   const KeyEntry entry(profile, _key_code, !_single.empty());
   AbilityTally tally;
   for (const auto& [code, single] : _single) {
-    const Value* held = HeldBy(profile, code);
+    const Value* held = HeldUnder(profile, code);
     const AbilityVerdict verdict = VerdictOn(profile, held, single);
     Count(verdict, tally);
     if (verdict == AbilityVerdict::kDecidesAgainst && !tally.decider) {

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "catalogue/catalogue_profile.h"
+#include "state/library_state.h"
 
 namespace olt_host {
 
@@ -24,9 +25,7 @@ Abilities AbilitiesThat(const OnuAbilityProfile& profile, const Counts& counts) 
 
 bool Same(const Abilities& a, const Abilities& b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const auto& x, const auto& y) {
-    return x.first == y.first && x.second->ability_value_type == y.second->ability_value_type &&
-           x.second->ability_ushort_value == y.second->ability_ushort_value &&
-           x.second->ability_string_value == y.second->ability_string_value;
+    return x.first == y.first && SameValue(*x.second, *y.second);
   });
 }
 

@@ -11,13 +11,6 @@ namespace olt_host {
 
 namespace {
 
-bool SameValue(const ONU_ABILITY_COMMON_ABILITY_VALUE& a,
-               const ONU_ABILITY_COMMON_ABILITY_VALUE& b) {
-  return a.ability_value_type == b.ability_value_type &&
-         a.ability_ushort_value == b.ability_ushort_value &&
-         a.ability_string_value == b.ability_string_value;
-}
-
 bool SameCode(const ONU_ABILITY_CODE_ATTR_INFO& a, const ONU_ABILITY_CODE_ATTR_INFO& b) {
   return a.ability_code == b.ability_code && a.ability_name == b.ability_name &&
          a.ability_attr == b.ability_attr;
@@ -141,6 +134,13 @@ void InstallLibrary(const LibraryState& state) {
   }
 }
 
+bool SameValue(const ONU_ABILITY_COMMON_ABILITY_VALUE& a,
+               const ONU_ABILITY_COMMON_ABILITY_VALUE& b) {
+  return a.ability_value_type == b.ability_value_type &&
+         a.ability_ushort_value == b.ability_ushort_value &&
+         a.ability_string_value == b.ability_string_value;
+}
+
 bool SameProfile(const OnuAbilityProfile& a, const OnuAbilityProfile& b) {
   return a._id == b._id && a._bind_count == b._bind_count &&
          a._flag_match_type == b._flag_match_type && a._profile_type == b._profile_type &&
@@ -161,6 +161,12 @@ bool SameState(const LibraryState& a, const LibraryState& b) {
          a.hgu_common_type == b.hgu_common_type &&
          SameProfiles(a.match_profiles, b.match_profiles) &&
          SameProfiles(a.real_profiles, b.real_profiles);
+}
+
+bool AnyHolds(const std::vector<OnuAbilityProfile>& profiles, unsigned short code) {
+  return std::any_of(profiles.begin(), profiles.end(), [code](const OnuAbilityProfile& profile) {
+    return profile._common_ability.count(code) != 0;
+  });
 }
 
 }  // namespace olt_host

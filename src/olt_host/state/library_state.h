@@ -18,7 +18,7 @@ namespace olt_host {
 struct LibraryState {
   std::map<unsigned short, std::string> attributes;
   std::vector<ONU_ABILITY_CODE_ATTR_INFO> codes;  // in the registry's order
-  unsigned short key_ability_code = 1085;
+  unsigned short key_ability_code = ONU_ABILITY_CODE_DEFAULT_KEY;
   unsigned short sfu_common_type = 857;
   unsigned short hgu_common_type = 762;
   std::vector<OnuAbilityProfile> match_profiles;  // of both sources, in table order
@@ -35,9 +35,14 @@ LibraryState CaptureLibrary();
 // when they were made.
 void InstallLibrary(const LibraryState& state);
 
+// Whether both hold the same under a code: kind, number and text.
+bool SameValue(const ONU_ABILITY_COMMON_ABILITY_VALUE& a,
+               const ONU_ABILITY_COMMON_ABILITY_VALUE& b);
 // Deep comparison of everything that InstallLibrary sets.
 bool SameProfile(const OnuAbilityProfile& a, const OnuAbilityProfile& b);
 bool SameState(const LibraryState& a, const LibraryState& b);
+
+bool AnyHolds(const std::vector<OnuAbilityProfile>& profiles, unsigned short code);
 
 }  // namespace olt_host
 

@@ -57,12 +57,6 @@ std::vector<OnuAbilityProfile> OfSource(const std::vector<OnuAbilityProfile>& pr
   return chosen;
 }
 
-bool AnyHolds(const std::vector<OnuAbilityProfile>& profiles, unsigned short code) {
-  return std::any_of(profiles.begin(), profiles.end(), [code](const auto& profile) {
-    return profile._common_ability.count(code) != 0;
-  });
-}
-
 std::vector<OnuAbilityProfile> Together(const std::vector<OnuAbilityProfile>& current,
                                         const std::vector<OnuAbilityProfile>& stored) {
   std::vector<OnuAbilityProfile> profiles = OfSource(current, ONU_ABILITY_PROFILE_SOURCE_DEFAULT);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/variant_bytes.h"
+#include "state/library_state.h"
 #include "state/state_file.h"
 
 namespace olt_host {
@@ -95,9 +96,7 @@ Abilities ReadAbilities(std::string_view bytes, ONU_ABILITY_ENUM_PROFILE_TYPE ty
 
 bool SameAbilities(const Abilities& a, const Abilities& b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const auto& x, const auto& y) {
-    return x.first == y.first && x.second.ability_value_type == y.second.ability_value_type &&
-           x.second.ability_ushort_value == y.second.ability_ushort_value &&
-           x.second.ability_string_value == y.second.ability_string_value;
+    return x.first == y.first && SameValue(x.second, y.second);
   });
 }
 
