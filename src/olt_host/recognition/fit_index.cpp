@@ -9,29 +9,10 @@ namespace olt_host {
 
 namespace {
 
-constexpr std::size_t kWordBits = 64;
 // So many verdicts are cheaper to ask for at once than one by one.
 constexpr std::size_t kFewValues = 32;
 
 enum Verdict : char { kNotAsked, kFits, kDoesNotFit };
-
-void Set(std::vector<std::uint64_t>& bits, std::size_t position) {
-  bits[position / kWordBits] |= std::uint64_t{1} << (position % kWordBits);
-}
-
-void Clear(std::vector<std::uint64_t>& bits, std::size_t position) {
-  bits[position / kWordBits] &= ~(std::uint64_t{1} << (position % kWordBits));
-}
-
-std::vector<std::size_t> PositionsOf(const std::vector<std::uint64_t>& bits) {
-  std::vector<std::size_t> positions;
-  for (std::size_t word = 0; word < bits.size(); ++word) {
-    for (std::uint64_t rest = bits[word]; rest != 0; rest &= rest - 1) {
-      positions.push_back(word * kWordBits + static_cast<std::size_t>(__builtin_ctzll(rest)));
-    }
-  }
-  return positions;
-}
 
 OnuAbilityProfile MakePattern() {
   OnuAbilityProfile pattern;
@@ -58,8 +39,7 @@ FitIndex::FitIndex(const std::vector<OnuAbilityProfile>& patterns) : _patterns(p
 }
 
 std::vector<std::size_t> FitIndex::Fitting(const OnuAbilityProfile& report) {
-  Bits fitting((_patterns.size() + kWordBits - 1) / kWordBits, 0);
-  for (std::size_t i = 0; i < _patterns.size(); ++i) Set(fitting, i);
+  PositionSet fitting(_patterns.size(), true);
   std::vector<std::pair<Column*, Reported*>> steps;
   for (const auto& [code, value] : report._common_ability) {
     Column& column = ColumnOf(code);
@@ -70,7 +50,7 @@ std::vector<std::size_t> FitIndex::Fitting(const OnuAbilityProfile& report) {
     return one.first->held.size() < other.first->held.size();
   });
   for (const auto& [column, reported] : steps) KeepFitting(*column, *reported, fitting);
-  return PositionsOf(fitting);
+  return fitting.Positions();
 }
 
 std::size_t FitIndex::Remembered() const {
@@ -104,11 +84,11 @@ FitIndex::Column FitIndex::MakeColumn(std::uint16_t code) const {
                                        .first->second;
     if (place == nobody) {
       place = static_cast<std::uint32_t>(column.held.size());
-      Held held{MakePattern(), Bits((_patterns.size() + kWordBits - 1) / kWordBits, 0)};
+      Held held{MakePattern(), PositionSet(_patterns.size())};
       if (!lacks) held.profile._common_ability[code] = ability->second;
       column.held.push_back(std::move(held));
     }
-    Set(column.held[place].patterns, i);
+    column.held[place].patterns.Insert(i);
     column.held_by.push_back(place);
   }
   return column;
@@ -123,13 +103,9 @@ FitIndex::Reported& FitIndex::ReportedIn(Column& column, std::uint16_t code, con
   reported.report = MakeReport(code, value);
   reported.verdicts.assign(column.held.size(), kNotAsked);
   if (column.held.size() > kFewValues || column.held.empty()) return reported;
-  reported.fitting.assign(column.held.front().patterns.size(), 0);
+  reported.fitting = PositionSet(column.held_by.size());
   for (std::size_t held = 0; held < column.held.size(); ++held) {
-    if (!FitsHeld(column, reported, held)) continue;
-    const Bits& patterns = column.held[held].patterns;
-    for (std::size_t word = 0; word < patterns.size(); ++word) {
-      reported.fitting[word] |= patterns[word];
-    }
+    if (FitsHeld(column, reported, held)) *reported.fitting |= column.held[held].patterns;
   }
   return reported;
 }
@@ -142,16 +118,14 @@ bool FitIndex::FitsHeld(Column& column, Reported& reported, std::size_t held) {
   return verdict == kFits;
 }
 
-void FitIndex::KeepFitting(Column& column, Reported& reported, Bits& fitting) {
-  if (!reported.fitting.empty()) {
-    for (std::size_t word = 0; word < fitting.size(); ++word) {
-      fitting[word] &= reported.fitting[word];
-    }
+void FitIndex::KeepFitting(Column& column, Reported& reported, PositionSet& fitting) {
+  if (reported.fitting) {
+    fitting &= *reported.fitting;
     return;
   }
-  for (const std::size_t position : PositionsOf(fitting)) {
-    if (!FitsHeld(column, reported, column.held_by[position])) Clear(fitting, position);
-  }
+  fitting.ForEach([&](std::size_t position) {
+    if (!FitsHeld(column, reported, column.held_by[position])) fitting.Remove(position);
+  });
 }
 
 }  // namespace olt_host

@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "onu_ability_common_table.h"
+#include "recognition/position_set.h"
 
 namespace olt_host {
 
@@ -47,7 +48,6 @@ class FitIndex {
   std::optional<Nearest> NearestTo(const OnuAbilityProfile& report);
 
  private:
-  using Bits = std::vector<std::uint64_t>;
   using Value = ONU_ABILITY_COMMON_ABILITY_VALUE;
   // Everything by which values can differ.
   using ValueKey = std::tuple<unsigned int, unsigned int, std::string>;
@@ -55,13 +55,13 @@ class FitIndex {
   // The patterns that hold one value, or lack the code.
   struct Held {
     OnuAbilityProfile profile;  // with this value alone
-    Bits patterns;
+    PositionSet patterns;
   };
   // The verdicts on one reported value, by the distinct held ones.
   struct Reported {
     OnuAbilityProfile report;  // of this value alone
     std::vector<char> verdicts;
-    Bits fitting;  // of all patterns; empty while not all verdicts are known
+    std::optional<PositionSet> fitting;  // of all patterns, once all verdicts are known
   };
   struct Column {
     bool is_compared = false;
@@ -74,7 +74,7 @@ class FitIndex {
   Column MakeColumn(std::uint16_t code) const;
   static Reported& ReportedIn(Column& column, std::uint16_t code, const Value& value);
   static bool FitsHeld(Column& column, Reported& reported, std::size_t held);
-  static void KeepFitting(Column& column, Reported& reported, Bits& fitting);
+  static void KeepFitting(Column& column, Reported& reported, PositionSet& fitting);
 
   std::vector<OnuAbilityProfile> _patterns;
   std::map<std::uint16_t, Column> _columns;

@@ -4,21 +4,6 @@
 
 namespace olt_host {
 
-namespace {
-
-constexpr std::size_t kWordBits = 64;
-
-template <typename Take>
-void ForEachPosition(const std::vector<std::uint64_t>& bits, const Take& take) {
-  for (std::size_t word = 0; word < bits.size(); ++word) {
-    for (std::uint64_t rest = bits[word]; rest != 0; rest &= rest - 1) {
-      take(word * kWordBits + static_cast<std::size_t>(__builtin_ctzll(rest)));
-    }
-  }
-}
-
-}  // namespace
-
 std::optional<FitIndex::Nearest> FitIndex::NearestTo(const OnuAbilityProfile& report) {
   if (_patterns.empty()) return std::nullopt;
   std::vector<Nearest> standings(_patterns.size());
@@ -28,7 +13,7 @@ std::optional<FitIndex::Nearest> FitIndex::NearestTo(const OnuAbilityProfile& re
     Reported& reported = ReportedIn(column, code, value);
     for (std::size_t held = 0; held < column.held.size(); ++held) {
       if (FitsHeld(column, reported, held)) continue;
-      ForEachPosition(column.held[held].patterns, [&standings, &code = code](std::size_t i) {
+      column.held[held].patterns.ForEach([&standings, &code = code](std::size_t i) {
         if (standings[i].against++ == 0) standings[i].first_code = code;
       });
     }

@@ -14,7 +14,7 @@ class PositionSet {
 
   // Of the positions below `size`; all of them, or none.
   explicit PositionSet(std::size_t size = 0, bool all = false)
-      : _size(size), _words((size + 63) / 64, all ? ~std::uint64_t{0} : 0) {
+      : _words((size + 63) / 64, all ? ~std::uint64_t{0} : 0) {
     if (all && size % 64 != 0) _words.back() >>= 64 - size % 64;
   }
 
@@ -37,13 +37,6 @@ class PositionSet {
     _words[position / 64] &= ~(Bit(position) | (Bit(position) - 1));
   }
 
-  std::size_t Count() const {
-    std::size_t count = 0;
-    for (std::uint64_t word : _words) {
-      for (; word != 0; word &= word - 1) ++count;
-    }
-    return count;
-  }
   // The highest position, kNone for an empty set.
   std::size_t Highest() const {
     for (std::size_t i = _words.size(); i-- > 0;) {
@@ -54,19 +47,25 @@ class PositionSet {
     }
     return kNone;
   }
+  // Ascending; `take` may remove the position that it is given.
+  template <typename Take>
+  void ForEach(const Take& take) const {
+    for (std::size_t i = 0; i < _words.size(); ++i) {
+      for (std::uint64_t rest = _words[i]; rest != 0; rest &= rest - 1) {
+        take(i * 64 + static_cast<std::size_t>(__builtin_ctzll(rest)));
+      }
+    }
+  }
   // Ascending.
   std::vector<std::size_t> Positions() const {
     std::vector<std::size_t> positions;
-    for (std::size_t position = 0; position < _size; ++position) {
-      if (Contains(position)) positions.push_back(position);
-    }
+    ForEach([&positions](std::size_t position) { positions.push_back(position); });
     return positions;
   }
 
  private:
   static std::uint64_t Bit(std::size_t position) { return std::uint64_t{1} << (position % 64); }
 
-  std::size_t _size;
   std::vector<std::uint64_t> _words;
 };
 
