@@ -1,7 +1,5 @@
 #include "recognition/pattern_comparison.h"
 
-#include <algorithm>
-
 #include "catalogue/catalogue.h"
 #include "recognition/ability_reading.h"
 
@@ -152,28 +150,10 @@ AbilityTally ComparedReport::Tally(OnuAbilityProfile& profile) const {
   return tally;
 }
 
-std::vector<std::uint16_t> ComparedReport::Codes() const {
-  std::vector<std::uint16_t> codes;
-  codes.reserve(_single.size());
-  for (const auto& one : _single) codes.push_back(one.first);
-  return codes;
-}
-
-bool Fits(const OnuAbilityProfile& profile, const OnuAbilityProfile& report) {
-  OnuAbilityProfile compared = profile;
-  return ComparedReport(report).Fits(compared);
-}
-
 std::vector<AbilityComparison> CompareAbilities(const OnuAbilityProfile& profile,
                                                 const OnuAbilityProfile& report) {
   OnuAbilityProfile compared = profile;
   return ComparedReport(report).Compare(compared);
-}
-
-std::size_t CountOf(const std::vector<AbilityComparison>& comparisons, AbilityVerdict verdict) {
-  return static_cast<std::size_t>(
-      std::count_if(comparisons.begin(), comparisons.end(),
-                    [verdict](const auto& one) { return one.verdict == verdict; }));
 }
 
 }  // namespace olt_host

@@ -58,9 +58,6 @@ class ComparedReport {
   // The same, counted.
   AbilityTally Tally(OnuAbilityProfile& profile) const;
 
-  // The compared abilities of the report, in order.
-  std::vector<std::uint16_t> Codes() const;
-
  private:
   OnuAbilityProfile _whole;
   // Each a report of nothing but one compared ability.
@@ -69,12 +66,8 @@ class ComparedReport {
 };
 
 // The same for one profile, which stays as it is.
-bool Fits(const OnuAbilityProfile& profile, const OnuAbilityProfile& report);
 std::vector<AbilityComparison> CompareAbilities(const OnuAbilityProfile& profile,
                                                 const OnuAbilityProfile& report);
-
-// How many of them have the verdict.
-std::size_t CountOf(const std::vector<AbilityComparison>& comparisons, AbilityVerdict verdict);
 
 }  // namespace olt_host
 

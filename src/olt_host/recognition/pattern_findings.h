@@ -27,10 +27,10 @@ class PatternFindings {
   void AddOverlaps(std::vector<Finding>& findings) const;
 
   std::vector<PatternProof> Proofs() const;
-  // The profile that a reported type leads to is the newest with that key.
-  bool IsReachedByType(std::size_t profile) const;
 
  private:
+  // The profile that a reported type leads to is the newest with that key.
+  bool IsReachedByType(std::size_t profile) const;
   Finding HiddenFinding(std::size_t profile) const;
   Finding TakesEverythingFinding(std::size_t profile) const;
   void AddOverlap(std::vector<Finding>& findings, std::size_t older,

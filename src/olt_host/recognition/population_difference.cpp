@@ -35,13 +35,6 @@ PopulationDifference Compare(const PopulationOutcome& before, const PopulationOu
   return counter.Difference();
 }
 
-void Merge(PopulationDifference& into, const PopulationDifference& other) {
-  DifferenceCounter counter;
-  counter.Add(into);
-  counter.Add(other);
-  into = counter.Difference();
-}
-
 void AskAfter(PopulationDifference& difference, const GatherExample& gather) {
   const std::vector<OnuAbilityProfile> patterns = MatchProfiles();
   for (ChangeGroup& group : difference.groups) {

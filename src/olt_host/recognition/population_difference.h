@@ -101,10 +101,6 @@ struct PopulationDifference {
 // REQUIRES: both are of the same ONUs in the same order.
 PopulationDifference Compare(const PopulationOutcome& before, const PopulationOutcome& after);
 
-// Adds the difference of other ONUs between the same two libraries. What was asked of
-// examples goes with them.
-void Merge(PopulationDifference& into, const PopulationDifference& other);
-
 // The first example of a group, as GatherForComparison gives it.
 using GatherExample = std::function<OnuAbilityProfile(const ChangeGroup&)>;
 

@@ -39,7 +39,6 @@ class EscapeSequence {
  public:
   // Takes the next character, no control character; true when that ended it.
   bool Add(char32_t character);
-  bool empty() const { return _text.empty(); }
   // The keys that it means; empty when it means nothing here.
   std::u32string keys() const;
 

@@ -31,7 +31,6 @@ class CarrierSet {
   void Serve(const std::shared_ptr<Carrier>& carrier, const std::shared_ptr<Channel>& channel,
              const SessionOrigin& origin);
 
-  bool empty() const { return _carriers.empty(); }
   // Calls `empty` as soon as nothing is carried, which may be at once. An empty
   // function takes the wish back.
   void WhenEmpty(std::function<void()> empty);

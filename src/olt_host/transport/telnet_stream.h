@@ -35,7 +35,6 @@ class TelnetStream {
   void Send(const char* bytes, std::size_t length);
   // What is to go over the wire next.
   std::string TakeOutgoing();
-  bool has_outgoing() const { return !_outgoing.empty(); }
 
   bool broken() const { return _broken; }
 

@@ -16,6 +16,7 @@
 #include "random_network.h"
 #include "recognition/explanation.h"
 #include "state/library_state.h"
+#include "whole_comparison.h"
 
 namespace olt_host_test {
 namespace {
@@ -104,13 +105,13 @@ OnuAbilityProfile CutAt(const OnuAbilityProfile& report, std::uint16_t code, boo
 // The ability that is named decides: what stands before it fits, it does not.
 void ExpectDeciderDecides(const OnuAbilityProfile& profile, const OnuAbilityProfile& report,
                           const ProfileVerdict& verdict) {
-  EXPECT_EQ(verdict.fits, olt_host::Fits(profile, report));
+  EXPECT_EQ(verdict.fits, Fits(profile, report));
   EXPECT_EQ(verdict.fits, !verdict.tally.decider.has_value());
   EXPECT_EQ(verdict.tally.against == 0, verdict.fits);
   if (!verdict.tally.decider) return;
   const std::uint16_t code = verdict.tally.decider->code;
-  EXPECT_TRUE(olt_host::Fits(profile, CutAt(report, code, false))) << code;
-  EXPECT_FALSE(olt_host::Fits(profile, CutAt(report, code, true))) << code;
+  EXPECT_TRUE(Fits(profile, CutAt(report, code, false))) << code;
+  EXPECT_FALSE(Fits(profile, CutAt(report, code, true))) << code;
   EXPECT_EQ(profile._common_ability.count(code) != 0 ||
                 code == OnuAbilityCodeInfo::GetInstance()->GetKeyAbilityCode(),
             verdict.tally.decider->held.has_value());

@@ -8,7 +8,7 @@
 #include "host_files.h"
 #include "large_network.h"
 #include "random_network.h"
-#include "recognition/pattern_comparison.h"
+#include "whole_comparison.h"
 
 namespace olt_host_test {
 namespace {
@@ -19,7 +19,7 @@ std::vector<std::size_t> FittingOneByOne(const std::vector<OnuAbilityProfile>& p
                                          const OnuAbilityProfile& report) {
   std::vector<std::size_t> fitting;
   for (std::size_t i = 0; i < patterns.size(); ++i) {
-    if (olt_host::Fits(patterns[i], report)) fitting.push_back(i);
+    if (Fits(patterns[i], report)) fitting.push_back(i);
   }
   return fitting;
 }

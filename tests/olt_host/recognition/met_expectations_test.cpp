@@ -8,8 +8,8 @@
 #include "confirmation/confirmer.h"
 #include "host_files.h"
 #include "random_network.h"
-#include "recognition/pattern_comparison.h"
 #include "recognition/population_outcome.h"
+#include "whole_comparison.h"
 
 namespace olt_host_test {
 namespace {
@@ -25,7 +25,7 @@ std::vector<std::uint32_t> KeysThatFit(const Population& population, const OnuRe
   std::reverse(profiles.begin(), profiles.end());
   std::vector<std::uint32_t> keys;
   for (const OnuAbilityProfile& profile : profiles) {
-    if (olt_host::Fits(profile, onu)) keys.push_back(olt_host::NameOf(profile).key);
+    if (Fits(profile, onu)) keys.push_back(olt_host::NameOf(profile).key);
   }
   return keys;
 }

@@ -15,7 +15,7 @@
 #include "platform/log_sink.h"
 #include "random_network.h"
 #include "recognition/ability_value.h"
-#include "recognition/pattern_comparison.h"
+#include "whole_comparison.h"
 
 namespace olt_host_test {
 namespace {
@@ -73,7 +73,7 @@ Counted CountOneByOne(const LibraryState& library, const olt_host::Population& p
     const OnuAbilityProfile report = olt_host::GatherForComparison(population, onu);
     std::size_t fitting = 0;
     for (const OnuAbilityProfile& pattern : library.match_profiles) {
-      fitting += olt_host::Fits(pattern, report) ? 1 : 0;
+      fitting += Fits(pattern, report) ? 1 : 0;
     }
     counted.by_luck += fitting >= 2 ? 1 : 0;
   }
@@ -182,7 +182,7 @@ TEST_F(PopulationDifferenceTest, StandingsAreTheLibrarysVerdicts) {
     for (const OnuAbilityProfile& pattern : newer.match_profiles) {
       if (olt_host::NameOf(pattern).key != group.before.winner.key) continue;
       is_there = true;
-      fits = fits || olt_host::Fits(pattern, report);
+      fits = fits || Fits(pattern, report);
     }
     EXPECT_EQ(group.loser_after.kind != PatternStanding::kAbsent, is_there);
     EXPECT_EQ(group.loser_after.kind == PatternStanding::kFits, fits);

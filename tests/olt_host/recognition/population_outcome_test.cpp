@@ -10,7 +10,7 @@
 #include "host_files.h"
 #include "large_network.h"
 #include "random_network.h"
-#include "recognition/pattern_comparison.h"
+#include "whole_comparison.h"
 
 namespace olt_host_test {
 namespace {
@@ -133,7 +133,7 @@ TEST_F(PopulationOutcomeTest, CountsThePatternsThatFit) {
           olt_host::GatherForComparison(*populations[0], populations[0]->Onus()[i]);
       std::vector<olt_host::PatternName> fitting;
       for (auto pattern = patterns.rbegin(); pattern != patterns.rend(); ++pattern) {
-        if (olt_host::Fits(*pattern, report)) fitting.push_back(olt_host::NameOf(*pattern));
+        if (Fits(*pattern, report)) fitting.push_back(olt_host::NameOf(*pattern));
       }
       ASSERT_EQ(onu.fitting, fitting.size());
       EXPECT_EQ(onu.ByLuck(), fitting.size() >= 2);

@@ -13,6 +13,7 @@
 #include "random_network.h"
 #include "recognition/near_profiles.h"
 #include "recognition/undisturbed_library.h"
+#include "whole_comparison.h"
 
 namespace olt_host_test {
 namespace {
@@ -66,16 +67,22 @@ class UnknownOnusTest : public testing::Test {
     EXPECT_EQ(unknown.by_luck, by_luck);
   }
 
+  static std::size_t CountOf(const std::vector<olt_host::AbilityComparison>& comparisons,
+                             olt_host::AbilityVerdict verdict) {
+    return static_cast<std::size_t>(
+        std::count_if(comparisons.begin(), comparisons.end(),
+                      [verdict](const auto& one) { return one.verdict == verdict; }));
+  }
+
   // By comparing the report with every profile, one after the other.
   static std::vector<std::size_t> NearestOneByOne(const OnuAbilityProfile& report) {
     const std::vector<OnuAbilityProfile> profiles = olt_host::MatchProfiles();
     std::vector<std::tuple<std::size_t, std::size_t, std::size_t>> distances;
     for (std::size_t i = 0; i < profiles.size(); ++i) {
       const auto comparisons = olt_host::CompareAbilities(profiles[i], report);
-      distances.emplace_back(
-          olt_host::CountOf(comparisons, olt_host::AbilityVerdict::kDecidesAgainst),
-          1000 - olt_host::CountOf(comparisons, olt_host::AbilityVerdict::kAgrees),
-          profiles.size() - i);
+      distances.emplace_back(CountOf(comparisons, olt_host::AbilityVerdict::kDecidesAgainst),
+                             1000 - CountOf(comparisons, olt_host::AbilityVerdict::kAgrees),
+                             profiles.size() - i);
     }
     std::sort(distances.begin(), distances.end());
     std::vector<std::size_t> nearest;
@@ -93,7 +100,7 @@ class UnknownOnusTest : public testing::Test {
       const OnuAbilityProfile& profile = profiles[expected[i]];
       EXPECT_EQ(nearest[i].profile, olt_host::NameOf(profile));
       EXPECT_EQ(nearest[i].tally.against, nearest[i].against.size());
-      EXPECT_EQ(nearest[i].tally.against == 0, olt_host::Fits(profile, group.report));
+      EXPECT_EQ(nearest[i].tally.against == 0, Fits(profile, group.report));
       std::vector<std::uint16_t> against;
       for (const auto& comparison : olt_host::CompareAbilities(profile, group.report)) {
         if (comparison.verdict == olt_host::AbilityVerdict::kDecidesAgainst) {
