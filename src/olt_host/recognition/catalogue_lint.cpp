@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <tuple>
 
+#include "recognition/code_findings.h"
 #include "recognition/exercised_profiles.h"
 #include "recognition/pattern_findings.h"
 #include "recognition/profile_findings.h"

@@ -1,9 +1,8 @@
-// What lint says about ability codes.
+#include "recognition/code_findings.h"
+
 #include <algorithm>
 #include <set>
 #include <sstream>
-
-#include "recognition/profile_findings.h"
 
 namespace olt_host {
 

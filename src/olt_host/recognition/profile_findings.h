@@ -1,5 +1,5 @@
-// What lint says about profiles and codes apart from how patterns are compared: pairs
-// that miss a half, shared keys and types, texts that are cut, codes that nobody uses.
+// What lint says about profiles apart from how patterns are compared: pairs that miss a
+// half, shared keys and types, texts that are cut.
 //
 // What reading a catalogue refuses is not looked for again (catalogue/catalogue_checks.h
 // and ability_reader.h): two attributes, codes or names alike, two real profiles of one
@@ -24,8 +24,6 @@ void AddShared(const LintSubject& subject, std::vector<Finding>& findings);
 void AddLongTexts(const LintSubject& subject, std::vector<Finding>& findings);
 // Zeros in real profiles, which the default rule drops.
 void AddDroppedValues(const LintSubject& subject, std::vector<Finding>& findings);
-// Codes that no profile holds; port and lamp codes without their attributes.
-void AddCodes(const LintSubject& subject, std::vector<Finding>& findings);
 
 }  // namespace olt_host
 
