@@ -98,7 +98,7 @@ class CleanLibrary {
     OnuAbilityTableManager* manager = OnuAbilityTableManager::GetInstance();
     manager->DelOnuAbilityTable(ONU_ABILITY_PROFILE_TYPE_MATCH);
     manager->DelOnuAbilityTable(ONU_ABILITY_PROFILE_TYPE_REAL);
-    OnuAbilityCodeInfo::GetInstance()->Get().clear();
+    OnuAbilityCodeInfo::GetInstance()->Restore({});
     OnuAbilityCodeInfo::GetInstance()->SetKeyAbilityCode(ONU_ABILITY_CODE_DEFAULT_KEY);
     constexpr int kHighestIdInTests = 100;
     for (int id = 1; id <= kHighestIdInTests; ++id) {

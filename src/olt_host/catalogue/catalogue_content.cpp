@@ -1,6 +1,7 @@
 #include "catalogue/catalogue_content.h"
 
 #include "catalogue/catalogue_profile.h"
+#include "catalogue/registries.h"
 
 namespace olt_host {
 
@@ -82,26 +83,13 @@ std::vector<ContentEntry> ProfilesContent(const std::vector<OnuAbilityProfile>& 
   return entries;
 }
 
-std::vector<ContentEntry> AttributesContent(const std::map<unsigned int, std::string>& names) {
+std::vector<ContentEntry> AttributesContent(const std::map<unsigned short, std::string>& names) {
   std::vector<ContentEntry> entries;
   entries.reserve(names.size());
   for (const auto& [id, name] : names) {
     entries.push_back({id, name, {{"name", name}}});
   }
   return entries;
-}
-
-// A new code record lists every registered attribute, and the value type whether or
-// not it is one.
-std::map<unsigned int, std::string> RegisteredAttributes() {
-  std::map<unsigned int, std::string> names;
-  OnuAbilityAttrInfo* registry = OnuAbilityAttrInfo::GetInstance();
-  for (const auto& [id, value] : ONU_ABILITY_CODE_ATTR_INFO().ability_attr) {
-    if (registry->IsExist(id) != 0) {
-      names[static_cast<unsigned int>(id)] = registry->Get(id);
-    }
-  }
-  return names;
 }
 
 std::vector<ContentEntry> LibraryProfiles(ONU_ABILITY_ENUM_PROFILE_TYPE type,
@@ -117,7 +105,7 @@ CatalogueContent ContentOf(const Catalogue& catalogue) {
   CatalogueContent content;
   content.settings = SettingsContent(catalogue.key_ability_code, catalogue.sfu_common_type,
                                      catalogue.hgu_common_type);
-  std::map<unsigned int, std::string> attributes;
+  std::map<unsigned short, std::string> attributes;
   for (const AttributeEntry& attribute : catalogue.attributes) {
     attributes[attribute.id] = attribute.name;
   }
@@ -137,7 +125,7 @@ CatalogueContent ContentOfLibrary(const Catalogue& names) {
   content.settings = SettingsContent(codes->GetKeyAbilityCode(), settings->_sfu_common_type,
                                      settings->_hgu_common_type);
   content.attributes = AttributesContent(RegisteredAttributes());
-  content.codes = CodesContent(codes->Get(), names);
+  content.codes = CodesContent(RegisteredCodes(), names);
   content.real_profiles = LibraryProfiles(ONU_ABILITY_PROFILE_TYPE_REAL, names);
   content.match_profiles = LibraryProfiles(ONU_ABILITY_PROFILE_TYPE_MATCH, names);
   return content;

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/registries.h"
 #include "onu_ability_common_table.h"
 
 namespace olt_host {
@@ -24,7 +25,7 @@ void VerifyAttributes(const Catalogue& catalogue) {
 
 void VerifyCodes(const Catalogue& catalogue) {
   OnuAbilityCodeInfo* codes = OnuAbilityCodeInfo::GetInstance();
-  if (codes->Get().size() != catalogue.codes.size()) {
+  if (RegisteredCodes().size() != catalogue.codes.size()) {
     Fail(catalogue.position, "every code");
   }
   for (const CodeEntry& code : catalogue.codes) {

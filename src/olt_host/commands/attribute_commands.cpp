@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/registries.h"
 #include "commands/host_commands.h"
 #include "commands/host_context.h"
-#include "commands/registries.h"
 #include "commands/text_table.h"
 #include "onu_ability_common_table.h"
 #include "vty/json_output.h"

@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "catalogue/registries.h"
 #include "commands/host_context.h"
-#include "commands/registries.h"
 #include "commands/text_table.h"
 #include "commands/time_text.h"
 #include "onu_ability_common_table.h"
@@ -138,7 +138,7 @@ void WriteFacts(struct vty& terminal) {
                         {"Threads", StatusOfProcess("Threads")},
                         {"State file", StateText()},
                         {"Attributes", std::to_string(RegisteredAttributes().size())},
-                        {"Ability codes", std::to_string(codes->Get().size())},
+                        {"Ability codes", std::to_string(RegisteredCodes().size())},
                         {"Key ability code", std::to_string(codes->GetKeyAbilityCode())},
                         {"Common SFU type", std::to_string(types->_sfu_common_type)},
                         {"Common HGU type", std::to_string(types->_hgu_common_type)},
@@ -167,7 +167,7 @@ void AddFacts(Json& document) {
                         {"threads", StatusOfProcess("Threads")}};
   document["state"] = StateJson();
   document["registries"] = {{"attributes", RegisteredAttributes().size()},
-                            {"codes", codes->Get().size()}};
+                            {"codes", RegisteredCodes().size()}};
   document["key_ability_code"] = codes->GetKeyAbilityCode();
   document["common_types"] = {{"sfu", types->_sfu_common_type}, {"hgu", types->_hgu_common_type}};
   document["tables"] = {{"real", SizeJson(SizeOf(ONU_ABILITY_PROFILE_TYPE_REAL))},

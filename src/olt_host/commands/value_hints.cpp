@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/registries.h"
 #include "commands/host_commands.h"
 #include "commands/host_context.h"
-#include "commands/registries.h"
 #include "onu_ability_common_table.h"
 #include "recognition/ability_reading.h"
 #include "vty/value_hints.h"

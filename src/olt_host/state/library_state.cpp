@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "catalogue/registries.h"
 #include "onu_ability_common_reg_extern_func.h"
 
 namespace olt_host {
@@ -26,19 +27,6 @@ bool SameProfiles(const std::vector<OnuAbilityProfile>& a,
   return std::equal(a.begin(), a.end(), b.begin(), b.end(), SameProfile);
 }
 
-std::map<unsigned short, std::string> CaptureAttributes() {
-  std::map<unsigned short, std::string> attributes;
-  OnuAbilityAttrInfo* registry = OnuAbilityAttrInfo::GetInstance();
-  // A new code record has an entry for every registered id, and for the value type
-  // whether or not it is one.
-  for (const auto& entry : ONU_ABILITY_CODE_ATTR_INFO().ability_attr) {
-    if (entry.first != ONU_ABILITY_ATTR_VALUE_TYPE || registry->IsExist(entry.first) != 0) {
-      attributes.emplace(static_cast<unsigned short>(entry.first), registry->Get(entry.first));
-    }
-  }
-  return attributes;
-}
-
 std::vector<OnuAbilityProfile> CaptureProfiles(ONU_ABILITY_ENUM_PROFILE_TYPE type) {
   std::vector<OnuAbilityProfile> profiles;
   OnuAbilityTableManager::GetInstance()->GetAll(type, ONU_ABILITY_PROFILE_SOURCE_ALL, profiles);
@@ -48,7 +36,7 @@ std::vector<OnuAbilityProfile> CaptureProfiles(ONU_ABILITY_ENUM_PROFILE_TYPE typ
 // REQUIRES: no code record is there, because it would keep its attributes.
 void InstallAttributes(const std::map<unsigned short, std::string>& wanted) {
   OnuAbilityAttrInfo* registry = OnuAbilityAttrInfo::GetInstance();
-  const std::map<unsigned short, std::string> held = CaptureAttributes();
+  const std::map<unsigned short, std::string> held = RegisteredAttributes();
   for (const auto& [id, name] : held) {
     const auto kept = wanted.find(id);
     if (kept == wanted.end() || kept->second != name) {
@@ -109,8 +97,8 @@ std::string Missing(const LibraryState& wanted) {
 
 LibraryState CaptureLibrary() {
   LibraryState state;
-  state.attributes = CaptureAttributes();
-  onu_ability_get_all_ability_attr_info(state.codes);
+  state.attributes = RegisteredAttributes();
+  state.codes = RegisteredCodes();
   state.key_ability_code = OnuAbilityCodeInfo::GetInstance()->GetKeyAbilityCode();
   const OnuAbilityGlobalVar* settings = OnuAbilityGlobalVar::GetInstance();
   state.sfu_common_type = settings->_sfu_common_type;

@@ -1,4 +1,4 @@
-#include "commands/registries.h"
+#include "catalogue/registries.h"
 
 #include "onu_ability_common_table.h"
 

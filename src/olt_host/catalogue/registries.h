@@ -1,6 +1,7 @@
-// The two registries as plain values, for reading.
-#ifndef OLT_HOST_COMMANDS_REGISTRIES_H
-#define OLT_HOST_COMMANDS_REGISTRIES_H
+// The two registries as plain values, for reading: a registry that has handed out its
+// records searches them for every code from then on.
+#ifndef OLT_HOST_CATALOGUE_REGISTRIES_H
+#define OLT_HOST_CATALOGUE_REGISTRIES_H
 
 #include <map>
 #include <string>
@@ -17,4 +18,4 @@ std::vector<ONU_ABILITY_CODE_ATTR_INFO> RegisteredCodes();
 
 }  // namespace olt_host
 
-#endif  // OLT_HOST_COMMANDS_REGISTRIES_H
+#endif  // OLT_HOST_CATALOGUE_REGISTRIES_H
