@@ -14,7 +14,6 @@ constexpr unsigned int kOk = 0;
 constexpr unsigned int kFailed = 1;
 constexpr unsigned int kNextItem = 0xFFFF;  // the only position that this host offers
 
-enum Tag : unsigned char { kShort = 0x02, kInt = 0x04, kBytes = 0x53 };
 constexpr std::size_t kTagSize = 1;
 constexpr std::size_t kLengthSize = 4;
 
@@ -40,8 +39,8 @@ unsigned int NumberAt(const Buffer& buffer, std::size_t offset, std::size_t widt
 }
 
 // Adds a whole item or, without memory for it, nothing.
-unsigned int Put(Buffer& buffer, Tag tag, unsigned int value, std::size_t width, const char* data,
-                 std::size_t length) {
+unsigned int Put(Buffer& buffer, olt_host::ItemTag tag, unsigned int value, std::size_t width,
+                 const char* data, std::size_t length) {
   const std::size_t before = buffer.bytes.size();
   try {
     buffer.bytes.push_back(tag);
@@ -58,7 +57,7 @@ unsigned int Put(Buffer& buffer, Tag tag, unsigned int value, std::size_t width,
 }
 
 // The next item as a number of `width` bytes; false when it is none.
-bool TakeNumber(Buffer& buffer, Tag tag, std::size_t width, unsigned int& value) {
+bool TakeNumber(Buffer& buffer, olt_host::ItemTag tag, std::size_t width, unsigned int& value) {
   if (buffer.unread() < kTagSize + width || buffer.bytes[buffer.cursor] != tag) return false;
   value = NumberAt(buffer, kTagSize, width);
   buffer.cursor += kTagSize + width;
@@ -82,28 +81,30 @@ Variant::~Variant() { delete static_cast<Buffer*>(_handle); }
 
 unsigned int Variant::Append(unsigned short value, unsigned int index) {
   if (index != kNextItem) return kFailed;
-  return Put(BufferIn(_handle), kShort, value, 2, nullptr, 0);
+  return Put(BufferIn(_handle), olt_host::kShortItem, value, 2, nullptr, 0);
 }
 
 unsigned int Variant::Append(unsigned int value, unsigned int index) {
   if (index != kNextItem) return kFailed;
-  return Put(BufferIn(_handle), kInt, value, 4, nullptr, 0);
+  return Put(BufferIn(_handle), olt_host::kIntItem, value, 4, nullptr, 0);
 }
 
 unsigned int Variant::Append(char* bytes, unsigned int length, unsigned int index) {
   if (index != kNextItem || (bytes == nullptr && length > 0)) return kFailed;
-  return Put(BufferIn(_handle), kBytes, length, kLengthSize, bytes, length);
+  return Put(BufferIn(_handle), olt_host::kBytesItem, length, kLengthSize, bytes, length);
 }
 
 unsigned int Variant::Fetch(unsigned short& value, unsigned int index) const {
   unsigned int number = 0;
-  if (index != kNextItem || !TakeNumber(BufferIn(_handle), kShort, 2, number)) return kFailed;
+  if (index != kNextItem || !TakeNumber(BufferIn(_handle), olt_host::kShortItem, 2, number))
+    return kFailed;
   value = static_cast<unsigned short>(number);
   return kOk;
 }
 
 unsigned int Variant::Fetch(unsigned int& value, unsigned int index) const {
-  if (index != kNextItem || !TakeNumber(BufferIn(_handle), kInt, 4, value)) return kFailed;
+  if (index != kNextItem || !TakeNumber(BufferIn(_handle), olt_host::kIntItem, 4, value))
+    return kFailed;
   return kOk;
 }
 
@@ -111,7 +112,8 @@ unsigned int Variant::Fetch(char* bytes, unsigned int length, unsigned int index
   Buffer& buffer = BufferIn(_handle);
   constexpr std::size_t kHeader = kTagSize + kLengthSize;
   if (index != kNextItem || (bytes == nullptr && length > 0)) return kFailed;
-  if (buffer.unread() < kHeader || buffer.bytes[buffer.cursor] != kBytes) return kFailed;
+  if (buffer.unread() < kHeader || buffer.bytes[buffer.cursor] != olt_host::kBytesItem)
+    return kFailed;
   if (NumberAt(buffer, kTagSize, kLengthSize) != length) return kFailed;
   if (buffer.unread() - kHeader < length) return kFailed;
   if (length > 0) std::memcpy(bytes, buffer.bytes.data() + buffer.cursor + kHeader, length);

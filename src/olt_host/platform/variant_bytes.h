@@ -16,6 +16,8 @@
 
 namespace olt_host {
 
+enum ItemTag : unsigned char { kShortItem = 0x02, kIntItem = 0x04, kBytesItem = 0x53 };
+
 // The bytes written so far, whatever was read of them.
 const std::vector<unsigned char>& VariantBytes(const Variant& variant);
 

@@ -14,11 +14,6 @@ namespace {
 
 using Abilities = std::map<unsigned short, ONU_ABILITY_COMMON_ABILITY_VALUE>;
 
-// The tags of the host's buffer, see platform/variant_bytes.h.
-constexpr std::uint8_t kShortItem = 0x02;
-constexpr std::uint8_t kIntItem = 0x04;
-constexpr std::uint8_t kBytesItem = 0x53;
-
 void RequireTag(ByteReader& items, std::uint8_t wanted) {
   const std::uint8_t tag = items.Number8();
   if (tag != wanted) {
