@@ -1,4 +1,3 @@
-#include <pwd.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -11,6 +10,7 @@
 #include "exit_status.h"
 #include "jobs.h"
 #include "session/line_session.h"
+#include "session/owner_name.h"
 #include "startup.h"
 #include "transport/transports.h"
 #include "vty/terminal.h"
@@ -18,11 +18,6 @@
 namespace olt_host {
 
 namespace {
-
-std::string ProcessOwner() {
-  const passwd* const owner = getpwuid(geteuid());
-  return owner != nullptr ? owner->pw_name : "uid " + std::to_string(geteuid());
-}
 
 void Listen(const ServingOptions& serving, CommandThread& commands, Transports& transports) {
   if (!serving.socket.empty()) {
@@ -56,7 +51,7 @@ int ServeOperators(const CommandLine& command_line) {
   Listen(serving, commands, transports);
   transports.OnStopSignal([&commands] { commands.Stop(); });
   if (command_line.job == Job::kConsole) {
-    transports.OpenTerminal(ProcessOwner(), [&commands] { commands.Stop(); });
+    transports.OpenTerminal(OwnerName(geteuid()), [&commands] { commands.Stop(); });
   }
   Host().sessions = &sessions;
   Host().commands = &commands;

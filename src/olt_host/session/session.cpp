@@ -6,6 +6,7 @@
 
 #include "platform/log_sink.h"
 #include "session/login.h"
+#include "session/owner_name.h"
 #include "session/tab_stops.h"
 #include "vty/completion.h"
 #include "vty/execute.h"
@@ -27,6 +28,7 @@ Session::Session(const SessionSetting& setting, unsigned int number, Channel& ch
     : _setting(setting),
       _channel(channel),
       _must_log_in(origin.must_log_in),
+      _owner(origin.owner),
       _keys(channel),
       _pager(channel, _keys),
       _terminal(setting.node,
@@ -46,7 +48,11 @@ SessionInfo Session::info() const {
 }
 
 void Session::Run() {
-  if (_must_log_in && !PassLogin()) return;
+  if (_must_log_in) {
+    if (!PassLogin()) return;
+  } else {
+    NameOwner();
+  }
   SessionSettings& settings = _terminal.settings();
   const SessionInfo info = this->info();
   settings.number = info.number;
@@ -56,6 +62,13 @@ void Session::Run() {
   settings.exec_timeout = _setting.limits.exec_timeout;
   _prompt = info.access == Access::kFull ? "olt> " : "olt(read-only)> ";
   if (Say(kBanner)) ReadAndRunLines();
+}
+
+void Session::NameOwner() {
+  if (!_owner) return;
+  const std::string name = OwnerName(*_owner);
+  const std::lock_guard<std::mutex> lock(_mutex);
+  _info.user = name;
 }
 
 bool Session::PassLogin() {

@@ -41,6 +41,7 @@ class Session {
   SessionInfo info() const;
 
  private:
+  void NameOwner();
   bool PassLogin();
   void ReadAndRunLines();
   // Runs one line and shows the answer; kLine to go on.
@@ -59,6 +60,7 @@ class Session {
   const SessionSetting& _setting;
   Channel& _channel;
   const bool _must_log_in;
+  const std::optional<uid_t> _owner;
   KeyReader _keys;
   Pager _pager;
   std::string _prompt;

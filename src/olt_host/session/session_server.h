@@ -4,9 +4,12 @@
 #ifndef OLT_HOST_SESSION_SESSION_SERVER_H
 #define OLT_HOST_SESSION_SESSION_SERVER_H
 
+#include <sys/types.h>
+
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,6 +34,8 @@ struct SessionOrigin {
   std::string user;    // known without a login; may be empty
   std::string origin;  // for `who`: "console", "unix", "127.0.0.1:40112"
   bool must_log_in = false;
+  // Of the process at the other end; the session takes its name for the user.
+  std::optional<uid_t> owner = std::nullopt;
 };
 
 // A line of `who`.

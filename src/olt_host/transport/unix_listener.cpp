@@ -1,13 +1,11 @@
 #include "transport/unix_listener.h"
 
 #include <fcntl.h>
-#include <pwd.h>
 #include <sys/file.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
@@ -140,11 +138,7 @@ SessionOrigin UnixClientOrigin(ClientSocket& client) {
   }
   SessionOrigin origin;
   origin.origin = "unix";
-  passwd record{};
-  passwd* found = nullptr;
-  std::array<char, 4096> texts{};
-  getpwuid_r(peer.uid, &record, texts.data(), texts.size(), &found);
-  origin.user = found != nullptr ? found->pw_name : "uid " + std::to_string(peer.uid);
+  origin.owner = peer.uid;
   return origin;
 }
 

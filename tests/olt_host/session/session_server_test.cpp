@@ -1,8 +1,10 @@
 // Several sessions at once, and clients that come, go, and do not read.
 #include <dirent.h>
+#include <unistd.h>
 
 #include <algorithm>
 
+#include "session/owner_name.h"
 #include "session/session_fixture.h"
 
 namespace olt_host {
@@ -30,6 +32,14 @@ TEST_F(SessionServers, TellWhoIsThere) {
   EXPECT_EQ("bert", sessions[1].user);
   EXPECT_NE(sessions[0].number, sessions[1].number);
   EXPECT_LT(sessions[0].idle, kSoon);
+}
+
+TEST_F(SessionServers, TakeTheOwnerOfAProcessForTheUser) {
+  Client client;
+  ASSERT_TRUE(client.Start(server(), {"", "unix", false, geteuid()}));
+  ASSERT_TRUE(client.Sees("olt> "));
+  EXPECT_EQ(OwnerName(geteuid()), server().Sessions().at(0).user);
+  EXPECT_EQ("uid 4000000000", OwnerName(4000000000U));
 }
 
 TEST_F(SessionServers, TheBannerFitsTheScreen) {
