@@ -17,7 +17,6 @@
 namespace olt_host {
 namespace {
 
-constexpr std::size_t kLinesRemembered = 500;
 constexpr std::size_t kMostUnsent = 32U << 10U;
 
 std::size_t Utf8Size(wchar_t character) {
@@ -107,11 +106,13 @@ struct Editor::Callbacks {
   }
 };
 
-Editor::Editor(Channel& channel, KeyReader& keys, std::size_t line_bytes, Helpers helpers)
+Editor::Editor(Channel& channel, KeyReader& keys, std::size_t line_bytes,
+               const std::deque<std::string>& remembered, Helpers helpers)
     : _channel(channel),
       _keys(keys),
       _line_bytes(line_bytes),
       _helpers(std::move(helpers)),
+      _history(remembered),
       _library(std::make_unique<Library>()) {
   const EditorTurn turn;
   const EditorTerminal& terminal = _library->terminal;
@@ -173,8 +174,6 @@ Editor::Outcome Editor::Read(const std::string& prompt, std::string& line) {
 }
 
 void Editor::Remember(const std::string& line) {
-  if (_lines.empty() || _lines.back() != line) _lines.push_back(line);
-  if (_lines.size() > kLinesRemembered) _lines.pop_front();
   const EditorTurn turn;
   HistEvent event;
   history(_library->history, &event, H_ENTER, line.c_str());

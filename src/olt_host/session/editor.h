@@ -18,6 +18,8 @@
 
 namespace olt_host {
 
+constexpr std::size_t kLinesRemembered = 500;
+
 class Editor {
  public:
   enum class Outcome {
@@ -37,8 +39,10 @@ class Editor {
     std::function<Outcome(const std::string& lines)> show;
   };
 
-  // Throws std::runtime_error when the system has no more terminals to give.
-  Editor(Channel& channel, KeyReader& keys, std::size_t line_bytes, Helpers helpers);
+  // `remembered` is searched, and outlives this. Throws std::runtime_error when the system
+  // has no more terminals to give.
+  Editor(Channel& channel, KeyReader& keys, std::size_t line_bytes,
+         const std::deque<std::string>& remembered, Helpers helpers);
   ~Editor();
   Editor(const Editor&) = delete;
   Editor& operator=(const Editor&) = delete;
@@ -47,7 +51,7 @@ class Editor {
   // line, unless the outcome is kTimedOut or kEnd.
   Outcome Read(const std::string& prompt, std::string& line);
 
-  // Adds to the history.
+  // Adds to the lines that the arrow keys go through.
   void Remember(const std::string& line);
 
  private:
@@ -86,8 +90,8 @@ class Editor {
   const Helpers _helpers;
   std::string _prompt;
   Outcome _outcome = Outcome::kLine;
-  std::deque<char32_t> _pending;   // keys to deliver before the next one is read
-  std::deque<std::string> _lines;  // the history, for searches
+  const std::deque<std::string>& _history;
+  std::deque<char32_t> _pending;  // keys to deliver before the next one is read
   Search _search;
   bool _full = false;      // no more room, as was found with the last key
   bool _too_long = false;  // something was swallowed

@@ -24,7 +24,7 @@ unsigned char Editor::StartSearch() {
   _search.active = true;
   _search.line.assign(info->buffer, info->lastchar);
   _search.prompt = _prompt;
-  _search.place = _lines.size();
+  _search.place = _history.size();
   _prompt = "(search) \"\": ";
   return CC_REFRESH;
 }
@@ -42,14 +42,14 @@ unsigned char Editor::StepSearch() {
       _search.pattern.pop_back();
     }
     if (!_search.pattern.empty()) _search.pattern.pop_back();
-    FindFrom(_lines.size());
+    FindFrom(_history.size());
   } else if (key < 0x20) {
     EndSearch();
     // The key ends the search and then does what it does.
     if (key != KeyReader::kEscape) _pending.push_front(key);
   } else if (_search.pattern.size() < kLongestPattern) {
     _search.pattern += Utf8(key);
-    FindFrom(std::min(_search.place + 1, _lines.size()));
+    FindFrom(std::min(_search.place + 1, _history.size()));
   }
   return CC_REFRESH;
 }
@@ -64,10 +64,10 @@ void Editor::FindFrom(std::size_t place) {
   _search.found = _search.pattern.empty();
   while (!_search.found && place > 0) {
     --place;
-    _search.found = _lines[place].find(_search.pattern) != std::string::npos;
+    _search.found = _history[place].find(_search.pattern) != std::string::npos;
     if (!_search.found) continue;
     _search.place = place;
-    ReplaceLine(_lines[place]);
+    ReplaceLine(_history[place]);
   }
   _prompt =
       std::string(_search.found ? "(search) \"" : "(not found) \"") + _search.pattern + "\": ";

@@ -17,7 +17,6 @@
 namespace olt_host {
 namespace {
 
-constexpr std::size_t kLinesRemembered = 500;
 constexpr const char* kBanner = "ONU ability console of olt_host " OLT_HOST_VERSION
                                 ": ? or help for help, exit or ^D to leave.\r\n";
 
@@ -97,7 +96,8 @@ void Session::ReadAndRunLines() {
     return Help(text, line);
   };
   helpers.show = [this](const std::string& lines) { return ShowPaged(lines); };
-  Editor editor(_channel, _keys, _setting.limits.line_bytes, std::move(helpers));
+  Editor editor(_channel, _keys, _setting.limits.line_bytes, _terminal.settings().history,
+                std::move(helpers));
   std::string line;
   while (_terminal.alive()) {
     FollowWindow();
