@@ -49,7 +49,7 @@ int RunReplayJob(const CommandLine& command_line) {
   } else {
     std::cout << ReplayText(result);
   }
-  if (!std::cout.flush()) throw std::runtime_error("standard output cannot be written");
+  FlushStandardOutput();
   return result.failures.empty() ? kExitOk : kExitNotAsExpected;
 }
 

@@ -10,6 +10,7 @@
 #include "network/network_confirmation.h"
 #include "network_output.h"
 #include "network_run.h"
+#include "standard_output.h"
 #include "startup.h"
 
 namespace olt_host {
@@ -26,7 +27,7 @@ class ConfirmedBlocks : public BlockTaker {
   void Take(const std::string& result) override {
     const BlockResult block = ParseBlockResult(result);
     std::cout << block.rows;
-    if (!std::cout) throw std::runtime_error("standard output cannot be written");
+    FlushStandardOutput();
     _summary.Merge(block.summary);
   }
   Json Taken() const override { return ToJson(_summary); }
@@ -89,7 +90,7 @@ int RunNetworkConfirmJob(const CommandLine& command_line) {
   if (!with_rows) {
     return PrintNetworkSummary(head, summary, command_line.format == OutputFormat::kJson);
   }
-  if (!std::cout.flush()) throw std::runtime_error("standard output cannot be written");
+  FlushStandardOutput();
   for (const RefusedLine& line : summary.refused.first()) std::cerr << line.Text() << "\n";
   return StatusOf(head, summary);
 }

@@ -1,10 +1,10 @@
 #include "network_output.h"
 
 #include <iostream>
-#include <stdexcept>
 
 #include "exit_status.h"
 #include "network/network_summary_text.h"
+#include "standard_output.h"
 
 namespace olt_host {
 
@@ -14,7 +14,7 @@ int PrintNetworkSummary(const DocumentHead& head, const NetworkSummary& summary,
   } else {
     std::cout << HeadText(head) << "\n" << NetworkSummaryText(summary);
   }
-  if (!std::cout.flush()) throw std::runtime_error("standard output cannot be written");
+  FlushStandardOutput();
   return StatusOf(head, summary);
 }
 

@@ -11,6 +11,7 @@
 #include "jobs.h"
 #include "session/line_session.h"
 #include "session/owner_name.h"
+#include "standard_output.h"
 #include "startup.h"
 #include "transport/transports.h"
 #include "vty/terminal.h"
@@ -75,9 +76,7 @@ int RunPipedCommands(const CommandLine& command_line) {
   });
   terminal.settings().origin = "pipe";
   const int failed = RunLines(std::cin, terminal, false);
-  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
-    throw std::runtime_error("standard output cannot be written");
-  }
+  FlushStandardOutput();
   return failed == 0 ? kExitOk : kExitNotAsExpected;
 }
 

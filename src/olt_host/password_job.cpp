@@ -10,6 +10,7 @@
 #include "exit_status.h"
 #include "jobs.h"
 #include "session/users.h"
+#include "standard_output.h"
 
 namespace olt_host {
 
@@ -88,8 +89,8 @@ int RunPasswordJob(const CommandLine& command_line) {
   if (isatty(STDIN_FILENO) != 0 && Ask("Again: ") != password) {
     throw std::runtime_error("the two passwords differ");
   }
-  std::cout << PasswordLine(command_line.user, password, command_line.access) << std::endl;
-  if (!std::cout) throw std::runtime_error("standard output cannot be written");
+  std::cout << PasswordLine(command_line.user, password, command_line.access) << "\n";
+  FlushStandardOutput();
   return kExitOk;
 }
 

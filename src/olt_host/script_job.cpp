@@ -11,6 +11,7 @@
 #include "exit_status.h"
 #include "jobs.h"
 #include "session/line_session.h"
+#include "standard_output.h"
 #include "startup.h"
 #include "vty/terminal.h"
 
@@ -57,9 +58,7 @@ int RunScriptJob(const CommandLine& command_line) {
     const std::string where = command_line.command_files.size() > 1 ? file + " " : "";
     failed = RunFile(file, where, terminal, command_line.check_only) | failed;
   }
-  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
-    throw std::runtime_error("standard output cannot be written");
-  }
+  FlushStandardOutput();
   return failed == 0 ? kExitOk : kExitNotAsExpected;
 }
 

@@ -1,11 +1,18 @@
 #include "standard_output.h"
 
+#include <cstdio>
 #include <iostream>
 #include <stdexcept>
 
 #include "commands/host_context.h"
 
 namespace olt_host {
+
+void FlushStandardOutput() {
+  if (!std::cout.flush() || std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+    throw std::runtime_error("standard output cannot be written");
+  }
+}
 
 void WriteToStandardOutput(const std::function<void(struct vty& terminal)>& write) {
   struct vty terminal(kCommandNode, [](const char* bytes, std::size_t length) {
@@ -15,7 +22,7 @@ void WriteToStandardOutput(const std::function<void(struct vty& terminal)>& writ
     return static_cast<bool>(std::cout);
   });
   write(terminal);
-  if (!std::cout.flush()) throw std::runtime_error("standard output cannot be written");
+  FlushStandardOutput();
 }
 
 }  // namespace olt_host

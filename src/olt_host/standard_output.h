@@ -8,6 +8,9 @@
 
 namespace olt_host {
 
+// Throws std::runtime_error when what std::cout or stdout was given cannot be written.
+void FlushStandardOutput();
+
 // Calls `write` with a terminal that is standard output, with plain line breaks. Throws
 // std::runtime_error when it cannot be written.
 void WriteToStandardOutput(const std::function<void(struct vty& terminal)>& write);
