@@ -11,8 +11,8 @@
 #include <string_view>
 
 #include "catalogue/whole_file.h"
+#include "platform/file_descriptor.h"
 #include "recognition/json_number.h"
-#include "state/file_descriptor.h"
 
 namespace olt_host {
 

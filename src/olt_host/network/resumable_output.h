@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "state/file_descriptor.h"
+#include "platform/file_descriptor.h"
 
 namespace olt_host {
 

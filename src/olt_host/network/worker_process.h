@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "state/file_descriptor.h"
+#include "platform/file_descriptor.h"
 
 namespace olt_host {
 

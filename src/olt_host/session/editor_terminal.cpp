@@ -20,35 +20,32 @@ constexpr unsigned int kMostColumns = 500;
 constexpr unsigned int kFewestRows = 2;
 constexpr unsigned int kMostRows = 200;
 
+// -1, and errno, when there is none.
+int OpenSlave(const FileDescriptor& master) {
+  std::array<char, 64> name{};
+  const bool is_there = master.is_open() && grantpt(master.get()) == 0 &&
+                        unlockpt(master.get()) == 0 &&
+                        ptsname_r(master.get(), name.data(), name.size()) == 0;
+  return is_there ? open(name.data(), O_RDWR | O_NOCTTY | O_CLOEXEC) : -1;
+}
+
 }  // namespace
 
-EditorTerminal::EditorTerminal() {
-  std::array<char, 64> name{};
-  _master = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
-  if (_master >= 0 && grantpt(_master) == 0 && unlockpt(_master) == 0 &&
-      ptsname_r(_master, name.data(), name.size()) == 0) {
-    _slave = open(name.data(), O_RDWR | O_NOCTTY | O_CLOEXEC);
-  }
-  if (_slave >= 0) {
-    cookie_io_functions_t functions = {};
-    functions.write = [](void* terminal, const char* bytes, std::size_t length) -> ssize_t {
-      return static_cast<EditorTerminal*>(terminal)->Append(bytes, length);
-    };
-    _stream = fopencookie(this, "w", functions);
-  }
+EditorTerminal::EditorTerminal()
+    : _master(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC)),
+      _slave(OpenSlave(_master)),
+      _stream(_slave.is_open() ? OpenStream() : nullptr) {
   if (_stream == nullptr) {
-    const int error = errno;
-    Close();
-    throw std::system_error(error, std::generic_category(), "cannot open a pseudo-terminal");
+    throw std::system_error(errno, std::generic_category(), "cannot open a pseudo-terminal");
   }
 }
 
-EditorTerminal::~EditorTerminal() { Close(); }
-
-void EditorTerminal::Close() {
-  if (_stream != nullptr) std::fclose(_stream);
-  if (_slave >= 0) close(_slave);
-  if (_master >= 0) close(_master);
+std::FILE* EditorTerminal::OpenStream() {
+  cookie_io_functions_t functions = {};
+  functions.write = [](void* terminal, const char* bytes, std::size_t length) -> ssize_t {
+    return static_cast<EditorTerminal*>(terminal)->Append(bytes, length);
+  };
+  return fopencookie(this, "w", functions);
 }
 
 long EditorTerminal::Append(const char* bytes, unsigned long length) noexcept {
@@ -67,11 +64,11 @@ void EditorTerminal::SetWindow(Channel::Window window) {
   struct winsize size = {};
   size.ws_col = static_cast<unsigned short>(_columns);
   size.ws_row = static_cast<unsigned short>(std::clamp(window.rows, kFewestRows, kMostRows));
-  ioctl(_slave, TIOCSWINSZ, &size);
+  ioctl(_slave.get(), TIOCSWINSZ, &size);
 }
 
 std::string EditorTerminal::TakeOutput() {
-  std::fflush(_stream);
+  std::fflush(_stream.get());
   return std::exchange(_output, std::string());
 }
 

@@ -7,8 +7,10 @@
 #define OLT_HOST_SESSION_EDITOR_TERMINAL_H
 
 #include <cstdio>
+#include <memory>
 #include <string>
 
+#include "platform/file_descriptor.h"
 #include "session/channel.h"
 
 namespace olt_host {
@@ -17,12 +19,11 @@ class EditorTerminal {
  public:
   // Throws std::system_error when the system has no more pseudo-terminals.
   EditorTerminal();
-  ~EditorTerminal();
   EditorTerminal(const EditorTerminal&) = delete;
   EditorTerminal& operator=(const EditorTerminal&) = delete;
 
-  int descriptor() const { return _slave; }
-  std::FILE* stream() const { return _stream; }
+  int descriptor() const { return _slave.get(); }
+  std::FILE* stream() const { return _stream.get(); }
 
   // Sizes that the editor cannot work with are brought to the nearest one.
   void SetWindow(Channel::Window window);
@@ -34,13 +35,17 @@ class EditorTerminal {
   std::size_t output_size() const { return _output.size(); }
 
  private:
-  long Append(const char* bytes, unsigned long length) noexcept;
-  void Close();
+  struct CloseStream {
+    void operator()(std::FILE* stream) const { std::fclose(stream); }
+  };
 
-  int _master = -1;
-  int _slave = -1;
-  std::FILE* _stream = nullptr;
+  std::FILE* OpenStream();
+  long Append(const char* bytes, unsigned long length) noexcept;
+
+  const FileDescriptor _master;
+  const FileDescriptor _slave;
   std::string _output;
+  const std::unique_ptr<std::FILE, CloseStream> _stream;  // writes to the output as it closes
   unsigned int _columns = 80;
 };
 

@@ -12,28 +12,14 @@
 #include <stdexcept>
 #include <system_error>
 
+#include "platform/file_descriptor.h"
+
 namespace olt_host {
 namespace {
 
 constexpr std::size_t kLongestName = 32;
 constexpr std::size_t kLargestFile = 1U << 20U;
 constexpr const char* kForm = "; expected name:hash:full or name:hash:read-only";
-
-class OpenFile {
- public:
-  explicit OpenFile(const std::string& file)
-      : _descriptor(open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {}
-  ~OpenFile() {
-    if (_descriptor >= 0) close(_descriptor);
-  }
-  OpenFile(const OpenFile&) = delete;
-  OpenFile& operator=(const OpenFile&) = delete;
-
-  int descriptor() const { return _descriptor; }
-
- private:
-  const int _descriptor;
-};
 
 [[noreturn]] void FailToRead(const std::string& file, int error) {
   throw std::runtime_error(file + ": cannot be read: " + std::generic_category().message(error) +
@@ -42,11 +28,9 @@ class OpenFile {
 
 // The content, once it is known that nobody else may read or write it.
 std::string ReadPrivateFile(const std::string& file) {
-  const OpenFile opened(file);
+  const FileDescriptor opened(open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   struct stat status = {};
-  if (opened.descriptor() < 0 || fstat(opened.descriptor(), &status) != 0) {
-    FailToRead(file, errno);
-  }
+  if (!opened.is_open() || fstat(opened.get(), &status) != 0) FailToRead(file, errno);
   if (!S_ISREG(status.st_mode)) {
     throw std::runtime_error(file + ": is no regular file; expected a password file");
   }
@@ -56,7 +40,7 @@ std::string ReadPrivateFile(const std::string& file) {
   std::string content;
   char part[4096];
   while (content.size() <= kLargestFile) {
-    const ssize_t length = read(opened.descriptor(), part, sizeof part);
+    const ssize_t length = read(opened.get(), part, sizeof part);
     if (length < 0) FailToRead(file, errno);
     if (length == 0) return content;
     content.append(part, static_cast<std::size_t>(length));

@@ -7,7 +7,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include "state/file_descriptor.h"
+#include "platform/file_descriptor.h"
 #include "state/state_frame.h"
 #include "state/state_merge.h"
 #include "state/stored_state.h"

@@ -10,7 +10,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "state/file_descriptor.h"
+#include "platform/file_descriptor.h"
 #include "state/state_file.h"
 #include "state/state_frame.h"
 

@@ -9,7 +9,7 @@
 #include <memory>
 #include <utility>
 
-#include "state/file_descriptor.h"
+#include "platform/file_descriptor.h"
 #include "state/state_file.h"
 
 namespace olt_host {

@@ -13,6 +13,8 @@
 #include <system_error>
 #include <thread>
 
+#include "platform/file_descriptor.h"
+
 namespace olt_host {
 namespace {
 
@@ -30,28 +32,27 @@ std::string ErrorText(int error) { return std::generic_category().message(error)
 // the look alone has to do.
 class DirectoryLock {
  public:
-  explicit DirectoryLock(const std::string& path) {
-    std::filesystem::path directory = std::filesystem::path(path).parent_path();
-    if (directory.empty()) directory = ".";
-    _descriptor = open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (_descriptor < 0) return;
+  explicit DirectoryLock(const std::string& path)
+      : _directory(DirectoryOf(path)),
+        _descriptor(open(_directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    if (!_descriptor.is_open()) return;
     const auto limit = std::chrono::steady_clock::now() + kLockPatience;
-    while (flock(_descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+    while (flock(_descriptor.get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
       if (std::chrono::steady_clock::now() > limit) {
-        close(_descriptor);
-        Fail(path, "another process holds a lock on " + directory.string());
+        Fail(path, "another process holds a lock on " + _directory);
       }
       std::this_thread::sleep_for(std::chrono::milliseconds(20));
     }
   }
-  ~DirectoryLock() {
-    if (_descriptor >= 0) close(_descriptor);
-  }
-  DirectoryLock(const DirectoryLock&) = delete;
-  DirectoryLock& operator=(const DirectoryLock&) = delete;
 
  private:
-  int _descriptor = -1;
+  static std::string DirectoryOf(const std::string& path) {
+    const std::filesystem::path directory = std::filesystem::path(path).parent_path();
+    return directory.empty() ? "." : directory.string();
+  }
+
+  const std::string _directory;
+  const FileDescriptor _descriptor;
 };
 
 // Removes a socket that nobody serves; refuses whatever else is at the path.

@@ -17,7 +17,7 @@
 #include <set>
 
 #include "host_files.h"
-#include "state/file_descriptor.h"
+#include "platform/file_descriptor.h"
 #include "state/state_file.h"
 
 namespace olt_host_test {

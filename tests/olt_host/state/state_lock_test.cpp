@@ -6,7 +6,7 @@
 #include <sys/file.h>
 
 #include "host_files.h"
-#include "state/file_descriptor.h"
+#include "platform/file_descriptor.h"
 #include "state/state_file.h"
 
 namespace olt_host_test {

@@ -1,6 +1,6 @@
 // An open file that closes with its scope.
-#ifndef OLT_HOST_STATE_FILE_DESCRIPTOR_H
-#define OLT_HOST_STATE_FILE_DESCRIPTOR_H
+#ifndef OLT_HOST_PLATFORM_FILE_DESCRIPTOR_H
+#define OLT_HOST_PLATFORM_FILE_DESCRIPTOR_H
 
 #include <unistd.h>
 
@@ -28,4 +28,4 @@ class FileDescriptor {
 
 }  // namespace olt_host
 
-#endif  // OLT_HOST_STATE_FILE_DESCRIPTOR_H
+#endif  // OLT_HOST_PLATFORM_FILE_DESCRIPTOR_H
