@@ -13,6 +13,7 @@ import sys
 
 LIBRARY = ["platform", "vocabulary", "hooks", "attributes", "codes", "profile", "table_base",
            "tables", "manager", "confirmation", "table_area", "queries", "command_line"]
+HOST_BASE = LIBRARY + ["host platform", "host text"]
 AREA = "onu_ability_common/"
 TABLE = AREA + "onu_ability_common_table/"
 
@@ -39,28 +40,27 @@ LAYERS = [
     ("queries", [AREA + "onu_ability_common_service_cinterface*"], LIBRARY[:11]),
     ("command_line", [AREA + "onu_ability_common_service_cli*"], LIBRARY[:12]),
     ("host platform", ["olt_host/platform/*"], LIBRARY),
-    ("host vty", ["olt_host/vty/*"], LIBRARY + ["host platform"]),
-    ("host catalogue", ["olt_host/catalogue/*"], LIBRARY + ["host platform"]),
-    ("host confirmation", ["olt_host/confirmation/*"], LIBRARY + ["host catalogue"]),
-    ("host state", ["olt_host/state/*"], LIBRARY + ["host platform", "host catalogue"]),
+    ("host text", ["olt_host/text/*"], []),
+    ("host vty", ["olt_host/vty/*"], HOST_BASE),
+    ("host catalogue", ["olt_host/catalogue/*"], HOST_BASE),
+    ("host confirmation", ["olt_host/confirmation/*"], LIBRARY + ["host text", "host catalogue"]),
+    ("host state", ["olt_host/state/*"], HOST_BASE + ["host catalogue"]),
     ("host recognition", ["olt_host/recognition/*"],
-     LIBRARY + ["host platform", "host catalogue", "host confirmation", "host state"]),
+     HOST_BASE + ["host catalogue", "host confirmation", "host state"]),
     ("host generation", ["olt_host/generation/*"],
-     LIBRARY + ["host platform", "host catalogue", "host confirmation", "host state",
-                "host recognition"]),
+     HOST_BASE + ["host catalogue", "host confirmation", "host state", "host recognition"]),
     ("host network", ["olt_host/network/*"],
-     LIBRARY + ["host platform", "host catalogue", "host confirmation", "host state",
-                "host recognition", "host generation"]),
-    ("host session", ["olt_host/session/*"], LIBRARY + ["host platform", "host vty"]),
-    ("host transport", ["olt_host/transport/*"],
-     LIBRARY + ["host platform", "host vty", "host session"]),
+     HOST_BASE + ["host catalogue", "host confirmation", "host state", "host recognition",
+                  "host generation"]),
+    ("host session", ["olt_host/session/*"], HOST_BASE + ["host vty"]),
+    ("host transport", ["olt_host/transport/*"], HOST_BASE + ["host vty", "host session"]),
     ("host commands", ["olt_host/commands/*"],
-     LIBRARY + ["host platform", "host vty", "host catalogue", "host confirmation", "host state",
-                "host recognition", "host session"]),
+     HOST_BASE + ["host vty", "host catalogue", "host confirmation", "host state",
+                  "host recognition", "host session"]),
     ("host program", ["olt_host/*"],
-     LIBRARY + ["host platform", "host vty", "host catalogue", "host confirmation", "host state",
-                "host recognition", "host generation", "host network", "host session",
-                "host transport", "host commands"]),
+     HOST_BASE + ["host vty", "host catalogue", "host confirmation", "host state",
+                  "host recognition", "host generation", "host network", "host session",
+                  "host transport", "host commands"]),
 ]
 
 # Where an include by bare name is looked for.

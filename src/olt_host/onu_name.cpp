@@ -1,6 +1,6 @@
 #include "onu_name.h"
 
-#include "vty/number.h"
+#include "text/number.h"
 
 namespace olt_host {
 

@@ -9,8 +9,8 @@
 #include "commands/host_context.h"
 #include "commands/text_table.h"
 #include "onu_ability_common_table.h"
+#include "text/number.h"
 #include "vty/json_output.h"
-#include "vty/number.h"
 #include "vty/terminal.h"
 
 namespace olt_host {

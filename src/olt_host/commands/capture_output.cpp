@@ -6,7 +6,7 @@
 #include "commands/host_context.h"
 #include "commands/text_table.h"
 #include "recognition/capture.h"
-#include "vty/place.h"
+#include "text/columns.h"
 
 namespace olt_host {
 

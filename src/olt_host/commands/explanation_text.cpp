@@ -8,7 +8,7 @@
 #include "commands/explanation_words.h"
 #include "commands/host_context.h"
 #include "commands/text_table.h"
-#include "vty/place.h"
+#include "text/columns.h"
 
 namespace olt_host {
 

@@ -10,8 +10,8 @@
 #include "confirmation/json_writer.h"
 #include "confirmation/summary_writer.h"
 #include "confirmation/table_writer.h"
-#include "vty/place.h"
-#include "vty/wrapping.h"
+#include "text/columns.h"
+#include "text/wrapping.h"
 
 namespace olt_host {
 

@@ -14,8 +14,8 @@
 #include "state/catalogue_wholeness.h"
 #include "state/state_file.h"
 #include "state/state_lock.h"
+#include "text/wrapping.h"
 #include "vty/execute.h"
-#include "vty/wrapping.h"
 
 namespace olt_host {
 

@@ -8,7 +8,7 @@
 #include "platform/log_levels.h"
 #include "platform/log_sink.h"
 #include "recognition/undisturbed_library.h"
-#include "vty/number.h"
+#include "text/number.h"
 
 namespace olt_host {
 

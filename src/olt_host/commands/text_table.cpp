@@ -4,29 +4,14 @@
 #include <numeric>
 #include <sstream>
 
-#include "vty/place.h"
-#include "vty/wrapping.h"
+#include "text/columns.h"
+#include "text/wrapping.h"
 
 namespace olt_host {
 
 namespace {
 
-// A terminal that is written to its last column may break the line itself.
-constexpr std::size_t kLineWidth = 79;
 constexpr std::size_t kGap = 2;
-
-bool ContinuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
-
-// The bytes of the first `columns` characters.
-std::size_t BytesOf(const std::string& text, std::size_t columns) {
-  std::size_t at = 0;
-  for (std::size_t taken = 0; at < text.size() && taken < columns; ++taken) {
-    do {
-      ++at;
-    } while (at < text.size() && ContinuesCharacter(text[at]));
-  }
-  return at;
-}
 
 std::string Fitted(const std::string& text, std::size_t width, Align align) {
   const std::size_t columns = DisplayWidth(text);
@@ -71,7 +56,7 @@ std::vector<std::size_t> TextTable::Widths() const {
       widths[i] = std::max(widths[i], DisplayWidth(row[i]));
     }
   }
-  const std::size_t room = kLineWidth - kGap * (widths.size() - 1);
+  const std::size_t room = kLineColumns - kGap * (widths.size() - 1);
   while (std::accumulate(widths.begin(), widths.end(), std::size_t{0}) > room) {
     --*std::max_element(widths.begin(), widths.end());
   }
@@ -100,7 +85,7 @@ void WritePairs(struct vty& terminal,
     std::string rest = Printable(value);
     std::string before = std::string(kGap, ' ') + Fitted(name, width + kGap, Align::kLeft);
     do {
-      const std::size_t taken = BytesOf(rest, kLineWidth - begin);
+      const std::size_t taken = BytesOf(rest, kLineColumns - begin);
       WriteLine(terminal, before + rest.substr(0, taken));
       rest.erase(0, taken);
       before = std::string(begin, ' ');

@@ -6,7 +6,7 @@
 #include "recognition/ability_reading.h"
 #include "recognition/type_comparison.h"
 #include "recognition/type_expression.h"
-#include "vty/wrapping.h"
+#include "text/wrapping.h"
 
 namespace olt_host {
 

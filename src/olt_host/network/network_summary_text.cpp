@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "confirmation/summary_writer.h"
-#include "recognition/wrapped_text.h"
+#include "text/wrapping.h"
 
 namespace olt_host {
 
@@ -54,9 +54,9 @@ void WriteUnrecognised(std::ostream& out, const NetworkSummary& summary) {
         << (key.nearest.key == 0 ? "a profile without a key"
                                  : Named(key.nearest.key, group.type_name))
         << "\n";
-    out << Wrapped(kIndent, group.ability + " (" + std::to_string(key.code) + ") is " + group.held +
-                                " there, and " + group.reported + " at ONU " +
-                                NameOf(group.example));
+    out << WrapWords(kIndent, group.ability + " (" + std::to_string(key.code) + ") is " +
+                                  group.held + " there, and " + group.reported + " at ONU " +
+                                  NameOf(group.example));
   }
   WriteMore(out, groups.size() - std::min(groups.size(), kShown), "such groups, see --json");
 }
@@ -72,7 +72,7 @@ void WriteOlts(std::ostream& out, const NetworkSummary& summary) {
     std::ostringstream row;
     row << std::setw(8) << olt.onus << std::setw(9) << olt.not_recognised << std::setw(9)
         << olt.not_as_expected;
-    const bool fits = WidthOf(row.str()) + 2 + WidthOf(name) <= kTextColumns;
+    const bool fits = DisplayWidth(row.str()) + 2 + DisplayWidth(name) <= kLineColumns;
     out << row.str() << (fits ? "  " : std::string("\n") + kIndent) << name << "\n";
   }
   WriteMore(out, olts.size() - std::min(olts.size(), kShown), "OLTs with some, see --json");
@@ -82,7 +82,7 @@ void WriteFailures(std::ostream& out, const NetworkSummary& summary) {
   if (summary.failures.empty()) return;
   out << "\nNot as expected\n";
   for (const FailedExpectation& failure : summary.failures) {
-    out << Wrapped("  ", "ONU " + NameOf(failure.onu) + " " + failure.what);
+    out << WrapWords("  ", "ONU " + NameOf(failure.onu) + " " + failure.what);
   }
   WriteMore(out, summary.counts.expectation_failed - summary.failures.size(),
             "ONUs; --csv has them all");
@@ -98,9 +98,9 @@ void WriteProfiles(std::ostream& out, const NetworkSummary& summary) {
   }
   if (never > kShownKeys) keys += ", ...";
   out << "\n";
-  out << Wrapped("", std::to_string(summary.profiles.size() - never) + " of " +
-                         std::to_string(summary.profiles.size()) + " match profiles took ONUs" +
-                         (never > 0 ? ", " + std::to_string(never) + " never did: " + keys : ""));
+  out << WrapWords("", std::to_string(summary.profiles.size() - never) + " of " +
+                           std::to_string(summary.profiles.size()) + " match profiles took ONUs" +
+                           (never > 0 ? ", " + std::to_string(never) + " never did: " + keys : ""));
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include "catalogue/catalogue.h"
 #include "catalogue/whole_file.h"
 #include "recognition/json_number.h"
-#include "recognition/wrapped_text.h"
+#include "text/wrapping.h"
 
 namespace olt_host {
 
@@ -56,9 +56,9 @@ std::string ShardsText(const std::string& title, const ShardSet& shards) {
   if (shards.IsWhole()) return "";
   const std::string counts =
       std::to_string(shards.numbers.size()) + " of " + std::to_string(shards.count);
-  return Wrapped(title, shards.LacksSome()
-                            ? counts + "; missing: " + MissingText(shards)
-                            : counts + ", number " + std::to_string(*shards.numbers.begin()));
+  return WrapWords(title, shards.LacksSome()
+                              ? counts + "; missing: " + MissingText(shards)
+                              : counts + ", number " + std::to_string(*shards.numbers.begin()));
 }
 
 Json MakeDocument(const DocumentHead& head, const Json& counts) {

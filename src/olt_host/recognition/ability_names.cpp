@@ -8,6 +8,7 @@
 #include "catalogue/nearest_name.h"
 #include "onu_ability_common_table.h"
 #include "recognition/letter_case.h"
+#include "text/number.h"
 
 namespace olt_host {
 
@@ -29,14 +30,10 @@ bool HoldsText(const ONU_ABILITY_CODE_ATTR_INFO& record) {
 
 // The code that a text of digits states; false for any other text.
 bool ReadCode(const std::string& text, std::uint16_t& code) {
-  constexpr std::size_t kMostDigits = 5;
-  if (text.empty() || text.size() > kMostDigits ||
-      text.find_first_not_of("0123456789") != std::string::npos) {
-    return false;
-  }
-  const unsigned long number = std::stoul(text);
+  unsigned int number = 0;
+  if (!ReadNumber(text, number) || number > 0xFFFF) return false;
   code = static_cast<std::uint16_t>(number);
-  return number <= 0xFFFF;
+  return true;
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include <sstream>
 
 #include "recognition/change_reason.h"
-#include "recognition/wrapped_text.h"
+#include "text/wrapping.h"
 
 namespace olt_host {
 
@@ -39,7 +39,7 @@ class TextWriter {
   }
   // Breaks between words; every line begins with the indent, the first with `head` in it.
   void Wrapped(const std::string& text, const std::string& head = "") {
-    _out << olt_host::Wrapped(head + std::string(kIndent - head.size(), ' '), text);
+    _out << WrapWords(head + std::string(kIndent - head.size(), ' '), text);
   }
   // A count in front of a text.
   void Counted(std::size_t count, const std::string& text) {

@@ -1,6 +1,6 @@
 #include "recognition/expression_words.h"
 
-#include <algorithm>
+#include "text/columns.h"
 
 namespace olt_host {
 
@@ -10,11 +10,7 @@ bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
 // Messages count characters, of which UTF-8 may take several bytes.
 std::size_t CharacterNumber(const std::string& text, std::size_t at) {
-  const auto begin = text.begin();
-  const auto end = begin + static_cast<std::ptrdiff_t>(std::min(at, text.size()));
-  return 1 + static_cast<std::size_t>(std::count_if(begin, end, [](char c) {
-           return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
-         }));
+  return 1 + DisplayWidth(text.substr(0, at));
 }
 
 class Cutter {

@@ -2,35 +2,16 @@
 
 #include <algorithm>
 #include <map>
-#include <sstream>
 
 #include "recognition/lint_subject.h"
 #include "recognition/report_line.h"
+#include "text/wrapping.h"
 
 namespace olt_host {
 
 namespace {
 
-constexpr std::size_t kColumns = 79;
 constexpr std::size_t kListedOfKind = 10;  // unless everything is asked for
-
-// The text broken at blanks; further lines are indented by `indent` blanks.
-std::string Wrapped(const std::string& head, const std::string& text, std::size_t indent) {
-  std::istringstream words(text);
-  std::string result;
-  std::string line = head;
-  for (std::string word; words >> word;) {
-    if (line.size() + word.size() > kColumns && line.size() > indent) {
-      result += line.substr(0, line.find_last_not_of(' ') + 1) + "\n";
-      line = std::string(indent, ' ');
-    }
-    for (; line.size() + word.size() > kColumns; word.erase(0, kColumns - indent)) {
-      result += line + word.substr(0, kColumns - indent) + "\n";
-    }
-    line += word + " ";
-  }
-  return result + line.substr(0, line.find_last_not_of(' ') + 1) + "\n";
-}
 
 std::string FindingPlace(const Finding& finding) {
   if (!finding.position.file.empty()) return ToText(finding.position);
@@ -38,25 +19,25 @@ std::string FindingPlace(const Finding& finding) {
 }
 
 std::string WitnessText(const LintWitness& witness) {
-  return Wrapped("    ",
-                 "such as " + witness.other.label + " (" + PlaceText(witness.other) + "):", 6) +
-         Wrapped("      ", ReportLine(witness.report), 8) +
-         Wrapped("      ", "becomes " + witness.winner.label, 8);
+  return WrapWords("    ",
+                   "such as " + witness.other.label + " (" + PlaceText(witness.other) + "):", 6) +
+         WrapWords("      ", ReportLine(witness.report), 8) +
+         WrapWords("      ", "becomes " + witness.winner.label, 8);
 }
 
 std::string FindingText(const Finding& finding) {
-  std::string text = Wrapped("",
-                             FindingPlace(finding) + ": " + ToText(finding.severity) + ": " +
-                                 finding.subject + " [" + NameOf(finding.kind) + "]",
-                             2);
-  text += Wrapped("  ", finding.reason, 2);
+  std::string text = WrapWords("",
+                               FindingPlace(finding) + ": " + ToText(finding.severity) + ": " +
+                                   finding.subject + " [" + NameOf(finding.kind) + "]",
+                               2);
+  text += WrapWords("  ", finding.reason, 2);
   for (const LintWitness& witness : finding.witnesses) {
     text += WitnessText(witness);
   }
   if (!finding.witnesses.empty() && finding.more_witnesses != 0) {
     text += "    and with " + std::to_string(finding.more_witnesses) + " more\n";
   }
-  return text + Wrapped("  ", finding.remedy, 2);
+  return text + WrapWords("  ", finding.remedy, 2);
 }
 
 // The findings that are shown one by one.
@@ -107,7 +88,7 @@ std::string Head(const LintResult& result) {
                      Counted(result.real_profiles, "real profile") + ", " +
                      Counted(result.proofs.size(), "match profile");
   if (result.population) text += ", " + Counted(*result.population, "report");
-  return Wrapped("", graveness + " in " + text + ".", 2);
+  return WrapWords("", graveness + " in " + text + ".", 2);
 }
 
 }  // namespace
@@ -121,7 +102,7 @@ std::string LintText(const LintResult& result, bool with_notes, const std::strin
   if (!notes.empty()) {
     text += "\nNotes, which good catalogues have, too:\n" + notes;
   }
-  if (!notes.empty() || left_out) text += "\n" + Wrapped("", how_to_see, 0);
+  if (!notes.empty() || left_out) text += "\n" + WrapWords("", how_to_see, 0);
   return text;
 }
 

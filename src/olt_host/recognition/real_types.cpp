@@ -8,23 +8,13 @@
 #include "catalogue/nearest_name.h"
 #include "recognition/ability_reading.h"
 #include "recognition/letter_case.h"
+#include "text/number.h"
 
 namespace olt_host {
 
 namespace {
 
 using Rule = std::function<bool(const RealType&)>;
-
-bool ReadNumber(const std::string& text, unsigned int& number) {
-  constexpr std::size_t kMostDigits = 10;
-  if (text.empty() || text.size() > kMostDigits ||
-      text.find_first_not_of("0123456789") != std::string::npos) {
-    return false;
-  }
-  const unsigned long long value = std::stoull(text);
-  number = static_cast<unsigned int>(value);
-  return value <= 0xFFFFFFFFULL;
-}
 
 bool HasKey(const RealType& type, unsigned int key) {
   return HeldUnder(type.profile, type.profile._key_ability_code) != nullptr && type.Key() == key;

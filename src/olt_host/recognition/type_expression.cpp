@@ -1,11 +1,13 @@
 #include "recognition/type_expression.h"
 
 #include <algorithm>
+#include <charconv>
 
 #include "catalogue/input_error.h"
 #include "catalogue/nearest_name.h"
 #include "recognition/ability_reading.h"
 #include "recognition/letter_case.h"
+#include "text/number.h"
 
 namespace olt_host {
 
@@ -18,19 +20,12 @@ bool IsKeyword(const ExpressionWord& word, const char* keyword) {
 }
 
 // Decimal or with 0x, up to 4294967295.
-bool ReadNumber(const std::string& text, std::uint32_t& number) {
+bool ReadUnsigned(const std::string& text, std::uint32_t& number) {
   const bool hexadecimal = text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
-  const std::string digits = hexadecimal ? text.substr(2) : text;
-  constexpr std::size_t kMostDigits = 10;
-  const char* const known = hexadecimal ? "0123456789abcdefABCDEF" : "0123456789";
-  if (digits.empty() || digits.size() > kMostDigits ||
-      digits.find_first_not_of(known) != std::string::npos) {
-    return false;
-  }
-  const unsigned long long value = std::stoull(digits, nullptr, hexadecimal ? 16 : 10);
-  if (value > 0xFFFFFFFFULL) return false;
-  number = static_cast<std::uint32_t>(value);
-  return true;
+  if (!hexadecimal) return ReadNumber(text, number);
+  const char* const end = text.data() + text.size();
+  const auto result = std::from_chars(text.data() + 2, end, number, 16);
+  return result.ec == std::errc() && result.ptr == end;
 }
 
 }  // namespace
@@ -209,7 +204,7 @@ class TypeExpressionParser {
       node.text = node.relation == Relation::kContains ? LowerCase(word.text) : word.text;
     } else if (is_capability && (LowerCase(word.text) == "sfu" || LowerCase(word.text) == "hgu")) {
       node.number = LowerCase(word.text) == "hgu" ? 1 : 0;
-    } else if (!ReadNumber(word.text, node.number)) {
+    } else if (!ReadUnsigned(word.text, node.number)) {
       Fail(word, ability.name + " is compared with " + Quoted(word.text), expectation);
     }
   }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "vty/place.h"
+#include "text/columns.h"
 
 namespace olt_host {
 

@@ -12,7 +12,7 @@
 #include "session/editor_keys.h"
 #include "session/editor_library.h"
 #include "session/editor_turn.h"
-#include "vty/place.h"
+#include "text/columns.h"
 
 namespace olt_host {
 namespace {

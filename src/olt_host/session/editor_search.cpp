@@ -4,7 +4,7 @@
 
 #include "session/editor.h"
 #include "session/editor_library.h"
-#include "vty/place.h"
+#include "text/columns.h"
 
 namespace olt_host {
 namespace {

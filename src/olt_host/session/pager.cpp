@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "session/editor_keys.h"
-#include "vty/place.h"
+#include "text/columns.h"
 
 namespace olt_host {
 namespace {

@@ -8,11 +8,12 @@
 #include "session/login.h"
 #include "session/owner_name.h"
 #include "session/tab_stops.h"
+#include "text/columns.h"
+#include "text/wrapping.h"
 #include "vty/completion.h"
 #include "vty/execute.h"
 #include "vty/line_help.h"
 #include "vty/place.h"
-#include "vty/wrapping.h"
 
 namespace olt_host {
 namespace {

@@ -2,8 +2,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "text/number.h"
 #include "transport/transports.h"
-#include "vty/number.h"
 
 namespace olt_host {
 namespace {

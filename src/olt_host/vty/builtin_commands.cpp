@@ -7,14 +7,14 @@
 #include <utility>
 #include <vector>
 
+#include "text/columns.h"
+#include "text/number.h"
+#include "text/wrapping.h"
 #include "vty/command_table.h"
 #include "vty/json_output.h"
 #include "vty/line_help.h"
 #include "vty/match_message.h"
-#include "vty/number.h"
-#include "vty/place.h"
 #include "vty/terminal.h"
-#include "vty/wrapping.h"
 
 namespace olt_host {
 namespace {

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "text/columns.h"
 #include "vty/filter_syntax.h"
 #include "vty/line_position.h"
 #include "vty/matcher.h"
-#include "vty/place.h"
 
 namespace olt_host {
 namespace {

@@ -4,13 +4,14 @@
 #include <optional>
 
 #include "onu_ability_common_global.h"
+#include "text/columns.h"
+#include "text/wrapping.h"
 #include "vty/command_table.h"
 #include "vty/handler_call.h"
 #include "vty/json_output.h"
 #include "vty/match_message.h"
 #include "vty/parsed_line.h"
 #include "vty/place.h"
-#include "vty/wrapping.h"
 
 namespace olt_host {
 namespace {

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "text/columns.h"
+#include "text/wrapping.h"
 #include "vty/line_position.h"
 #include "vty/parsed_line.h"
-#include "vty/place.h"
-#include "vty/wrapping.h"
 
 namespace olt_host {
 namespace {

@@ -1,8 +1,8 @@
 #include "vty/line_position.h"
 
+#include "text/number.h"
 #include "vty/command_table.h"
 #include "vty/filter_syntax.h"
-#include "vty/number.h"
 #include "vty/parsed_line.h"
 
 namespace olt_host {

@@ -1,6 +1,6 @@
 #include "vty/match_message.h"
 
-#include "vty/place.h"
+#include "text/columns.h"
 
 namespace olt_host {
 namespace {

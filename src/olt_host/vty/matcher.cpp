@@ -4,7 +4,7 @@
 #include <set>
 #include <utility>
 
-#include "vty/number.h"
+#include "text/number.h"
 
 namespace olt_host {
 namespace {

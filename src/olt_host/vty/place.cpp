@@ -2,37 +2,19 @@
 
 #include <algorithm>
 
+#include "text/columns.h"
+
 namespace olt_host {
 namespace {
 
-constexpr std::size_t kScreenWidth = 80;
 constexpr const char* kCut = "...";
 constexpr std::size_t kCutWidth = 3;
 constexpr std::size_t kAhead = 20;  // shown behind the place when a line is cut
 
 }  // namespace
 
-bool StartsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }
-
-std::string Printable(const std::string& text) {
-  std::string printable = text;
-  for (char& c : printable) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (c == '\t') {
-      c = ' ';
-    } else if (byte < 0x20 || byte == 0x7F) {
-      c = '?';
-    }
-  }
-  return printable;
-}
-
-std::size_t DisplayWidth(const std::string& text) {
-  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), StartsCharacter));
-}
-
 std::string LineWithCaret(const std::string& before, const std::string& line, std::size_t column) {
-  const std::size_t width = kScreenWidth - std::min(kScreenWidth / 2, DisplayWidth(before));
+  const std::size_t width = kScreenColumns - std::min(kScreenColumns / 2, DisplayWidth(before));
   std::size_t start = 0;
   std::size_t end = line.size();
   std::string head = before;

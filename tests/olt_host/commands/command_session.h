@@ -20,9 +20,9 @@
 #include "host_files.h"
 #include "onu_ability_common_reg_extern_func.h"
 #include "onu_ability_common_service_cli.h"
+#include "text/columns.h"
 #include "vty/command_table.h"
 #include "vty/execute.h"
-#include "vty/place.h"
 #include "vty/terminal.h"
 
 namespace olt_host_test {

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <random>
+#include <sstream>
 
 #include "catalogue/report_reader.h"
 #include "loaded_catalogue.h"
@@ -12,6 +13,7 @@
 #include "recognition/lint_json.h"
 #include "recognition/lint_text.h"
 #include "state/library_state.h"
+#include "text/columns.h"
 
 namespace olt_host_test {
 namespace {
@@ -402,6 +404,20 @@ TEST(CatalogueLintAtLarge, ShippedDataIsSound) {
     ASSERT_NE(confirmed.IsValidOnuType(), ONU_ABILITY_RET_OK);
     confirmed.ConfirmOnuTypeByAbilities();
     EXPECT_EQ(confirmed._id, proof.profile.id);
+  }
+}
+
+TEST(LintText, BreaksLongNamesBetweenCharacters) {
+  LintResult result;
+  Finding finding;
+  finding.subject = "real profile 1 (";
+  for (int i = 0; i < 100; ++i) finding.subject += "\xc3\xb6";
+  result.findings = {finding};
+  std::istringstream lines(olt_host::LintText(result, true, ""));
+  for (std::string line; std::getline(lines, line);) {
+    EXPECT_LE(olt_host::DisplayWidth(line), 79U) << line;
+    EXPECT_TRUE(line.empty() || olt_host::StartsCharacter(line[line.find_first_not_of(' ')]))
+        << line;
   }
 }
 

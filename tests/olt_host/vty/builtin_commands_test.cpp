@@ -4,9 +4,9 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "text/columns.h"
 #include "vty/builtin_commands.h"
 #include "vty/command_table.h"
-#include "vty/place.h"
 #include "vty/screen.h"
 
 namespace olt_host {

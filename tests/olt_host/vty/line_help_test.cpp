@@ -4,9 +4,9 @@
 #include <sstream>
 
 #include "onu_ability_common_service_cli.h"
+#include "text/columns.h"
 #include "vty/command_table.h"
 #include "vty/line_help.h"
-#include "vty/place.h"
 #include "vty/screen.h"
 #include "vty/value_hints.h"
 

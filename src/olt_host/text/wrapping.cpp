@@ -1,9 +1,8 @@
-#include "vty/wrapping.h"
+#include "text/wrapping.h"
 
 #include <algorithm>
+#include <sstream>
 #include <vector>
-
-#include "vty/place.h"
 
 namespace olt_host {
 namespace {
@@ -22,26 +21,18 @@ std::vector<std::string> Split(const std::string& text, char separator) {
   return parts;
 }
 
-// Where the first `columns` characters from `start` on end.
-std::size_t EndOf(const std::string& text, std::size_t start, std::size_t columns) {
-  std::size_t end = start;
-  for (std::size_t width = 0; end < text.size(); ++end) {
-    if (StartsCharacter(text[end]) && ++width > columns) break;
-  }
-  return end;
-}
-
 std::string WithoutBlanksAtEnd(const std::string& text) {
   return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
 class Wrapper {
  public:
-  Wrapper(const std::string& head, std::size_t indent, std::size_t columns)
+  Wrapper(const std::string& head, std::size_t indent, std::size_t columns, const char* line_end)
       : _line(head),
         _width(DisplayWidth(head.substr(head.rfind('\n') + 1))),
         _indent(indent),
-        _columns(columns) {}
+        _columns(columns),
+        _line_end(line_end) {}
 
   // Adds what has to stay on one line as far as it fits one.
   void Add(const std::string& part, bool may_split) {
@@ -65,9 +56,9 @@ class Wrapper {
     std::size_t start = 0;
     while (_width + width >= _columns && width > 1) {
       const std::size_t room = std::min(_columns - 1 - std::min(_columns - 2, _width), width);
-      const std::size_t end = EndOf(part, start, room);
-      _line += part.substr(start, end - start);
-      start = end;
+      const std::size_t taken = BytesOf(part.substr(start), room);
+      _line += part.substr(start, taken);
+      start += taken;
       width -= room;
       Break();
     }
@@ -76,7 +67,7 @@ class Wrapper {
   }
 
   void Break() {
-    _text += WithoutBlanksAtEnd(_line) + "\r\n";
+    _text += WithoutBlanksAtEnd(_line) + _line_end;
     _line.assign(_indent, ' ');
     _width = _indent;
   }
@@ -86,15 +77,27 @@ class Wrapper {
   std::size_t _width;
   const std::size_t _indent;
   const std::size_t _columns;
+  const char* const _line_end;
 };
 
 }  // namespace
 
 std::string Wrap(const std::string& head, const std::string& text, std::size_t indent,
                  std::size_t columns) {
-  Wrapper wrapper(head, indent, std::max(columns, indent + kLeastRoom));
+  Wrapper wrapper(head, indent, std::max(columns, indent + kLeastRoom), "\r\n");
   for (const std::string& item : Split(text, ';')) wrapper.Add(item, true);
   return wrapper.Take();
+}
+
+std::string WrapWords(const std::string& head, const std::string& text, std::size_t indent) {
+  Wrapper wrapper(head, indent, kScreenColumns, "\n");
+  std::istringstream words(text);
+  for (std::string word; words >> word;) wrapper.Add(word + " ", false);
+  return wrapper.Take();
+}
+
+std::string WrapWords(const std::string& head, const std::string& text) {
+  return WrapWords(head, text, DisplayWidth(head));
 }
 
 }  // namespace olt_host

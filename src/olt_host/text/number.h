@@ -1,6 +1,6 @@
 // Decimal numbers as operators and syntax strings write them.
-#ifndef OLT_HOST_VTY_NUMBER_H
-#define OLT_HOST_VTY_NUMBER_H
+#ifndef OLT_HOST_TEXT_NUMBER_H
+#define OLT_HOST_TEXT_NUMBER_H
 
 #include <string>
 
@@ -15,4 +15,4 @@ bool ReadNumber(const std::string& text, unsigned int& number);
 
 }  // namespace olt_host
 
-#endif  // OLT_HOST_VTY_NUMBER_H
+#endif  // OLT_HOST_TEXT_NUMBER_H

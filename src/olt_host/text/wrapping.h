@@ -1,13 +1,13 @@
 // Breaks long texts into lines that fit a screen.
-#ifndef OLT_HOST_VTY_WRAPPING_H
-#define OLT_HOST_VTY_WRAPPING_H
+#ifndef OLT_HOST_TEXT_WRAPPING_H
+#define OLT_HOST_TEXT_WRAPPING_H
 
 #include <cstddef>
 #include <string>
 
-namespace olt_host {
+#include "text/columns.h"
 
-constexpr std::size_t kScreenColumns = 80;
+namespace olt_host {
 
 // `head` and `text` behind it, in lines of less than `columns` columns that end
 // in "\r\n"; every line but the first begins with `indent` blanks. A text of items
@@ -17,6 +17,12 @@ constexpr std::size_t kScreenColumns = 80;
 std::string Wrap(const std::string& head, const std::string& text, std::size_t indent,
                  std::size_t columns = kScreenColumns);
 
+// The same for 80 columns, with lines that end in "\n", and broken at blanks alone; several
+// together count as one.
+std::string WrapWords(const std::string& head, const std::string& text, std::size_t indent);
+// The further lines begin under the text.
+std::string WrapWords(const std::string& head, const std::string& text);
+
 }  // namespace olt_host
 
-#endif  // OLT_HOST_VTY_WRAPPING_H
+#endif  // OLT_HOST_TEXT_WRAPPING_H

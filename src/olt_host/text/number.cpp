@@ -1,4 +1,4 @@
-#include "vty/number.h"
+#include "text/number.h"
 
 #include <algorithm>
 #include <charconv>
