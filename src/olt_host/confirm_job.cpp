@@ -9,6 +9,7 @@
 #include "exit_status.h"
 #include "jobs.h"
 #include "network_command_line.h"
+#include "standard_output.h"
 #include "startup.h"
 
 namespace olt_host {
@@ -38,9 +39,7 @@ ConfirmationSummary ConfirmPopulation(OutputFormat format, bool summary_only) {
     }
   }
   writer->End(summary);
-  if (!std::cout.flush()) {
-    throw std::runtime_error("standard output cannot be written");
-  }
+  FlushStandardOutput();
   return summary;
 }
 

@@ -14,7 +14,9 @@
 #include "recognition/catalogue_exchange.h"
 #include "recognition/difference_text.h"
 #include "recognition/reports_of_both.h"
+#include "standard_output.h"
 #include "startup.h"
+#include "text/columns.h"
 
 namespace olt_host {
 
@@ -59,10 +61,9 @@ void CompareUnderBoth(Comparison& comparison) {
 }
 
 std::string CatalogueLine(const char* which, const std::string& path, const Catalogue& catalogue) {
-  constexpr std::size_t kColumns = 79;
   const std::string file = std::string(which) + "  " + path;
   const std::string name = NameAndVersion(Quoted(catalogue.name), catalogue.version);
-  const bool fits = file.size() + 2 + name.size() <= kColumns;
+  const bool fits = DisplayWidth(file) + 2 + DisplayWidth(name) <= kLineColumns;
   return file + (fits ? ": " : "\n     ") + name + "\n";
 }
 
@@ -115,7 +116,7 @@ int RunDiffJob(const CommandLine& command_line) {
   CompareUnderBoth(comparison);
   const DifferenceView view{comparison.difference, options.reports};
   (options.json ? WriteJson : WriteText)(options, comparison, view);
-  if (!std::cout.flush()) throw std::runtime_error("standard output cannot be written");
+  FlushStandardOutput();
   return comparison.difference.Changed() == 0 ? kExitOk : kExitNotAsExpected;
 }
 

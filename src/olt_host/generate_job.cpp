@@ -13,6 +13,7 @@
 #include "generation/population_generator.h"
 #include "jobs.h"
 #include "network_generate_job.h"
+#include "standard_output.h"
 #include "startup.h"
 
 namespace olt_host {
@@ -78,7 +79,7 @@ void WriteReportsFile(const PopulationGenerator& generator, const GenerateOption
   const bool is_watched = isatty(STDERR_FILENO) != 0;
   if (options.output.empty()) {
     WritePopulation(generator, options, is_watched && isatty(STDOUT_FILENO) == 0, std::cout);
-    if (!std::cout) throw std::runtime_error("standard output cannot be written");
+    FlushStandardOutput();
   } else {
     errno = 0;
     std::ofstream file(options.output, std::ios::binary);

@@ -6,6 +6,7 @@
 #include "catalogue/catalogue.h"
 #include "catalogue/input_error.h"
 #include "exit_status.h"
+#include "standard_output.h"
 
 namespace olt_host {
 
@@ -37,7 +38,7 @@ int PrintNetworkDifference(const DocumentHead& head, const NetworkDifference& di
   } else {
     std::cout << HeadOf(head) << "\n" << NetworkDifferenceText(difference);
   }
-  if (!std::cout.flush()) throw std::runtime_error("standard output cannot be written");
+  FlushStandardOutput();
   return StatusOf(head, difference);
 }
 

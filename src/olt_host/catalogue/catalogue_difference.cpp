@@ -6,14 +6,12 @@
 #include <string_view>
 #include <utility>
 
-#include "catalogue/whole_characters.h"
+#include "text/columns.h"
+#include "text/whole_characters.h"
 
 namespace olt_host {
 
 namespace {
-
-// A terminal that is written to its last column may break the line itself.
-constexpr std::size_t kColumns = 79;
 
 // Entries with one key are told apart by which of them they are.
 using Identity = std::pair<std::pair<unsigned int, std::string>, std::size_t>;
@@ -165,7 +163,7 @@ void Break(const std::string& line, std::vector<std::string>& lines) {
   std::string indent;
   std::string_view rest = line;
   do {
-    const std::size_t room = kColumns - indent.size();
+    const std::size_t room = kLineColumns - indent.size();
     const std::size_t whole = WholeCharacters(rest, room);
     const std::string_view piece = rest.substr(0, whole == 0 ? room : whole);
     lines.push_back(indent + std::string(piece));
@@ -238,7 +236,7 @@ std::vector<std::string> ChangeLines(const CatalogueChange& change) {
   std::vector<std::string> lines = {head + ": " + ToText(change.kind)};
   for (const std::string& detail : change.details) {
     lines.back() += ",";
-    if (lines.back().size() + 1 + detail.size() + 1 <= kColumns) {
+    if (lines.back().size() + 1 + detail.size() + 1 <= kLineColumns) {
       lines.back() += " " + detail;
     } else {
       lines.push_back("    " + detail);

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "catalogue/whole_characters.h"
+#include "text/whole_characters.h"
 
 namespace olt_host {
 

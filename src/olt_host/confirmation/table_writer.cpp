@@ -3,12 +3,13 @@
 #include <string>
 
 #include "confirmation/summary_writer.h"
+#include "text/columns.h"
 
 namespace olt_host {
 
 namespace {
 
-// Column widths; with the gaps of WriteRow a line has 79 characters at most.
+// Column widths; with the gaps of WriteRow a line has kLineColumns characters at most.
 constexpr std::size_t kOnuWidth = 9;
 constexpr std::size_t kVendorWidth = 6;
 constexpr std::size_t kReportedWidth = 10;
@@ -17,17 +18,8 @@ constexpr std::size_t kRealWidth = 5;
 constexpr std::size_t kNameWidth = 20;
 constexpr std::size_t kHowWidth = 9;
 
-// Characters, not bytes: continuation bytes take no column.
-std::size_t Columns(const std::string& text) {
-  std::size_t columns = 0;
-  for (const char byte : text) {
-    columns += (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U ? 0 : 1;
-  }
-  return columns;
-}
-
 std::string Blanks(const std::string& text, std::size_t width) {
-  const std::size_t columns = Columns(text);
+  const std::size_t columns = DisplayWidth(text);
   return columns < width ? std::string(width - columns, ' ') : "";
 }
 

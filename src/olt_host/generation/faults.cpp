@@ -4,7 +4,7 @@
 #include <iterator>
 
 #include "catalogue/catalogue.h"
-#include "catalogue/whole_characters.h"
+#include "text/whole_characters.h"
 
 namespace olt_host {
 

@@ -1,9 +1,11 @@
 // Cutting a text of UTF-8 without cutting a character.
-#ifndef OLT_HOST_CATALOGUE_WHOLE_CHARACTERS_H
-#define OLT_HOST_CATALOGUE_WHOLE_CHARACTERS_H
+#ifndef OLT_HOST_TEXT_WHOLE_CHARACTERS_H
+#define OLT_HOST_TEXT_WHOLE_CHARACTERS_H
 
 #include <cstddef>
 #include <string_view>
+
+#include "text/columns.h"
 
 namespace olt_host {
 
@@ -11,10 +13,10 @@ namespace olt_host {
 inline std::size_t WholeCharacters(std::string_view text, std::size_t most) {
   if (text.size() <= most) return text.size();
   std::size_t kept = most;
-  while (kept > 0 && (static_cast<unsigned char>(text[kept]) & 0xC0U) == 0x80U) --kept;
+  while (kept > 0 && !StartsCharacter(text[kept])) --kept;
   return kept;
 }
 
 }  // namespace olt_host
 
-#endif  // OLT_HOST_CATALOGUE_WHOLE_CHARACTERS_H
+#endif  // OLT_HOST_TEXT_WHOLE_CHARACTERS_H
