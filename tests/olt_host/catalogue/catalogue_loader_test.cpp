@@ -4,9 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <ctime>
-
-#include "catalogue/catalogue_content.h"
 #include "catalogue/catalogue_files.h"
 #include "catalogue/catalogue_profile.h"
 #include "catalogue/catalogue_reader.h"
@@ -207,29 +204,6 @@ TEST_F(CatalogueLoader, NoticesAValueThatIsNotAsStated) {
   EXPECT_EQ(VerificationError(catalogue),
             "small_catalogue.yaml:38: the library did not take code 32 of the profile with key "
             "1002");
-}
-
-// A registry that has handed out its records searches them for every code.
-TEST_F(CatalogueLoader, LeavesTheRegistryItsShortWayToACode) {
-  constexpr unsigned short kFirst = 2000;
-  constexpr unsigned short kCodes = 3000;
-  std::string codes = "codes:\n";
-  for (unsigned short i = 0; i < kCodes; ++i) {
-    codes += "  - {code: " + std::to_string(kFirst + i) + ", name: C" + std::to_string(i) + "}\n";
-  }
-  const TemporaryDirectory directory;
-  const olt_host::Catalogue catalogue = olt_host::ReadCatalogue(directory.Write(
-      "c.yaml", With(ReadFile(Fixture("small_catalogue.yaml")), "codes:\n", codes)));
-  olt_host::LoadCatalogue(catalogue);
-  olt_host::ContentOfLibrary(catalogue);
-  const auto time_of = [](unsigned short code) {
-    const std::clock_t start = std::clock();
-    for (int i = 0; i < 20000; ++i) {
-      EXPECT_EQ(OnuAbilityCodeInfo::GetInstance()->IsExist(code), 1U);
-    }
-    return std::clock() - start;
-  };
-  EXPECT_LT(time_of(kFirst + kCodes - 1), 5 * time_of(kFirst));
 }
 
 TEST_F(CatalogueLoader, NoticesACodeAndAnAttributeThatAreNotAsStated) {
