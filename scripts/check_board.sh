@@ -1,12 +1,13 @@
 #!/bin/sh
-# Builds everything for 32-bit ARM, as the boards have it, warnings as errors, and runs the
-# whole suite and the host's main job under an emulator:
+# Builds for 32-bit ARM, as the boards have it, warnings as errors, and runs under an
+# emulator: the library, its own tests, those of the exchange and those of its faults, and
+# the host's main job.
 #
-#   scripts/check_board.sh          everything
-#   scripts/check_board.sh --part   the library with its own tests, those of its faults and of
-#                                   the exchange, and the main job: half of the time
+#   scripts/check_board.sh           these
+#   scripts/check_board.sh --whole   the tests of the host, too, and all other programs: twice
+#                                    the time
 #
-# Left out are the tests of the documents and of the reference (tests/documents,
+# Left out even then are the tests of the documents and of the reference (tests/documents,
 # tests/reference): they hold texts against the build of the machine that one works on.
 # Fewer, since an emulator takes ten times as long (tests/CMakeLists.txt and below it):
 # random sequences of tests/model and tests/short_ways, 25 a test instead of 250; requests
@@ -24,14 +25,14 @@ scripts/configure.sh $build --toolchain cmake/toolchains/arm-linux-gnueabihf.cma
   -DCMAKE_CXX_FLAGS_RELEASE=-O1
 only=""
 case "${1:-}" in
-  "") cmake --build $build ;;
-  --part)
+  --whole) cmake --build $build ;;
+  "")
     programs="onu_ability_common_test exchange_test faults_test"
     # shellcheck disable=SC2086  # a list of names
     cmake --build $build --target olt_host write_exchanged_files $programs
     only="--only $(echo "$programs" | tr ' ' ,)"
     ;;
-  *) echo "usage: $0 [--part]" >&2; exit 2 ;;
+  *) echo "usage: $0 [--whole]" >&2; exit 2 ;;
 esac
 
 host=$build/src/olt_host/olt_host
@@ -43,4 +44,4 @@ onus=$(($(wc -l <$build/confirmed.csv) - 1))
 scripts/run_test_programs.py $only $build $emulator >$build/tests.txt || { cat $build/tests.txt; exit 1; }
 cat $build/tests.txt
 echo "board: on 32-bit ARM $onus ONUs were confirmed as they are kept and" \
-  "$(tail -n 1 $build/tests.txt)${only:+; NOT RUN: all other programs}"
+  "$(tail -n 1 $build/tests.txt)${only:+; the other programs: --whole}"
