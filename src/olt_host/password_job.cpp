@@ -61,7 +61,7 @@ class EchoOff {
     if (before.sa_handler == SIG_IGN) return;
     struct sigaction action = {};
     action.sa_handler = RestoreModeAndEnd;
-    action.sa_flags = SA_RESETHAND;
+    action.sa_flags = static_cast<int>(SA_RESETHAND);
     sigaction(signal, &action, nullptr);
   }
 
