@@ -3,7 +3,7 @@
 # in twenty passes unnoticed by the tests: a sample, the same for the same sources. By hand,
 # more and others:
 #
-#   scripts/check_mutants.sh --seed 7 --count 400
+#   scripts/sample_mutants.sh --seed 7 --count 400
 set -eu
 cd "$(dirname "$0")/.."
 scripts/install_packages.sh build mutants
