@@ -297,6 +297,19 @@ TEST_F(ProfilePatternMatchTest, OnlyAMatchLogsItsEnd) {
   EXPECT_EQ(EndTraces(log, "operator=="), 0U);
 }
 
+// The unset entry for the key code lies before all that is left to compare, so it is not met.
+TEST_F(ProfilePatternMatchTest, ProfileFitsItselfWhenItsCodesLieBehindTheKeyCode) {
+  DefineCode(2000, "COMPARED", {{1, 1}});
+  stored._flag_match_type = MatchType(1);
+  stored.UpdateInit(2000, 5);
+  host.ForgetLog();
+
+  EXPECT_EQ(stored == stored, 1U);
+
+  EXPECT_EQ(ContentOf(stored),
+            (Content{{kKeyValue, {0, ONU_ABILITY_WILDCARD, ""}}, {2000, NumberEntry(5)}}));
+}
+
 // --- Match types that are neither pattern nor exact. Meant: they fit anything.
 
 TEST_F(ProfilePatternMatchTest, UnknownMatchTypesMatchEveryProfile) {
