@@ -46,6 +46,7 @@ void AskWithLocks() {
 
 unsigned long LinesLogged() { return lines_logged; }
 unsigned long LinesAnswered() { return lines_answered; }
+void StopAnswering() { is_answering = true; }
 long LocksHeld() { return locks_held; }
 unsigned long WrongUnlocks() { return wrong_unlocks; }
 

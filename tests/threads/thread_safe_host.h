@@ -17,6 +17,9 @@ struct vty {
 // Over all threads.
 unsigned long LinesLogged();
 unsigned long LinesAnswered();
+// Answers no more lines of this thread: the library's singletons say their last when the
+// process ends, one after another, and may not be asked then.
+void StopAnswering();
 // Locks that are held now, and calls of Unlock by a thread that held no lock.
 long LocksHeld();
 unsigned long WrongUnlocks();

@@ -17,6 +17,7 @@ namespace {
 StormReport Storm(std::chrono::milliseconds time) {
   LoadCatalogue();
   StormReport report = RunStorm(time);
+  StopAnswering();
   if (LocksHeld() != 0 || WrongUnlocks() != 0) {
     report.violations.emplace_back("a lock is still held, or was given back by another thread");
   }
