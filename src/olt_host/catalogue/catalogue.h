@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "catalogue/input_error.h"
+#include "onu_ability_common_global.h"
 
 namespace olt_host {
 
@@ -81,23 +82,23 @@ struct Catalogue {
 std::string NameAndVersion(const std::string& name, const std::string& version);
 
 // The attributes to which the library gives a meaning; 5 belongs to every code.
-constexpr std::uint16_t kConfirmTypeAttribute = 1;
-constexpr std::uint16_t kPortTypeAttribute = 4;
-constexpr std::uint16_t kValueTypeAttribute = 5;
-constexpr std::uint16_t kAskedFromOnu = 0x2;  // bit of the confirm type
+constexpr std::uint16_t kConfirmTypeAttribute = ONU_ABILITY_ATTR_CONFIRM_TYPE;
+constexpr std::uint16_t kPortTypeAttribute = ONU_ABILITY_ATTR_PORT_TYPE;
+constexpr std::uint16_t kValueTypeAttribute = ONU_ABILITY_ATTR_VALUE_TYPE;
+constexpr std::uint16_t kAskedFromOnu = ONU_ABILITY_CONFIRM_ASKED;
 // Port types; a data UNI is a LAN port or a port of the second kind.
-constexpr std::uint16_t kLanPort = 3;
-constexpr std::uint16_t kOtherDataUni = 7;
-constexpr std::uint16_t kNumberValueType = 2;
-constexpr std::uint16_t kTextValueType = 3;
+constexpr std::uint16_t kLanPort = ONU_ABILITY_PORT_LAN;
+constexpr std::uint16_t kOtherDataUni = ONU_ABILITY_PORT_DATA_UNI;
+constexpr std::uint16_t kNumberValueType = ONU_ABILITY_VALUE_TYPE_USHORT;
+constexpr std::uint16_t kTextValueType = ONU_ABILITY_VALUE_TYPE_STRING;
 
 // The codes to which it gives one.
-constexpr std::uint16_t kAllLanCode = 1001;
-constexpr std::uint16_t kVendorIdCode = 1082;
-constexpr std::uint16_t kTypeNameCode = 1083;
-constexpr std::uint16_t kDataUniCode = 65533;
+constexpr std::uint16_t kAllLanCode = ONU_ABILITY_CODE_ALL_LAN;
+constexpr std::uint16_t kVendorIdCode = ONU_ABILITY_CODE_VENDOR_ID;
+constexpr std::uint16_t kTypeNameCode = ONU_ABILITY_CODE_TYPE_NAME;
+constexpr std::uint16_t kDataUniCode = ONU_ABILITY_CODE_DATA_UNI;
 
-constexpr std::uint32_t kAnyNumber = 0xFFFFFFFF;
+constexpr std::uint32_t kAnyNumber = ONU_ABILITY_WILDCARD;
 
 // The ids that the library gives to profiles without one.
 constexpr std::uint16_t kFirstGivenId = 30001;

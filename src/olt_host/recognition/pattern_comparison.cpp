@@ -9,8 +9,6 @@ namespace {
 
 using Value = ONU_ABILITY_COMMON_ABILITY_VALUE;
 
-constexpr unsigned short kComparedWithPatterns = 0x1;  // bit of the confirm-type attribute
-
 // Which of its two members the library reads is told by the held value.
 bool IsWildcard(const Value& value, unsigned int tag) {
   return tag == ONU_ABILITY_VALUE_TYPE_STRING ? value.ability_string_value.empty()
@@ -108,7 +106,7 @@ const char* ToText(AbilityVerdict verdict) {
 bool IsCompared(std::uint16_t code) {
   const unsigned short confirm_type =
       OnuAbilityCodeInfo::GetInstance()->Get(code, ONU_ABILITY_ATTR_CONFIRM_TYPE);
-  return (confirm_type & kComparedWithPatterns) != 0;
+  return (confirm_type & ONU_ABILITY_CONFIRM_COMPARED) != 0;
 }
 
 ComparedReport::ComparedReport(const OnuAbilityProfile& report)
