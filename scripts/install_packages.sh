@@ -1,5 +1,6 @@
 #!/bin/sh
-# Installs what is missing of sets of Debian packages, and says so:
+# Installs what is missing of sets of Debian packages, and says so; what apt says is in
+# packages.log, and shown when it fails:
 #
 #   scripts/install_packages.sh SET...
 #
@@ -36,7 +37,7 @@ packages_of() {
     board) echo g++-arm-linux-gnueabihf qemu-user ;;
     big_endian) echo g++-powerpc-linux-gnu qemu-user googletest make xz-utils ;;
     bench) echo libbenchmark-dev libsqlite3-dev liblmdb-dev python3-matplotlib ;;
-    packages) echo debhelper dpkg-dev lintian man-db ;;
+    packages) echo build-essential debhelper dpkg-dev lintian man-db ;;
     abi) echo abigail-tools ;;
     docs) echo graphviz fonts-dejavu-core doxygen mandoc groff-base ;;
     *)
@@ -77,7 +78,11 @@ if [ "$(id -u)" != 0 ]; then
   as_root="sudo"
 fi
 echo "==> Installing Debian packages:$missing"
-$as_root apt-get update -qq </dev/null
-# shellcheck disable=SC2086  # a list of names
-$as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
-  $missing </dev/null
+install() {
+  $as_root apt-get update -qq || return
+  # shellcheck disable=SC2086  # a list of names
+  $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
+    $missing
+}
+log=$(dirname "$0")/../packages.log
+install </dev/null >"$log" 2>&1 || { cat "$log"; exit 1; }
