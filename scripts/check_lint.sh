@@ -12,7 +12,8 @@ cd "$(dirname "$0")/.."
 scripts/install_packages.sh build lint bench
 build=build-lint
 CC=clang CXX=clang++ scripts/configure.sh $build -DONU_ABILITY_BUILD_BENCH=ON \
-  -DONU_ABILITY_BUILD_FOOTPRINT=ON -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON
+  -DONU_ABILITY_BUILD_FOOTPRINT=ON -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON \
+  -DONU_ABILITY_TOGETHER=OFF
 cmake --build $build --target onu_type_help >>$build.log 2>&1 || { cat $build.log; exit 1; }
 
 # shellcheck disable=SC2046  # lists of files without blanks

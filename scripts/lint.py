@@ -3,26 +3,21 @@
 
     scripts/lint.py BUILD SOURCE... [-- OPTION...]
 
-Most of the time of a source goes into the headers of the standard library and the test
-framework, so sources that are compiled alike are included into one file and looked at
-together. Those that use a name which another keeps in its unnamed namespace are kept apart; a
-group in which anything is found is halved and looked at again, down to the one source:
-only what clang-tidy finds in a source by itself counts.
+Sources that are compiled alike are included into one file and looked at together, as
+scripts/source_groups.py groups them. A group in which anything is found is halved and looked
+at again, down to the one source: only what clang-tidy finds in a source by itself counts.
 """
+import collections
 import concurrent.futures
 import json
 import os
-import re
 import shlex
 import subprocess
 import sys
 
-GROUP = 10  # sources at most: more take memory and gain little
+import source_groups
+
 HEADERS = r"--header-filter=(src|tests|bench)/.*\.(h|cpp)$"
-UNNAMED = re.compile(r"^namespace \{$.*?^\}  // namespace$", re.MULTILINE | re.DOTALL)
-# A name defined at the left margin, which is where clang-format leaves namespaces' members.
-DEFINITION = re.compile(r"^(?!namespace|using|TEST|INSTANTIATE|[#/}\s])"
-                        r"(?:[^\n(={;:]|::)*?\b(\w+)\s*(?:[(={;[]|:(?!:)|$)", re.MULTILINE)
 
 
 def commands(build):
@@ -39,39 +34,11 @@ def options_of(entry):
                  if place not in dropped and place - 1 not in dropped)
 
 
-class Group:
-    """Sources that are compiled alike, none using a name that another keeps to itself."""
-
-    def __init__(self, options):
-        self.options = options
-        self.sources = []
-        self.own_names = set()
-        self.words = set()
-
-    def takes(self, options, own_names, words):
-        return (self.options == options and len(self.sources) < GROUP
-                and not self.own_names & words and not own_names & self.words)
-
-    def add(self, source, own_names, words):
-        self.sources.append(source)
-        self.own_names |= own_names
-        self.words |= words
-
-
 def grouped(sources, entries):
-    groups = []
+    alike = collections.defaultdict(list)
     for source in sources:
-        options = options_of(entries[source])
-        with open(source, encoding="utf-8") as file:
-            text = file.read()
-        own_names = {name for part in UNNAMED.findall(text) for name in DEFINITION.findall(part)}
-        words = set(re.findall(r"\w+", text))
-        group = next((group for group in groups if group.takes(options, own_names, words)), None)
-        if group is None:
-            group = Group(options)
-            groups.append(group)
-        group.add(source, own_names, words)
-    return [group.sources for group in groups]
+        alike[options_of(entries[source])].append(source)
+    return [group for together in alike.values() for group in source_groups.grouped(together)]
 
 
 class Lint:

@@ -80,7 +80,7 @@ Hints Keys() {
   return ToHints(keys);
 }
 
-Hints RealTypes() {
+Hints RealTypeHints() {
   std::map<unsigned int, std::string> types;
   AddNumbers(ONU_ABILITY_PROFILE_TYPE_REAL, ONU_ABILITY_CODE_REAL_TYPE, types);
   return ToHints(types);
@@ -144,7 +144,7 @@ void OfferValues() {
   hints.Offer("<onutype_code>", "", OnuTypes);
   // The real type of "show onucapa_table" is the one value without a help line. What
   // is offered for it counts for every line not named here, so these have to be.
-  hints.Offer("<value>", "", RealTypes);
+  hints.Offer("<value>", "", RealTypeHints);
   hints.Offer("<value>", "ability attribute value", Nothing);
   hints.Offer("<value>", "unsigned short ability value", Nothing);
   hints.Offer("<0-65535>", "place of the ONU", Places);

@@ -12,8 +12,8 @@
 namespace {
 
 constexpr unsigned short kUnknown = 2000;
-constexpr unsigned short kCodes[] = {kAllLan,    kFePorts,  kGePorts,  kWifiUni, kPotsPorts,
-                                     kPowerLamp, kRealType, kTypeName, kDataUni, kUnknown};
+constexpr unsigned short kCodes[] = {kAllLan,    kFePorts,  kGePorts,  kWifiUni,  kPotsPorts,
+                                     kPowerLamp, kRealType, kTypeName, kDataUnis, kUnknown};
 constexpr unsigned int kNumbers[] = {0, 1, 4, 700, kWildcard};
 
 struct Choice {

@@ -25,7 +25,7 @@ TEST_F(ProfileAddKeyValueTest, StoresANumberUnderTheKeyCodeDerivesAndCounts) {
   EXPECT_EQ(ContentOf(real), (Content{{kAllLan, NumberEntry(4)},
                                       {kFePorts, NumberEntry(4)},
                                       {kKeyValue, NumberEntry(501)},
-                                      {kDataUni, NumberEntry(4)}}));
+                                      {kDataUnis, NumberEntry(4)}}));
   EXPECT_EQ(Derivations(host.TakeLog()), 1);
   EXPECT_EQ(real._common_ability_num, 4U);
 }

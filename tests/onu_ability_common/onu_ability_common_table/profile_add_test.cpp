@@ -97,9 +97,9 @@ TEST_F(ProfileAddTest, NumberDerivesAndSetsTheCount) {
   real.Add(kFePorts, 4);
 
   EXPECT_EQ(Derivations(host.TakeLog()), 1);
-  EXPECT_EQ(
-      ContentOf(real),
-      (Content{{kAllLan, NumberEntry(4)}, {kFePorts, NumberEntry(4)}, {kDataUni, NumberEntry(4)}}));
+  EXPECT_EQ(ContentOf(real), (Content{{kAllLan, NumberEntry(4)},
+                                      {kFePorts, NumberEntry(4)},
+                                      {kDataUnis, NumberEntry(4)}}));
   EXPECT_EQ(real._common_ability_num, 3U);
 }
 

@@ -54,9 +54,9 @@ TEST_F(ProfileDeletionTest, HeldCodeIsErasedAndTheTotalsDerived) {
 
   profile.Del(kFePorts);
 
-  EXPECT_EQ(
-      ContentOf(profile),
-      (Content{{kAllLan, NumberEntry(1)}, {kGePorts, NumberEntry(1)}, {kDataUni, NumberEntry(1)}}));
+  EXPECT_EQ(ContentOf(profile), (Content{{kAllLan, NumberEntry(1)},
+                                         {kGePorts, NumberEntry(1)},
+                                         {kDataUnis, NumberEntry(1)}}));
   EXPECT_EQ(Derivations(host.TakeLog()), 1);
 }
 
@@ -65,7 +65,7 @@ TEST_F(ProfileDeletionTest, LastLanPortLeavesTheOldTotalsBehind) {
 
   profile.Del(kFePorts);
 
-  EXPECT_EQ(ContentOf(profile), (Content{{kAllLan, NumberEntry(4)}, {kDataUni, NumberEntry(4)}}));
+  EXPECT_EQ(ContentOf(profile), (Content{{kAllLan, NumberEntry(4)}, {kDataUnis, NumberEntry(4)}}));
   EXPECT_EQ(profile._common_ability_num, 3U);
 }
 

@@ -62,7 +62,7 @@ const Registry kRegistries[] = {
     {"LanTotalLacksItsPortType", [] { TakeAttribute(kAllLan, kPortType); }},
     {"DataUniTotalIsADataUni",
      [] {
-       DefineCode(kDataUni, "DATA_UNI", {{kPortType, 7}});
+       DefineCode(kDataUnis, "DATA_UNI", {{kPortType, 7}});
      }},
     {"PortsAreTexts",
      [] {
@@ -94,7 +94,7 @@ class DerivedCountsShortWayTest : public LibraryTest,
         [](OnuAbilityProfile& profile) { profile.UpdateInit(kWifiUni, 2U); },
         [](OnuAbilityProfile& profile) { profile.UpdateInit(kTypeName, std::string("X")); },
         [](OnuAbilityProfile& profile) { profile.UpdateInit(kUnknown, 5U); },
-        [](OnuAbilityProfile& profile) { profile.UpdateInit(kDataUni, 1U); },
+        [](OnuAbilityProfile& profile) { profile.UpdateInit(kDataUnis, 1U); },
         // With another tag the number beside it counts all the same.
         [](OnuAbilityProfile& profile) { profile._common_ability[kGePorts] = Value(3, 7, "Y"); },
     };

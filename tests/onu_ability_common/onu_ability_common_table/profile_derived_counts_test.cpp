@@ -27,7 +27,7 @@ TEST_F(ProfileDerivedCountsTest, UpdateDerivesTheLanTotalFirst) {
                                          {kFePorts, NumberEntry(4)},
                                          {kWifiUni, NumberEntry(2)},
                                          {kTypeName, {3, 0, "X"}},
-                                         {kDataUni, NumberEntry(6)}}));
+                                         {kDataUnis, NumberEntry(6)}}));
   EXPECT_EQ(
       host.TakeLog({6}),
       (std::vector<LogLine>{
@@ -60,7 +60,7 @@ TEST_F(ProfileDerivedCountsTest, WildcardAndZeroPortsAreSkipped) {
   profile.Update();
 
   EXPECT_EQ(ContentOf(profile)[kAllLan], NumberEntry(4));
-  EXPECT_EQ(ContentOf(profile)[kDataUni], NumberEntry(4));
+  EXPECT_EQ(ContentOf(profile)[kDataUnis], NumberEntry(4));
 }
 
 TEST_F(ProfileDerivedCountsTest, NothingIsWrittenWhenEveryNumberIsZeroOrWildcard) {
@@ -86,9 +86,9 @@ TEST_F(ProfileDerivedCountsTest, OldEntryStaysWhenNothingContributesAnyMore) {
 
   profile.Update(kFePorts, 0);
 
-  EXPECT_EQ(
-      ContentOf(profile),
-      (Content{{kAllLan, NumberEntry(4)}, {kFePorts, NumberEntry(0)}, {kDataUni, NumberEntry(4)}}));
+  EXPECT_EQ(ContentOf(profile), (Content{{kAllLan, NumberEntry(4)},
+                                         {kFePorts, NumberEntry(0)},
+                                         {kDataUnis, NumberEntry(4)}}));
 }
 
 TEST_F(ProfileDerivedCountsTest, LanTotalDoesNotExamineTheTag) {
@@ -107,7 +107,7 @@ TEST_F(ProfileDerivedCountsTest, DataUniTotalExaminesTheValueTypeOfTheCodeAndNot
 
   profile.UpdateDataUni();
 
-  EXPECT_EQ(ContentOf(profile)[kDataUni], NumberEntry(6));
+  EXPECT_EQ(ContentOf(profile)[kDataUnis], NumberEntry(6));
   EXPECT_EQ(
       host.TakeLog({6}),
       (std::vector<LogLine>{Log(6, "ability_code:1010, ability_attr_value:2"),
@@ -132,7 +132,7 @@ TEST_F(ProfileDerivedCountsTest, PortTypesThreeAndSevenAreDataUnis) {
   profile.Update();
 
   EXPECT_EQ(ContentOf(profile)[kAllLan], NumberEntry(100));
-  EXPECT_EQ(ContentOf(profile)[kDataUni], NumberEntry(1000100));
+  EXPECT_EQ(ContentOf(profile)[kDataUnis], NumberEntry(1000100));
 }
 
 TEST_F(ProfileDerivedCountsTest, CodesUnknownToTheRegistryAreNoPorts) {
@@ -154,22 +154,22 @@ TEST_F(ProfileDerivedCountsTest, DerivedCodesThatAreLanPortsThemselvesAreSummedO
 
   profile.Update();
   EXPECT_EQ(ContentOf(profile)[kAllLan], NumberEntry(4));
-  EXPECT_EQ(ContentOf(profile)[kDataUni], NumberEntry(8));
+  EXPECT_EQ(ContentOf(profile)[kDataUnis], NumberEntry(8));
 
   profile.Update();
   EXPECT_EQ(ContentOf(profile)[kAllLan], NumberEntry(8));
-  EXPECT_EQ(ContentOf(profile)[kDataUni], NumberEntry(12));
+  EXPECT_EQ(ContentOf(profile)[kDataUnis], NumberEntry(12));
 }
 
 TEST_F(ProfileDerivedCountsTest, DataUniTotalThatIsADataUniItselfIsSummedOnTheNextPass) {
-  DefineCode(kDataUni, "DATA_UNI_TOTAL", {{4, 7}});
+  DefineCode(kDataUnis, "DATA_UNI_TOTAL", {{4, 7}});
   profile.UpdateInit(kWifiUni, 2);
 
   profile.Update();
-  EXPECT_EQ(ContentOf(profile)[kDataUni], NumberEntry(2));
+  EXPECT_EQ(ContentOf(profile)[kDataUnis], NumberEntry(2));
 
   profile.Update();
-  EXPECT_EQ(ContentOf(profile)[kDataUni], NumberEntry(4));
+  EXPECT_EQ(ContentOf(profile)[kDataUnis], NumberEntry(4));
 }
 
 TEST_F(ProfileDerivedCountsTest, DerivedEntriesNeedNoRegistration) {
@@ -180,18 +180,18 @@ TEST_F(ProfileDerivedCountsTest, DerivedEntriesNeedNoRegistration) {
   profile.Update();
 
   EXPECT_EQ(ContentOf(profile)[kAllLan], NumberEntry(4));
-  EXPECT_EQ(ContentOf(profile)[kDataUni], NumberEntry(4));
+  EXPECT_EQ(ContentOf(profile)[kDataUnis], NumberEntry(4));
 }
 
 TEST_F(ProfileDerivedCountsTest, DerivedEntriesOverwriteWhatTheirCodesHold) {
   profile._common_ability[kAllLan] = Value(3, 9, "nine");
-  profile._common_ability[kDataUni] = Value(3, 9, "nine");
+  profile._common_ability[kDataUnis] = Value(3, 9, "nine");
   profile.UpdateInit(kFePorts, 4);
 
   profile.Update();
 
   EXPECT_EQ(ContentOf(profile)[kAllLan], NumberEntry(4));
-  EXPECT_EQ(ContentOf(profile)[kDataUni], NumberEntry(4));
+  EXPECT_EQ(ContentOf(profile)[kDataUnis], NumberEntry(4));
 }
 
 TEST_F(ProfileDerivedCountsTest, SumsHaveThirtyTwoBitsAndAreWrittenEvenAsZero) {
@@ -201,7 +201,7 @@ TEST_F(ProfileDerivedCountsTest, SumsHaveThirtyTwoBitsAndAreWrittenEvenAsZero) {
   profile.Update();
 
   EXPECT_EQ(ContentOf(profile)[kAllLan], NumberEntry(0));
-  EXPECT_EQ(ContentOf(profile)[kDataUni], NumberEntry(0));
+  EXPECT_EQ(ContentOf(profile)[kDataUnis], NumberEntry(0));
 }
 
 TEST_F(ProfileDerivedCountsTest, LanTotalSetsTheCountWhenItWrites) {
@@ -226,11 +226,11 @@ TEST_F(ProfileDerivedCountsTest, EachTotalIsDerivedAloneByItsOwnOperation) {
   profile.UpdateInit(kFePorts, 4);
 
   profile.UpdateLan();
-  EXPECT_EQ(ContentOf(profile).count(kDataUni), 0U);
+  EXPECT_EQ(ContentOf(profile).count(kDataUnis), 0U);
 
   profile._common_ability.erase(kAllLan);
   profile.UpdateDataUni();
-  EXPECT_EQ(ContentOf(profile), (Content{{kFePorts, NumberEntry(4)}, {kDataUni, NumberEntry(4)}}));
+  EXPECT_EQ(ContentOf(profile), (Content{{kFePorts, NumberEntry(4)}, {kDataUnis, NumberEntry(4)}}));
 }
 
 TEST_F(ProfileDerivedCountsTest, UpdateHasNoTracesOfItsOwn) {

@@ -28,7 +28,7 @@ constexpr unsigned short kVendorId = 1082;
 constexpr unsigned short kTypeName = 1083;
 constexpr unsigned short kKeyValue = 1085;
 constexpr unsigned short kProfileName = 1093;
-constexpr unsigned short kDataUni = 65533;
+constexpr unsigned short kDataUnis = 65533;
 constexpr unsigned int kWildcard = 0xFFFFFFFFU;
 
 constexpr int kReal = 1;

@@ -160,7 +160,7 @@ TEST_F(ProfileFillByTypeTest, DerivesOnceAtTheEnd) {
 
   EXPECT_EQ(Derivations(host.TakeLog()), 1);
   EXPECT_EQ(ContentOf(real)[kAllLan], NumberEntry(12));
-  EXPECT_EQ(ContentOf(real)[kDataUni], NumberEntry(12));
+  EXPECT_EQ(ContentOf(real)[kDataUnis], NumberEntry(12));
   EXPECT_EQ(real._common_ability_num, 4U);
 }
 

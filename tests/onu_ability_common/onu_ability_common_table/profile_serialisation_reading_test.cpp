@@ -105,9 +105,9 @@ TEST_F(ProfileSerialisationReadingTest, DefaultIsTheOneThatWasJustRead) {
 TEST_F(ProfileSerialisationReadingTest, TotalsAreDerivedAndTheCountIsStillTheOneOfTheBuffer) {
   Read(HeaderItems({21, 3, 2, 1, 1, 0, 1}) + RecordItems(1010, 2, 4));
 
-  EXPECT_EQ(
-      ContentOf(profile),
-      (Content{{kAllLan, NumberEntry(4)}, {kFePorts, NumberEntry(4)}, {kDataUni, NumberEntry(4)}}));
+  EXPECT_EQ(ContentOf(profile), (Content{{kAllLan, NumberEntry(4)},
+                                         {kFePorts, NumberEntry(4)},
+                                         {kDataUnis, NumberEntry(4)}}));
   EXPECT_EQ(profile._common_ability_num, 1U);
 }
 

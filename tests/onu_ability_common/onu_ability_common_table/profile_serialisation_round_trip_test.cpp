@@ -55,7 +55,7 @@ TEST_F(ProfileSerialisationRoundTripTest, RealProfileWithDerivedTotalsComesBack)
 
   EXPECT_EQ(MembersOf(copy), MembersOf(profile));
   EXPECT_EQ(ContentOf(copy), ContentOf(profile));
-  EXPECT_EQ(ContentOf(copy)[kDataUni], NumberEntry(6));
+  EXPECT_EQ(ContentOf(copy)[kDataUnis], NumberEntry(6));
 }
 
 TEST_F(ProfileSerialisationRoundTripTest, MatchProfileComesBack) {

@@ -66,7 +66,7 @@ TEST_F(ProfileSerialisationWritingTest, UnsetValueIsWrittenAsItIs) {
 }
 
 TEST_F(ProfileSerialisationWritingTest, HighCodesAreWidened) {
-  profile.UpdateInit(kDataUni, 6);
+  profile.UpdateInit(kDataUnis, 6);
 
   EXPECT_EQ(Written(), HeaderItems({}) + RecordItems(65533, 2, 6));
 }

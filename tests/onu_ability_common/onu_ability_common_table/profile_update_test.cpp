@@ -49,7 +49,7 @@ TEST_F(ProfileUpdateTest, NumberReplacesTheNumberAndDerives) {
                                       {kFePorts, NumberEntry(4)},
                                       {kPotsPorts, NumberEntry(7)},
                                       {kTypeName, {3, 0, "SFU-4"}},
-                                      {kDataUni, NumberEntry(4)}}));
+                                      {kDataUnis, NumberEntry(4)}}));
   EXPECT_EQ(Derivations(host.TakeLog()), 1);
 }
 
@@ -93,7 +93,7 @@ TEST_F(ProfileUpdateTest, NumberForAnAbsentCodeStoresNothingAndDerives) {
 
   EXPECT_EQ(ContentOf(real).count(kGePorts), 0U);
   EXPECT_EQ(ContentOf(real)[kAllLan], NumberEntry(4));
-  EXPECT_EQ(ContentOf(real)[kDataUni], NumberEntry(4));
+  EXPECT_EQ(ContentOf(real)[kDataUnis], NumberEntry(4));
   EXPECT_EQ(Derivations(host.TakeLog()), 1);
 }
 
