@@ -44,9 +44,10 @@ string(APPEND PC_LIBS_PRIVATE " -pthread")
 configure_file(cmake/package/write_pkg_config.cmake.in write_pkg_config.cmake @ONLY)
 install(SCRIPT ${CMAKE_CURRENT_BINARY_DIR}/write_pkg_config.cmake COMPONENT development)
 
-# Documents and the examples, which are there to be copied.
-install(DIRECTORY docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development
+# Documents and the examples, which are there to be copied, beside each other as in the tree.
+install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development
   FILES_MATCHING PATTERN "*.md" PATTERN "*.svg" PATTERN "man" EXCLUDE)
+install(FILES data/README.md DESTINATION ${CMAKE_INSTALL_DOCDIR}/data COMPONENT development)
 install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development
   FILES_MATCHING PATTERN "*.c" PATTERN "*.cpp" PATTERN "*.h" PATTERN "*.txt" PATTERN "Makefile"
   PATTERN "build*" EXCLUDE)

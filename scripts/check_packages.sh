@@ -89,6 +89,10 @@ for document in "${documents[@]}"; do
   uses=$((uses + 1))
 done
 
+say "Following the links of the installed documents"
+/usr/bin/python3 -B tests/documents/check_links.py --links-alone \
+  /usr/share/doc/libonu-ability-common-dev
+
 say "Looking for what a debugger reads"
 for program in "$library" /usr/bin/olt_host; do
   id=$(readelf -n "$program" | sed -n 's/.*Build ID: //p')

@@ -238,6 +238,17 @@ class LinksOfDocuments(TreeCase):
                   "```\n\n[d](https://localhost/missing)\n")
         self.expect(run("check_links.py", self.tree), 0, "0 links and paths")
 
+    def test_where_the_tree_is_not_links_alone_count(self):
+        self.page("# One\n\n`docs/missing.md` [a](page.md)\n")
+        self.expect(run("check_links.py", self.tree, "--links-alone"), 0,
+                    "1 links and paths in 1 documents")
+        self.page("# One\n\n[a](missing.md)\n")
+        self.expect(run("check_links.py", self.tree, "--links-alone"), 1,
+                    "docs/page.md:3: there is no missing.md")
+
+    def test_a_tree_without_documents_is_noticed(self):
+        self.expect(run("check_links.py", self.tree), 1, "has no documents")
+
     def test_a_document_without_a_test_is_noticed(self):
         self.page("# One\n")
         self.page("# Two\n", "README.md")
