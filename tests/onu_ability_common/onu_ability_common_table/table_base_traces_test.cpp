@@ -34,6 +34,8 @@ TEST_F(TableBaseTracesTest, TheExistenceOfACodeIsAskedUnderTrace) {
   EXPECT_EQ(Log(10, "function start!"), lines.front());
   EXPECT_EQ(Log(10, "function end!"), lines.back());
   EXPECT_EQ(lines.back().function, lines.front().function);
+  // An entry's own question has the same name and says both, too.
+  EXPECT_EQ("", UnevenTraces(lines));
 }
 
 TEST_F(TableBaseTracesTest, APatternSaysTheTypeOfEachValueThatItCompares) {

@@ -2,8 +2,8 @@
 # Runs every test of the library under valgrind's memcheck, each in a process of its own:
 # an invalid access, a decision on memory that nobody set, or a leak fails its test.
 # tests/support/valgrind.supp names the leak that is meant. The host's programs stay with
-# the sanitizers: they start programs of their own, which takes far longer than all this.
-# Six minutes on two cores, so by hand.
+# the sanitizers: they start programs of their own, which takes far longer than all this,
+# seven minutes on two cores.
 set -eu
 cd "$(dirname "$0")/.."
 scripts/install_packages.sh build memcheck
