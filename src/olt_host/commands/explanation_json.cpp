@@ -1,8 +1,8 @@
 // An explanation as a JSON document.
+#include "commands/ability_json.h"
 #include "commands/explanation_output.h"
 #include "commands/explanation_words.h"
 #include "commands/time_text.h"
-#include "recognition/ability_reading.h"
 
 namespace olt_host {
 
@@ -20,34 +20,17 @@ Json TypeJson(std::uint32_t type) {
   return type == kUnknownReportedType ? Json(nullptr) : Json(type);
 }
 
-// A number, a text, or null for an unset one. A wildcard is the number 4294967295 or "".
-Json ValueJson(const Value& value) {
-  switch (value.ability_value_type) {
-    case ONU_ABILITY_VALUE_TYPE_USHORT:
-      return value.ability_ushort_value;
-    case ONU_ABILITY_VALUE_TYPE_STRING:
-      return value.ability_string_value;
-    default:
-      return nullptr;
-  }
-}
-
-Json ValueJson(const std::optional<Value>& value) {
+Json HeldJson(const std::optional<Value>& value) {
   return value ? ValueJson(*value) : Json(nullptr);
-}
-
-Json NameJson(std::uint16_t code) {
-  const std::string name = CodeName(code);
-  return name.empty() ? Json(nullptr) : Json(name);
 }
 
 Json ReportedJson(const ReportedValue& value) {
   return {{"code", value.code},
-          {"name", NameJson(value.code)},
+          {"name", CodeNameJson(value.code)},
           {"told", ToText(value.told)},
           {"value", value.has_value ? ValueJson(value.value) : Json(nullptr)},
           {"is_compared", value.is_compared},
-          {"compared_value", ValueJson(value.compared)}};
+          {"compared_value", HeldJson(value.compared)}};
 }
 
 Json ReportJson(const Explanation& explanation) {
@@ -88,10 +71,10 @@ Json OriginJson(const ProfileOrigin& origin) {
 
 Json ComparisonJson(const AbilityComparison& comparison) {
   return {{"code", comparison.code},
-          {"name", NameJson(comparison.code)},
+          {"name", CodeNameJson(comparison.code)},
           {"verdict", ToText(comparison.verdict)},
           {"reported", ValueJson(comparison.reported)},
-          {"profile", ValueJson(comparison.held)}};
+          {"profile", HeldJson(comparison.held)}};
 }
 
 Json VerdictJson(const ProfileVerdict& verdict) {

@@ -1,10 +1,10 @@
 // One ONU in full.
+#include "commands/ability_json.h"
 #include "commands/explanation_words.h"
 #include "commands/host_context.h"
 #include "commands/onu_listing.h"
 #include "commands/text_table.h"
 #include "commands/time_text.h"
-#include "recognition/ability_reading.h"
 
 namespace olt_host {
 
@@ -117,9 +117,7 @@ Json ValueOrNull(const std::optional<Value>& value) {
 Json ReportJson(const OnuReport& report) {
   Json abilities = Json::array();
   for (const auto& [code, value] : report.abilities) {
-    const std::string name = CodeName(code);
-    abilities.push_back(
-        {{"code", code}, {"name", name.empty() ? Json() : Json(name)}, {"value", value}});
+    abilities.push_back({{"code", code}, {"name", CodeNameJson(code)}, {"value", value}});
   }
   const IdentifySettings& settings = Host().population->Settings(report.place);
   return {{"read_abilities", report.read_abilities},

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
+#include "commands/ability_json.h"
 #include "commands/explanation_words.h"
 #include "commands/host_context.h"
 #include "commands/onu_argument.h"
 #include "commands/text_table.h"
-#include "recognition/ability_reading.h"
 #include "recognition/near_profiles.h"
 #include "recognition/proposed_entry.h"
 #include "recognition/undisturbed_library.h"
@@ -17,7 +17,6 @@ namespace olt_host {
 namespace {
 
 using Json = nlohmann::ordered_json;
-using Value = ONU_ABILITY_COMMON_ABILITY_VALUE;
 
 constexpr std::size_t kNearestShown = 3;
 
@@ -158,16 +157,11 @@ void WriteGroup(struct vty& terminal, std::size_t number, const AlikeOnus& group
   WriteEntry(terminal, group, entry);
 }
 
-Json ValueJson(const Value& value) {
-  if (value.ability_value_type == ONU_ABILITY_VALUE_TYPE_STRING) return value.ability_string_value;
-  return value.ability_ushort_value;
-}
-
 Json NearJson(const NearProfile& near) {
   Json against = Json::array();
   for (const AbilityComparison& comparison : near.against) {
     against.push_back({{"code", comparison.code},
-                       {"name", CodeName(comparison.code)},
+                       {"name", CodeNameJson(comparison.code)},
                        {"reported", ValueJson(comparison.reported)},
                        {"profile", comparison.held ? ValueJson(*comparison.held) : Json()}});
   }
