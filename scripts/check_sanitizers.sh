@@ -2,7 +2,8 @@
 # Builds everything with the second compiler, warnings as errors, under the address,
 # leak and undefined-behaviour sanitizers, and runs the whole suite with what it built.
 # `make test` has run it with the first compiler, without them. Random sequences of
-# operations are 50 a test instead of 250 (tests/CMakeLists.txt).
+# operations are 50 a test instead of 250, ONUs of the large agreement of explanations a
+# quarter (tests/CMakeLists.txt and below it).
 #
 # What was run is counted on the way: every line and every branch of the library has to
 # be, but for those that scripts/coverage_exclusions.txt names, with the reason for each.
