@@ -10,7 +10,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 tree=$PWD
-scripts/install_packages.sh build packages board
+scripts/install_packages.sh build packages cross board
 
 as_root=()
 if [ "$(id -u)" != 0 ]; then

@@ -2,19 +2,25 @@
 """Holds the list of commands that are run elsewhere against the documents and against the
 scripts that are said to run them: every entry has a command in some document, and the script runs
 the commands as they stand there, or has the words that the list gives. What documents
-have for installed packages only is run by the gate that installs them.
+have for installed packages only is run by the gate that installs them. A command in the
+running text is run somewhere as well: in a block of a document, or by such a script.
 
     check_elsewhere.py TREE LIST
 """
 
 import argparse
 import pathlib
+import re
 import sys
 
-from check_links import documents
+from check_links import CODE, documents, prose
 from document import DocumentError, lone_commands, read_document
-from elsewhere import Elsewhere
+from elsewhere import Elsewhere, without_remark
 
+# What one types in the tree. The host's jobs are left out: in the running text they are
+# names, and the blocks show them.
+TYPED = re.compile(r"(?:make|cmake|ctest|dpkg|apt-get|doxygen|(?:scripts|bench|tests)/\S+\.(?:sh|py)) ")
+PLACEHOLDER = re.compile(r"(?:^|\s)\[?[A-Z][A-Z_]*\]?(?:\s|$)|\.\.\.")
 
 INSTALLED_BY = "scripts/check_packages.sh"
 RUNS_INSTALLED = "run_document.py --installed"
@@ -26,6 +32,15 @@ def commands_of(document):
             yield step.text
         elif step.kind == "commands":
             yield from (command for _, command in lone_commands(step.text))
+
+
+def inline_commands(document):
+    """(line, command) for each command in the running text that can be typed as it stands."""
+    text = prose(document.read_text())
+    for found in CODE.finditer(text):
+        command = " ".join(found.group(2).split())
+        if TYPED.match(command) and not PLACEHOLDER.search(command):
+            yield text.count("\n", 0, found.start()) + 1, command
 
 
 def unrun_with_packages(tree):
@@ -40,12 +55,19 @@ def unrun_with_packages(tree):
 
 
 def faults(tree, elsewhere):
-    used = set()
+    used, shown = set(), set()
     for document in documents(tree):
         try:
-            used.update(elsewhere.entry_of(command) for command in commands_of(document))
+            shown.update(without_remark(command) for command in commands_of(document))
         except DocumentError as error:
             yield str(error)
+    used.update(elsewhere.entry_of(command) for command in shown)
+    for document in documents(tree):
+        for line, command in inline_commands(document):
+            entry = elsewhere.entry_of(command)
+            used.add(entry)
+            if entry is None and command not in shown:
+                yield f"{document.relative_to(tree)}:{line}: nothing runs \"{command}\""
     for pattern in elsewhere.patterns():
         place = tree / elsewhere.place(pattern)
         if pattern not in used:

@@ -279,6 +279,17 @@ class CommandsElsewhere(TreeCase):
         self.expect(self.check("make tea => gate.sh (make coffee)\n", "    make tea\n"), 1,
                     "gate.sh does not run \"make coffee\"")
 
+    def test_a_command_in_the_text_that_nothing_runs_is_noticed(self):
+        self.expect(self.check("", "Say `make\ntea` and be\npatient.\n"), 1,
+                    'docs/page.md:1: nothing runs "make tea"')
+
+    def test_a_command_in_the_text_that_is_run_passes(self):
+        self.expect(self.check("make bench => gate.sh (make bench)\n", "Say `make bench`.\n"), 0)
+        self.expect(self.check("", "Say `make tea`:\n\n    $ make tea  # hot\n"), 0)
+
+    def test_names_and_placeholders_in_the_text_are_no_commands(self):
+        self.expect(self.check("", "`make`, `scripts/gate.sh`, `make tea CUP`, `ctest -R ...`\n"), 0)
+
     def test_commands_for_packages_that_no_gate_installs_are_noticed(self):
         page = "    make tea\n\n<!-- test: installed -->\n\n    $ tea\n"
         entries = "make tea => gate.sh (make bench)\n"
