@@ -1,5 +1,7 @@
 // The traces of a table's questions that no other test reads, and what a comparison of profiles
 // says.
+#include <functional>
+
 #include "support/traces.h"
 #include "table_fixture.h"
 
@@ -36,6 +38,31 @@ TEST_F(TableBaseTracesTest, TheExistenceOfACodeIsAskedUnderTrace) {
   EXPECT_EQ(lines.back().function, lines.front().function);
   // An entry's own question has the same name and says both, too.
   EXPECT_EQ("", UnevenTraces(lines));
+}
+
+// What profiles say in between is not even: one that has what is asked does not say its end,
+// as meant.
+TEST_F(TableBaseTracesTest, QuestionsSayFirstThatTheyStartAndLastThatTheyEnd) {
+  constexpr unsigned short kType = 70;
+  unsigned short id = 0;
+  unsigned int number = 0;
+  OnuAbilityProfile profile;
+  const std::vector<std::function<void()>> questions = {
+      [&] { table.Get(kDefault, id); },
+      [&] { table.Get(kDefault, 7U, profile); },
+      [&] { table.Get(kDefault, kType, profile); },
+      [&] { table.Get(kType, kFePorts, number); },
+  };
+  for (std::size_t i = 0; i < questions.size(); ++i) {
+    host.ForgetLog();
+    questions[i]();
+    const std::vector<LogLine> lines = host.TakeLog();
+    ASSERT_GE(lines.size(), 2U) << "question " << i;
+    EXPECT_NE(std::string::npos, lines.front().text.find("function start!")) << "question " << i;
+    EXPECT_EQ("Get", lines.front().function) << "question " << i;
+    EXPECT_EQ("function end!", lines.back().text) << "question " << i;
+    EXPECT_EQ("Get", lines.back().function) << "question " << i;
+  }
 }
 
 TEST_F(TableBaseTracesTest, APatternSaysTheTypeOfEachValueThatItCompares) {
