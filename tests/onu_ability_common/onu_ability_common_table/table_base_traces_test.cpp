@@ -74,6 +74,21 @@ TEST_F(TableBaseTracesTest, APatternSaysTheTypeOfEachValueThatItCompares) {
   EXPECT_EQ("operator==", SaidBy("value_type:2", host.TakeLog()));
 }
 
+TEST_F(TableBaseTracesTest, APatternSaysWhatItDoesNotName) {
+  OnuAbilityProfile report = With(MakeProfile(kMatch), kFePorts, 4);
+  report._flag_match_type = ONU_ABILITY_MATCH_TYPE_PATTERN;
+  OnuAbilityProfile stored = MakeProfile(kMatch);
+  host.ForgetLog();
+  static_cast<void>(stored == report);
+  std::string speaker;
+  for (const LogLine& line : host.TakeLog()) {
+    if (line.text.find("don't need match!") != std::string::npos) {
+      speaker = line.function;
+    }
+  }
+  EXPECT_EQ("operator==", speaker);
+}
+
 TEST_F(TableBaseTracesTest, AnOperatorsProfileOfTheInputsIdIsSaidToExist) {
   OnuAbilityProfile stored = WithId(MakeRealProfile(7, 70, kExternal), 9);
   OnuAbilityProfile input = WithId(MakeRealProfile(9, 90, kExternal), 70);
