@@ -201,14 +201,6 @@ TEST_P(RandomAgreement, OnOddNetworks) {
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomAgreement,
                          testing::Values(1U, 1001U, 2001U, 3001U, 4001U, 5001U));
 
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define OLT_HOST_TEST_IS_SLOW
-#endif
-#elif defined(__SANITIZE_ADDRESS__)
-#define OLT_HOST_TEST_IS_SLOW
-#endif
-
 #ifdef OLT_HOST_TEST_IS_SLOW
 constexpr bool kIsSlow = true;
 #else
