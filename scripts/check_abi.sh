@@ -125,14 +125,18 @@ minor=${minor%%.*}
 record "$library" $build/prefix/include $now
 record_file=abi/onu_ability_common-$major.$minor.abi
 
-if [ "${1:-}" = --record ]; then
-  if [ -e "$record_file" ]; then
-    echo "$record_file is there; a record of a version is written once. Raise the version." >&2
-    exit 1
+# write_record FILE
+write_record() {
+  if [ -e "$1" ]; then
+    echo "$1 is there; a record of a version is written once. Raise the version." >&2
+    return 1
   fi
-  cp $now "$record_file"
-  echo "abi: wrote $record_file"
-  exit 0
+  cp $now "$1"
+  echo "abi: wrote $1"
+}
+if [ "${1:-}" = --record ]; then
+  write_record "$record_file"
+  exit
 fi
 
 failures=0
@@ -140,6 +144,14 @@ fail() {
   printf '%s\n' "$@" >&2
   failures=$((failures + 1))
 }
+
+# A record is written, and written once.
+rm -f $build/written.abi
+if ! write_record $build/written.abi >/dev/null || ! cmp -s $now $build/written.abi; then
+  fail "the record of a new version cannot be written"
+elif write_record $build/written.abi >/dev/null 2>&1; then
+  fail "the record of a version can be written twice"
+fi
 
 # The soname and the record say the same as the version.
 soname=$(readelf -d "$library" | sed -n 's/.*SONAME.*\[\(.*\)\]/\1/p')

@@ -20,4 +20,8 @@ nlohmann::ordered_json ValueJson(const ONU_ABILITY_COMMON_ABILITY_VALUE& value) 
   }
 }
 
+nlohmann::ordered_json ValueJson(const std::optional<ONU_ABILITY_COMMON_ABILITY_VALUE>& value) {
+  return value ? ValueJson(*value) : nlohmann::ordered_json(nullptr);
+}
+
 }  // namespace olt_host

@@ -9,7 +9,6 @@ namespace olt_host {
 namespace {
 
 using Json = nlohmann::ordered_json;
-using Value = ONU_ABILITY_COMMON_ABILITY_VALUE;
 
 template <typename Held>
 Json OrNull(const std::optional<Held>& value) {
@@ -20,17 +19,13 @@ Json TypeJson(std::uint32_t type) {
   return type == kUnknownReportedType ? Json(nullptr) : Json(type);
 }
 
-Json HeldJson(const std::optional<Value>& value) {
-  return value ? ValueJson(*value) : Json(nullptr);
-}
-
 Json ReportedJson(const ReportedValue& value) {
   return {{"code", value.code},
           {"name", CodeNameJson(value.code)},
           {"told", ToText(value.told)},
           {"value", value.has_value ? ValueJson(value.value) : Json(nullptr)},
           {"is_compared", value.is_compared},
-          {"compared_value", HeldJson(value.compared)}};
+          {"compared_value", ValueJson(value.compared)}};
 }
 
 Json ReportJson(const Explanation& explanation) {
@@ -74,7 +69,7 @@ Json ComparisonJson(const AbilityComparison& comparison) {
           {"name", CodeNameJson(comparison.code)},
           {"verdict", ToText(comparison.verdict)},
           {"reported", ValueJson(comparison.reported)},
-          {"profile", HeldJson(comparison.held)}};
+          {"profile", ValueJson(comparison.held)}};
 }
 
 Json VerdictJson(const ProfileVerdict& verdict) {

@@ -163,7 +163,7 @@ Json NearJson(const NearProfile& near) {
     against.push_back({{"code", comparison.code},
                        {"name", CodeNameJson(comparison.code)},
                        {"reported", ValueJson(comparison.reported)},
-                       {"profile", comparison.held ? ValueJson(*comparison.held) : Json()}});
+                       {"profile", ValueJson(comparison.held)}});
   }
   return {{"key", near.profile.key},     {"source", near.profile.source},
           {"id", near.profile.id},       {"type_name", near.name},

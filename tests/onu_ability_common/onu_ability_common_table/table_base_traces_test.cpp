@@ -80,13 +80,7 @@ TEST_F(TableBaseTracesTest, APatternSaysWhatItDoesNotName) {
   OnuAbilityProfile stored = MakeProfile(kMatch);
   host.ForgetLog();
   static_cast<void>(stored == report);
-  std::string speaker;
-  for (const LogLine& line : host.TakeLog()) {
-    if (line.text.find("don't need match!") != std::string::npos) {
-      speaker = line.function;
-    }
-  }
-  EXPECT_EQ("operator==", speaker);
+  EXPECT_EQ("operator==", SaidBy("don't need match!", host.TakeLog()));
 }
 
 TEST_F(TableBaseTracesTest, AnOperatorsProfileOfTheInputsIdIsSaidToExist) {
