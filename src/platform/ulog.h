@@ -6,9 +6,10 @@
 /// implementation must be safe against concurrent calls.
 ///
 /// It may call back into the library: registries, settings, hooks and the log mask while
-/// any line is written; tables, manager, query functions and commands only for a line
-/// that no table operation writes, because those hold the table's lock and the lock is
-/// not recursive; and not for `OnuAbilityTableManager start!` and `release
+/// any line is written, and IsEqual and IsExist of a code, which lock nothing; whatever
+/// else there is of tables, manager, query functions and commands only for a line that no
+/// table operation writes, because those hold a table's lock, the lock is not recursive,
+/// and two of them have no order; and none of these for `OnuAbilityTableManager start!` and `release
 /// OnuAbilityTableManager!`, at which there is no manager yet, or no longer. Lines that the
 /// call back causes arrive here, too.
 #ifndef ULOG_H

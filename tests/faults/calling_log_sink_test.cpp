@@ -62,6 +62,14 @@ void AskTables() {
   onu_ability_get_onu_lamp_total_num_by_key_ability(102);
 }
 
+// What reads the tables without their locks.
+void AskWithoutLocks() {
+  for (const auto& [type, table] : OnuAbilityTableManager::GetInstance()->_map_table) {
+    table->IsEqual(ONU_ABILITY_PROFILE_SOURCE_ALL, ONU_ABILITY_CODE_REAL_TYPE, 1102U);
+    table->IsExist(1010);
+  }
+}
+
 // Lines of its own calls are not answered.
 void CallBack(const LogLine& /*line*/) {
   static bool answering = false;
@@ -73,7 +81,9 @@ void CallBack(const LogLine& /*line*/) {
   ++(locked ? under_lock : without_lock);
   SetSettings();
   AskRegistries();
-  if (!locked) {
+  if (locked) {
+    AskWithoutLocks();
+  } else {
     AskManager();
     if (OnuAbilityTableManager::GetInstance()->_map_table.size() == 2) {
       AskTables();
