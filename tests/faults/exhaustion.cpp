@@ -178,6 +178,9 @@ std::string Trial::Run(unsigned int k, From from) {
 
 }  // namespace
 
+// A process that never ends well makes no last request.
+constexpr size_t kEnoughFaults = 20;
+
 Exhaustion RunOutOfMemory(const Operation& operation) {
   const Call call = operation.prepare();
   const Observation before = Observe(call, 0);
@@ -198,7 +201,7 @@ Exhaustion RunOutOfMemory(const Operation& operation) {
             Words("request ", k, from == From::kOnce ? "" : " and all after it", " fails; ", said));
       }
     }
-    if (over) {
+    if (over || outcome.faults.size() >= kEnoughFaults) {
       return outcome;
     }
     outcome.requests = k;

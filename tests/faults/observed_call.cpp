@@ -1,5 +1,6 @@
 #include "observed_call.h"
 
+#include <gtest/gtest.h>
 #include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -10,6 +11,7 @@
 
 #include "short_ways/texts.h"
 #include "support/end_of_child.h"
+#include "support/recording_host.h"
 
 Observation Observe(const Call& call, unsigned long long result) {
   Observation seen;
@@ -24,6 +26,7 @@ Observation Observe(const Call& call, unsigned long long result) {
 namespace {
 
 constexpr size_t kRoom = 1U << 20U;
+constexpr int kHostFoundFault = 3;  // exit status
 
 }  // namespace
 
@@ -39,7 +42,7 @@ std::string InChild(const std::function<std::string()>& work) {
     alarm(60);  // whatever hangs has lost a lock
     const std::string said = work();
     text[said.copy(text, kRoom - 1)] = '\0';
-    EndChild();
+    EndChild(testing::Test::HasFailure() ? kHostFoundFault : 0);
   }
   int status = 0;
   waitpid(child, &status, 0);
@@ -47,6 +50,9 @@ std::string InChild(const std::function<std::string()>& work) {
   munmap(shared, kRoom);
   if (WIFSIGNALED(status)) {
     return Words("killed by ", strsignal(WTERMSIG(status)));
+  }
+  if (WEXITSTATUS(status) == kHostFoundFault) {
+    return Words("the host found a fault; ", said);
   }
   return WEXITSTATUS(status) == 0 ? said : Words("exit status ", WEXITSTATUS(status));
 }
@@ -106,8 +112,8 @@ std::string Difference(const std::string& now, const std::string& other) {
 }
 
 std::string Differences(const Observation& now, const Observation& expected) {
-  if (now.parts.size() != expected.parts.size()) {
-    return now.outputs;
+  if (now.parts.empty() || now.parts.size() != expected.parts.size()) {
+    return Words("with all well: ", expected.outputs, "\nnow: ", now.outputs);
   }
   std::string text;
   for (size_t i = 0; i < now.parts.size(); ++i) {
@@ -128,6 +134,8 @@ Observation ObserveInChild(const Call& call, const std::function<void()>& begin)
       begin();
     }
     const unsigned long long result = call.run();
+    EXPECT_EQ(0U, RecordingHost::Instance().locks_held());
+    EXPECT_EQ(0U, RecordingHost::Instance().blocks_in_use());
     return Packed(Observe(call, result));
   }));
 }

@@ -31,11 +31,12 @@ struct Observation {
 
 Observation Observe(const Call& call, unsigned long long result);
 
-// Makes the call in a child process, under the conditions that `begin` sets. The text of
-// what was wrong with the process itself is the whole of the outputs.
+// Makes the call in a child process, under the conditions that `begin` sets. What was wrong
+// with the process itself, or what fault the host found, is all there is of the outputs.
 Observation ObserveInChild(const Call& call, const std::function<void()>& begin = nullptr);
 
-// What a child process says; of one that does not end well, why.
+// What a child process says; of one that does not end well, or in which the host found a
+// fault, what was wrong.
 std::string InChild(const std::function<std::string()>& work);
 
 // The first line of `now` that is not that of `other`.

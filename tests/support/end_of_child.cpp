@@ -6,9 +6,9 @@
 extern "C" __attribute__((weak)) int
 __llvm_profile_write_file();  // NOLINT(bugprone-reserved-identifier,cert-dcl37-c)
 
-void EndChild() {
+void EndChild(int status) {
   if (__llvm_profile_write_file != nullptr) {
     __llvm_profile_write_file();
   }
-  _exit(0);
+  _exit(status);
 }
