@@ -14,7 +14,6 @@ LITERAL = re.compile(r'"((?:[^"\\]|\\.)*)"')
 DEFINITION = re.compile(
     r"^(?:[A-Za-z][\w\s:<>,*&]*[\s*&])?((?:[A-Za-z_]\w*::)?(?:operator[^\s(]+|~?[A-Za-z_]\w*))\(",
     re.MULTILINE)
-RETURNED = re.compile(r'\breturn "((?:[^"\\]|\\.)*)";')
 
 
 class Message(NamedTuple):
@@ -77,15 +76,6 @@ class Source:
         classes = {name.split("::")[0] for _, name in self.starts if "::" in name}
         return classes.pop() if len(classes) == 1 else None
 
-    def returned_texts(self, name, seen=()):
-        """What a function, and those of this file that it calls, may return as text."""
-        body = self.bodies[name]
-        texts = RETURNED.findall(body)
-        for other in self.bodies:
-            if other != name and other not in seen and re.search(rf"\b{re.escape(other)}\(", body):
-                texts += self.returned_texts(other, (*seen, name))
-        return texts
-
     def log_messages(self):
         for call in CALL.finditer(self.text):
             where = self.where(call.start())
@@ -98,12 +88,7 @@ class Source:
                 operation = f"{owner}::{operation}" if owner else operation
             # A profile, looked at through one of its abilities.
             operation = operation.replace("AbilityEntry::", "OnuAbilityProfile::")
-            level, text = int(parts[0]), text_of(parts[1], where)
-            texts = self.returned_texts(function) if text == "%s" else [text]
-            if not texts:
-                raise ValueError(f"{where}: nothing is known of what this says")
-            for one in texts:
-                yield Message(level, one, operation)
+            yield Message(int(parts[0]), text_of(parts[1], where), operation)
 
     def written_messages(self, function):
         """What the sources write by a function whose format is its first literal argument."""

@@ -195,6 +195,7 @@ void ulogPrintf(unsigned int module_id, unsigned int level, const char* format, 
   LogLine line;
   line.module_id = module_id;
   line.level = level;
+  line.format = format;
   va_list arguments;
   va_start(arguments, format);
   line.text = Format(format, arguments);

@@ -22,6 +22,7 @@
 // One line that left through ulogPrintf, the common tail taken off `text`.
 struct LogLine {
   unsigned int level = 0;
+  std::string format;     // as passed
   std::string text;       // formatted, without " func:NAME,line:N\r\n\r\n"
   std::string function;   // NAME of the tail; empty when the line had no tail
   unsigned int line = 0;  // N of the tail

@@ -1,7 +1,7 @@
 // Writing a profile into the host's buffer and reading it back, item by item in
 // a fixed order.
 //
-// The helpers return the line for a failed item, or null when all went well.
+// The helpers say which item failed, and return false.
 #include <string>
 
 #include "bep.h"
@@ -12,53 +12,65 @@ namespace {
 
 constexpr unsigned int kNextItem = 0xFFFF;
 
-const char* PackHeader(const OnuAbilityProfile& profile, Variant& variant) {
+bool PackHeader(const OnuAbilityProfile& profile, Variant& variant) {
   if (variant.Append(profile._id, kNextItem) != 0) {
-    return "pack _id failed\r\n";
+    ONU_ABILITY_LOG_FOR("Serialize", 13, "pack _id failed\r\n");
+    return false;
   }
   if (variant.Append(profile._bind_count, kNextItem) != 0) {
-    return "pack _bind_count failed\r\n";
+    ONU_ABILITY_LOG_FOR("Serialize", 13, "pack _bind_count failed\r\n");
+    return false;
   }
   if (variant.Append(static_cast<unsigned int>(profile._flag_match_type), kNextItem) != 0) {
-    return "pack _flag_match_type failed\r\n";
+    ONU_ABILITY_LOG_FOR("Serialize", 13, "pack _flag_match_type failed\r\n");
+    return false;
   }
   if (variant.Append(static_cast<unsigned int>(profile._profile_type), kNextItem) != 0) {
-    return "pack _profile_type failed\r\n";
+    ONU_ABILITY_LOG_FOR("Serialize", 13, "pack _profile_type failed\r\n");
+    return false;
   }
   if (variant.Append(static_cast<unsigned int>(profile._profile_source), kNextItem) != 0) {
-    return "pack _profile_source failed\r\n";
+    ONU_ABILITY_LOG_FOR("Serialize", 13, "pack _profile_source failed\r\n");
+    return false;
   }
   if (variant.Append(profile._ability_default_value, kNextItem) != 0) {
-    return "pack _ability_default_value failed\r\n";
+    ONU_ABILITY_LOG_FOR("Serialize", 13, "pack _ability_default_value failed\r\n");
+    return false;
   }
   // The cached count, which may be stale, not the size of the map: meant.
   if (variant.Append(profile._common_ability_num, kNextItem) != 0) {
-    return "pack _common_ability_num failed\r\n";
+    ONU_ABILITY_LOG_FOR("Serialize", 13, "pack _common_ability_num failed\r\n");
+    return false;
   }
-  return nullptr;
+  return true;
 }
 
-const char* PackAbility(unsigned short code, const ONU_ABILITY_COMMON_ABILITY_VALUE& value,
-                        Variant& variant) {
+bool PackAbility(unsigned short code, const ONU_ABILITY_COMMON_ABILITY_VALUE& value,
+                 Variant& variant) {
   if (variant.Append(static_cast<unsigned int>(code), kNextItem) != 0) {
-    return "pack ability_code failed\r\n";
+    ONU_ABILITY_LOG_FOR("Serialize", 13, "pack ability_code failed\r\n");
+    return false;
   }
   if (variant.Append(value.ability_value_type, kNextItem) != 0) {
-    return "pack ability_value_type failed\r\n";
+    ONU_ABILITY_LOG_FOR("Serialize", 13, "pack ability_value_type failed\r\n");
+    return false;
   }
   if (variant.Append(value.ability_ushort_value, kNextItem) != 0) {
-    return "pack ability_ushort_value failed\r\n";
+    ONU_ABILITY_LOG_FOR("Serialize", 13, "pack ability_ushort_value failed\r\n");
+    return false;
   }
   const unsigned int length = bep_StrLen(value.ability_string_value.c_str());
   if (variant.Append(length, kNextItem) != 0) {
-    return "pack ability_string_len failed\r\n";
+    ONU_ABILITY_LOG_FOR("Serialize", 13, "pack ability_string_len failed\r\n");
+    return false;
   }
   // The buffer does not write through the pointer.
   auto* bytes = const_cast<char*>(value.ability_string_value.c_str());
   if (length != 0 && variant.Append(bytes, length, kNextItem) != 0) {
-    return "pack ability_string_value failed\r\n";
+    ONU_ABILITY_LOG_FOR("Serialize", 13, "pack ability_string_value failed\r\n");
+    return false;
   }
-  return nullptr;
+  return true;
 }
 
 // Fetches one of the header's enumerations, which stays as it was on failure.
@@ -72,29 +84,36 @@ bool FetchEnum(const Variant& variant, Enum& value) {
   return true;
 }
 
-const char* UnpackHeader(OnuAbilityProfile& profile, const Variant& variant, unsigned int& count) {
+bool UnpackHeader(OnuAbilityProfile& profile, const Variant& variant, unsigned int& count) {
   if (variant.Fetch(profile._id, kNextItem) != 0) {
-    return "unpack _id failed\r\n";
+    ONU_ABILITY_LOG_FOR("UnSerialize", 13, "unpack _id failed\r\n");
+    return false;
   }
   if (variant.Fetch(profile._bind_count, kNextItem) != 0) {
-    return "unpack _bind_count failed\r\n";
+    ONU_ABILITY_LOG_FOR("UnSerialize", 13, "unpack _bind_count failed\r\n");
+    return false;
   }
   if (!FetchEnum(variant, profile._flag_match_type)) {
-    return "unpack _flag_match_type failed\r\n";
+    ONU_ABILITY_LOG_FOR("UnSerialize", 13, "unpack _flag_match_type failed\r\n");
+    return false;
   }
   if (!FetchEnum(variant, profile._profile_type)) {
-    return "unpack _profile_type failed\r\n";
+    ONU_ABILITY_LOG_FOR("UnSerialize", 13, "unpack _profile_type failed\r\n");
+    return false;
   }
   if (!FetchEnum(variant, profile._profile_source)) {
-    return "unpack _profile_source failed\r\n";
+    ONU_ABILITY_LOG_FOR("UnSerialize", 13, "unpack _profile_source failed\r\n");
+    return false;
   }
   if (variant.Fetch(profile._ability_default_value, kNextItem) != 0) {
-    return "unpack _ability_default_value failed\r\n";
+    ONU_ABILITY_LOG_FOR("UnSerialize", 13, "unpack _ability_default_value failed\r\n");
+    return false;
   }
   if (variant.Fetch(count, kNextItem) != 0) {
-    return "unpack _common_ability_num failed\r\n";
+    ONU_ABILITY_LOG_FOR("UnSerialize", 13, "unpack _common_ability_num failed\r\n");
+    return false;
   }
-  return nullptr;
+  return true;
 }
 
 // A zeroed block of the host's allocator, released with its scope.
@@ -133,46 +152,47 @@ bool FetchString(const Variant& variant, unsigned int length, std::string& text)
   return true;
 }
 
-const char* UnpackAbility(const Variant& variant, unsigned short& code,
-                          ONU_ABILITY_COMMON_ABILITY_VALUE& value) {
+bool UnpackAbility(const Variant& variant, unsigned short& code,
+                   ONU_ABILITY_COMMON_ABILITY_VALUE& value) {
   unsigned int wide_code = 0;
   if (variant.Fetch(wide_code, kNextItem) != 0) {
-    return "unpack ability_code failed\r\n";
+    ONU_ABILITY_LOG_FOR("UnSerialize", 13, "unpack ability_code failed\r\n");
+    return false;
   }
   code = static_cast<unsigned short>(wide_code);
   if (variant.Fetch(value.ability_value_type, kNextItem) != 0) {
-    return "unpack ability_value_type failed\r\n";
+    ONU_ABILITY_LOG_FOR("UnSerialize", 13, "unpack ability_value_type failed\r\n");
+    return false;
   }
   if (variant.Fetch(value.ability_ushort_value, kNextItem) != 0) {
-    return "unpack ability_ushort_value failed\r\n";
+    ONU_ABILITY_LOG_FOR("UnSerialize", 13, "unpack ability_ushort_value failed\r\n");
+    return false;
   }
   unsigned int length = 0;
   if (variant.Fetch(length, kNextItem) != 0) {
-    return "unpack ability_string_len failed\r\n";
+    ONU_ABILITY_LOG_FOR("UnSerialize", 13, "unpack ability_string_len failed\r\n");
+    return false;
   }
   if (length != 0 && !FetchString(variant, length, value.ability_string_value)) {
-    return "unpack ability_string_value failed\r\n";
+    ONU_ABILITY_LOG_FOR("UnSerialize", 13, "unpack ability_string_value failed\r\n");
+    return false;
   }
-  return nullptr;
+  return true;
 }
 
 }  // namespace
 
 void OnuAbilityProfile::Serialize(Variant& variant) {
-  const char* failure = PackHeader(*this, variant);
-  for (auto ability = _common_ability.begin();
-       failure == nullptr && ability != _common_ability.end(); ++ability) {
-    failure = PackAbility(ability->first, ability->second, variant);
-  }
-  if (failure != nullptr) {
-    ONU_ABILITY_LOG(13, "%s", failure);
+  bool packed = PackHeader(*this, variant);
+  for (auto ability = _common_ability.begin(); packed && ability != _common_ability.end();
+       ++ability) {
+    packed = PackAbility(ability->first, ability->second, variant);
   }
 }
 
 void OnuAbilityProfile::UnSerialize(const Variant& variant) {
   unsigned int count = 0;
-  if (const char* failure = UnpackHeader(*this, variant, count)) {
-    ONU_ABILITY_LOG(13, "%s", failure);
+  if (!UnpackHeader(*this, variant, count)) {
     return;
   }
   // 16 bits, as meant: a count of 65536 or more wraps, and reading goes on
@@ -180,8 +200,7 @@ void OnuAbilityProfile::UnSerialize(const Variant& variant) {
   for (unsigned short i = 0; i < count; ++i) {
     unsigned short code = 0;
     ONU_ABILITY_COMMON_ABILITY_VALUE value;
-    if (const char* failure = UnpackAbility(variant, code, value)) {
-      ONU_ABILITY_LOG(13, "%s", failure);
+    if (!UnpackAbility(variant, code, value)) {
       return;
     }
     Add(code, value);

@@ -266,6 +266,13 @@ TEST_F(ProfileSerialisationReadingTest, AnyBlockThatIsNotGivenLosesItsOwnStringO
 
 // --- Failing items
 
+void ExpectOnlyFailureIn(const std::string& field, const std::vector<LogLine>& lines) {
+  const std::string text = "unpack " + field + " failed\r\n";
+  EXPECT_EQ(lines, std::vector<LogLine>{Log(13, text)});
+  EXPECT_EQ(lines.at(0).function, "UnSerialize");
+  EXPECT_EQ(lines.at(0).format, text + " func:%s,line:%d\r\n\r\n");
+}
+
 TEST_F(ProfileSerialisationReadingTest, EveryFailingHeaderItemIsLoggedAndEndsTheReading) {
   for (unsigned int k = 1; k <= 7; ++k) {
     profile = MakeProfile(kReal);
@@ -276,9 +283,7 @@ TEST_F(ProfileSerialisationReadingTest, EveryFailingHeaderItemIsLoggedAndEndsThe
 
     EXPECT_EQ(Read(HeaderItems({22, 30, 1, 2, 1, kWildcard, 1}) + RecordItems(1030, 2, 1)), 12 - k);
 
-    EXPECT_EQ(host.TakeLog({0, 1, 4, 13}),
-              std::vector<LogLine>{
-                  Log(13, "unpack " + FieldsOfNumberAndString()[k - 1] + " failed\r\n")});
+    ExpectOnlyFailureIn(FieldsOfNumberAndString()[k - 1], host.TakeLog({0, 1, 4, 13}));
     EXPECT_EQ(profile._id, k > 1 ? 22 : 0) << "item " << k;
     EXPECT_EQ(profile._bind_count, k > 2 ? 30U : 0U) << "item " << k;
     EXPECT_EQ(profile._flag_match_type, k > 3 ? 1 : 0) << "item " << k;
@@ -303,9 +308,7 @@ TEST_F(ProfileSerialisationReadingTest, EveryFailingRecordItemIsLoggedAndKeepsTh
 
     EXPECT_EQ(Read(whole), whole.size() - k + 1) << "item " << k;
 
-    EXPECT_EQ(host.TakeLog({0, 13}),
-              std::vector<LogLine>{
-                  Log(13, "unpack " + FieldsOfNumberAndString()[k - 1] + " failed\r\n")});
+    ExpectOnlyFailureIn(FieldsOfNumberAndString()[k - 1], host.TakeLog({0, 13}));
     const bool first_added = k > 11;
     EXPECT_EQ(ContentOf(profile), first_added ? (Content{{kPotsPorts, NumberEntry(2)}}) : Content{})
         << "item " << k;

@@ -140,8 +140,11 @@ TEST_F(ProfileSerialisationWritingTest, EveryFailingItemIsLoggedAndEndsTheWritin
 
     EXPECT_EQ(Written(), Items(whole.begin(), whole.begin() + (k - 1))) << "item " << k;
 
-    EXPECT_EQ(host.TakeLog(), std::vector<LogLine>{Log(
-                                  13, "pack " + FieldsOfNumberAndString()[k - 1] + " failed\r\n")});
+    const std::vector<LogLine> lines = host.TakeLog();
+    const std::string text = "pack " + FieldsOfNumberAndString()[k - 1] + " failed\r\n";
+    EXPECT_EQ(lines, std::vector<LogLine>{Log(13, text)});
+    EXPECT_EQ(lines.at(0).function, "Serialize");
+    EXPECT_EQ(lines.at(0).format, text + " func:%s,line:%d\r\n\r\n");
   }
 }
 
