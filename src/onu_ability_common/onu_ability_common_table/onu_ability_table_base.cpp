@@ -2,6 +2,8 @@
 // concrete tables override.
 #include "onu_ability_common_table/onu_ability_table_base.h"
 
+#include <algorithm>
+
 #include "onu_ability_common_global/log.h"
 #include "onu_ability_common_global/short_ways.h"
 #include "onu_ability_common_table/ability_name.h"
@@ -138,9 +140,19 @@ unsigned short OnuAbilityTableBase::NewId(ONU_ABILITY_ENUM_PROFILE_SOURCE source
   return index != nullptr && !WalksOnly() ? index->NewId(source) : FindNewId(source);
 }
 
+bool OnuAbilityTableBase::IsTaken(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned short id) const {
+  return std::any_of(_vec_profile.begin(), _vec_profile.end(), [=](const auto& profile) {
+    return profile._profile_source == source && profile._id == id;
+  });
+}
+
 void OnuAbilityTableBase::RenewId(OnuAbilityProfile& profile) const {
-  if (profile._handling.has_new_id) {
-    profile._handling.has_new_id = false;
+  if (!profile._handling.has_new_id) {
+    return;
+  }
+  profile._handling.has_new_id = false;
+  // A host's own table may have answered with an id of its own choice.
+  if (_index != nullptr || IsTaken(profile._profile_source, profile._id)) {
     profile._id = NewId(profile._profile_source);
   }
 }

@@ -153,6 +153,8 @@ class ONU_ABILITY_API OnuAbilityTableBase {
     return static_cast<unsigned int>(&profile - _vec_profile.data());
   }
 
+  ONU_ABILITY_LOCAL bool IsTaken(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned short id) const
+      ONU_ABILITY_REQUIRES(_mutex);
   /// Gives the profile its new id once more, if the manager gave it one: with the lock held
   /// from here to Append no other profile of its source can get the same.
   ONU_ABILITY_LOCAL void RenewId(OnuAbilityProfile& profile) const ONU_ABILITY_REQUIRES(_mutex);

@@ -188,6 +188,6 @@ void OnuMatchAbilityTable::LeavePendingEntries(const std::vector<unsigned int>& 
     entries.pop_back();
   }
   if (ProfileIndex* index = Index()) {
-    index->Patterns().NotePendingEntries(key_code);
+    index->Patterns().Forget(key_code);
   }
 }

@@ -199,12 +199,10 @@ void PatternIndex::Append(const OnuAbilityProfile& profile) {
   ++_size;
 }
 
-void PatternIndex::NotePendingEntries(unsigned short key_code) {
-  Forget(key_code);
-  _knows_lacking = false;
+void PatternIndex::Forget(unsigned short code) {
+  _columns.erase(code);
+  _knows_lacking = _knows_lacking && code != _lacked_code;
 }
-
-void PatternIndex::Forget(unsigned short code) { _columns.erase(code); }
 
 void PatternIndex::Clear() {
   _columns.clear();

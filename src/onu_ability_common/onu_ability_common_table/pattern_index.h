@@ -79,9 +79,7 @@ class PatternIndex {
 
   // What happened to the profiles.
   void Append(const OnuAbilityProfile& profile);
-  // Some that lacked the key code may have got its entry.
-  void NotePendingEntries(unsigned short key_code);
-  // What depends on the values of one code, or of all.
+  // What depends on who has one code, and with what value, or any.
   void Forget(unsigned short code);
   void Clear();
 

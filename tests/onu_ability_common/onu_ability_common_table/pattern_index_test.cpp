@@ -44,7 +44,7 @@ class PatternIndexTest : public LibraryTest {
         profiles[position]._common_ability.try_emplace(code);
       }
     }
-    index.NotePendingEntries(code);
+    index.Forget(code);
   }
 
   Profiles profiles;
@@ -237,15 +237,15 @@ TEST_F(PatternIndexPendingTest, AnotherKeyCodeIsLackedByOthers) {
   EXPECT_EQ((Positions{0, 2, 3, 4}), HoldersOf(kKeyValue));
 }
 
-// After a walk: who lacks the code is looked for again.
-TEST_F(PatternIndexPendingTest, NotedEntriesAreNoLongerMissed) {
+// After a walk, or a new value: who lacks the code is looked for again.
+TEST_F(PatternIndexPendingTest, EntriesOfAForgottenCodeAreNoLongerMissed) {
   Newest({{kKeyValue, Number(7)}});
   for (OnuAbilityProfile& profile : profiles) {
     profile.UpdateInit(kKeyValue, 8);
   }
   Newest({{kKeyValue, Number(7)}});
   EXPECT_TRUE(says);
-  index.NotePendingEntries(kKeyValue);
+  index.Forget(kKeyValue);
   EXPECT_EQ(4U, Newest({{kKeyValue, Number(8)}}));
   EXPECT_FALSE(says);
 }

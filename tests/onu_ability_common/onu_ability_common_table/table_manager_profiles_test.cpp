@@ -37,6 +37,32 @@ TEST_F(TableManagerProfilesTest, MatchProfileWithId65535GetsANewId) {
   EXPECT_EQ((Ids{30001}), IdsOf(TableOf(kMatch)));
 }
 
+// A table of the host's own, which numbers its profiles as it likes.
+class NumberingTable : public OnuRealAbilityTable {
+ public:
+  using OnuRealAbilityTable::Get;
+  unsigned int Get(ONU_ABILITY_ENUM_PROFILE_SOURCE, unsigned short& id) override {
+    id = next;
+    return kOk;
+  }
+  unsigned short next = 40000;
+};
+
+TEST_F(TableManagerProfilesTest, HostsOwnTableGivesItsOwnIds) {
+  auto* table = new NumberingTable;  // the manager's, as all that it holds
+  manager.DelOnuAbilityTable(kReal);
+  manager._map_table[kReal] = table;
+  OnuAbilityProfile first = MakeRealProfile(7, 70, kExternal);
+  EXPECT_EQ(kOk, manager.Add(first));
+  EXPECT_EQ(40000, first._id);
+  // The same from another source is another's; the same from this one cannot be.
+  EXPECT_EQ(kOk, AddWithId(MakeRealProfile(8, 80, kDefault), 0));
+  EXPECT_EQ(kOk, AddWithId(MakeRealProfile(9, 90, kExternal), 0));
+  table->next = 30005;
+  EXPECT_EQ(kOk, AddWithId(MakeRealProfile(10, 100, kExternal), 0));
+  EXPECT_EQ((Ids{40000, 40000, 30001, 30005}), IdsOf(TableOf(kReal)));
+}
+
 TEST_F(TableManagerProfilesTest, NewIdsCountPerTypeAndSource) {
   EXPECT_EQ(kOk, AddWithId(MakeRealProfile(1, 10, kExternal), 0));
   EXPECT_EQ(kOk, AddWithId(MakeRealProfile(2, 20, kExternal), 65535));
