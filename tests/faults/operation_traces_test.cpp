@@ -17,9 +17,17 @@ namespace {
 // comparison by which one outcome is told from the other; constructors; the lamps of a table
 // that counts none; a change of a table that finds no profile.
 bool MayEndSilently(const std::string& function) {
-  static const std::set<std::string> functions = {
-      "Get", "IsExist", "IsEqual", "IsAmbiguousMatch", "operator==", "Add", "GetLampTotalNum",
-      "OnuAbilityProfile", "OnuAbilityTableBase", "OnuRealAbilityTable", "OnuMatchAbilityTable"};
+  static const std::set<std::string> functions = {"Get",
+                                                  "IsExist",
+                                                  "IsEqual",
+                                                  "IsAmbiguousMatch",
+                                                  "operator==",
+                                                  "Add",
+                                                  "GetLampTotalNum",
+                                                  "OnuAbilityProfile",
+                                                  "OnuAbilityTableBase",
+                                                  "OnuRealAbilityTable",
+                                                  "OnuMatchAbilityTable"};
   return functions.count(function) != 0;
 }
 

@@ -127,6 +127,13 @@ Call Confirm(int steps, unsigned int (*step)(ConfirmOnuType&)) {
 
 Operations ConfirmationOperations() {
   return {
+      Plain("ConfirmConstruction",
+            [] {
+              const ConfirmOnuType onu(static_cast<unsigned short>(1),
+                                       static_cast<unsigned char>(2));
+              const ConfirmOnuType copy(onu);
+              return 0ULL + copy._common_ability_num;
+            }),
       {"ConfirmPerform",
        [] { return Confirm(0, [](ConfirmOnuType& onu) { return onu.Perform(); }); }},
       {"ConfirmInit",
@@ -178,6 +185,18 @@ Operations SettingOperations() {
               OnuAbilityGlobalVar::char_to_string(source, target, 30);
               OnuAbilityGlobalVar::BufferCopy(bytes, LongName(), 40);
               return 0ULL + static_cast<unsigned int>(OnuAbilityGlobalVar::IsDigit(LongName()));
+            }),
+      Plain("TextUtilitiesInPlace",
+            [] {
+              char text[] = "0a 1F zz";
+              unsigned char bytes[4] = {};
+              unsigned short types = 0;
+              onu_ability_trans_str_lower_to_upper(text);
+              onu_ability_trans_str_upper_to_lower(text);
+              filter_nohexchar(text);
+              return 0ULL + char_to_hex(bytes, text, sizeof bytes) +
+                     all_1_onetype_to_twotype(3, &types) + trans_1_type_to_4_type(3) +
+                     char_to_onucapa_num(text);
             }),
       Plain("SerialNumber",
             [] {

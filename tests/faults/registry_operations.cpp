@@ -111,6 +111,46 @@ Call UpdateCode(unsigned short code) {
           nullptr, [record] { return Shown(*record); }};
 }
 
+ONU_ABILITY_CODE_ATTR_INFO RefusedRecord(const char* name, int attribute) {
+  ONU_ABILITY_CODE_ATTR_INFO record;
+  record.ability_code = 2000;
+  record.ability_name = name;
+  record.ability_attr[static_cast<ONU_ABILITY_ENUM_ABILITY_ATTR_ID>(attribute)] = 1;
+  return record;
+}
+
+// Of a name that another code has, or with an attribute that nobody registered.
+ONU_ABILITY_CODE_ATTR_INFO RecordOfATakenName() {
+  return RefusedRecord("TRANSLATION_OF_THE_REPORTED_TYPE", ONU_ABILITY_ATTR_LAMP);
+}
+ONU_ABILITY_CODE_ATTR_INFO RecordOfAnUnknownAttribute() {
+  return RefusedRecord("A_CODE_OF_THE_HOST_ITSELF", 77);
+}
+
+Operations Judgements() {
+  return {
+      Plain("CodeIsValidForATakenName",
+            [] { return 0ULL + static_cast<unsigned int>(Codes().IsValid(RecordOfATakenName())); }),
+      Plain("CodeIsValidForAnUnknownAttribute",
+            [] {
+              return 0ULL +
+                     static_cast<unsigned int>(Codes().IsValid(RecordOfAnUnknownAttribute()));
+            }),
+      Plain("CodeUpdateOfATakenName",
+            [] {
+              ONU_ABILITY_CODE_ATTR_INFO record = RecordOfATakenName();
+              Codes().Update(record);
+              return 0ULL;
+            }),
+      Plain("CodeUpdateOfAnUnknownAttribute",
+            [] {
+              ONU_ABILITY_CODE_ATTR_INFO record = RecordOfAnUnknownAttribute();
+              Codes().Update(record);
+              return 0ULL;
+            }),
+  };
+}
+
 // A second of a list that is handed over, to be moved from in each call.
 Call RestoreCodes() {
   auto kept = std::make_shared<std::vector<ONU_ABILITY_CODE_ATTR_INFO>>();
@@ -177,7 +217,7 @@ Operations CodeOperations() {
 
 Operations RegistryOperations() {
   Operations all = AttributeOperations();
-  for (const Operations& more : {Listings(), CodeOperations()}) {
+  for (const Operations& more : {Listings(), Judgements(), CodeOperations()}) {
     all.insert(all.end(), more.begin(), more.end());
   }
   return all;

@@ -22,8 +22,25 @@ struct Answer {
   void (*set)(ScriptedOnu& onu, unsigned int number);
 };
 
+template <int kHook>
+void SetStatus(ScriptedOnu& onu, unsigned int number) {
+  onu.status[kHook] = number;
+}
+
+template <int kIndex>
+void SetSetting(ScriptedOnu& onu, unsigned int number) {
+  onu.settings[kIndex] = static_cast<unsigned short>(number);
+}
+
 const std::vector<Answer> kAnswers = {
-    {"VendorStatus", [](ScriptedOnu& onu, unsigned int n) { onu.vendor_status = n; }},
+    {"VendorStatus", SetStatus<0>},
+    {"PrivateCapabilityStatus", SetStatus<2>},
+    {"HandOverStatus", SetStatus<3>},
+    {"RealTypeStatus", SetStatus<4>},
+    {"ReportTypeStatus", SetStatus<5>},
+    {"ValueStatus", SetStatus<6>},
+    {"SettingStatus", SetStatus<7>},
+    {"DeviceNameStatus", SetStatus<9>},
     {"ReportedType", [](ScriptedOnu& onu, unsigned int n) { onu.reported_type = n; }},
     {"PrivateCapability",
      [](ScriptedOnu& onu, unsigned int n) {
@@ -32,14 +49,11 @@ const std::vector<Answer> kAnswers = {
     {"Value1002", [](ScriptedOnu& onu, unsigned int n) { onu.values[1002] = n; }},
     {"Value1010", [](ScriptedOnu& onu, unsigned int n) { onu.values[1010] = n; }},
     {"Value1020", [](ScriptedOnu& onu, unsigned int n) { onu.values[1020] = n; }},
-    {"Setting0",
-     [](ScriptedOnu& onu, unsigned int n) { onu.settings[0] = static_cast<unsigned short>(n); }},
-    {"Setting2",
-     [](ScriptedOnu& onu, unsigned int n) { onu.settings[2] = static_cast<unsigned short>(n); }},
-    {"Setting3",
-     [](ScriptedOnu& onu, unsigned int n) { onu.settings[3] = static_cast<unsigned short>(n); }},
+    {"Setting0", SetSetting<0>},
+    {"Setting1", SetSetting<1>},
+    {"Setting2", SetSetting<2>},
+    {"Setting3", SetSetting<3>},
     {"ReadOneByOne", [](ScriptedOnu& onu, unsigned int n) { onu.read_one_by_one = n; }},
-    {"DeviceNameStatus", [](ScriptedOnu& onu, unsigned int n) { onu.device_name_status = n; }},
     {"VendorLength",
      [](ScriptedOnu& onu, unsigned int n) { onu.vendor_id = std::string(n % 6, 'V'); }},
     {"DeviceNameLength",

@@ -87,12 +87,12 @@ model::Report RandomReport(RandomInput& random) {
 
 void Script(const model::Report& report) {
   ScriptedOnu& onu = Hooks().onu;
-  onu.vendor_status = report.vendor_status;
+  onu.status[0] = report.vendor_status;
   onu.vendor_id = report.vendor_id;
   onu.reported_type = report.reported_type;
   onu.set_private_capability = report.sets_private_capability;
   onu.private_capability = report.private_capability;
-  onu.device_name_status = report.device_name_status;
+  onu.status[9] = report.device_name_status;
   onu.device_name = report.device_name;
   onu.values = report.values;
   onu.read_one_by_one = report.read_one_by_one;

@@ -23,12 +23,12 @@ void RegisterHook(Stage& stage, HostileInput& random) {
 
 void ScriptReport(HostileInput& random) {
   ScriptedOnu& onu = Hooks().onu;
-  onu.vendor_status = random.OneIn(4) ? 1 : 0;
+  onu.status[0] = random.OneIn(4) ? 1 : 0;
   onu.vendor_id = random.Vendor();
   onu.reported_type = random.OneIn(2) ? random.Key() : 77;
   onu.set_private_capability = random.OneIn(2);
   onu.private_capability = random.Pick<unsigned char>({0, 1, 7, 255});
-  onu.device_name_status = random.OneIn(3) ? 1 : 0;
+  onu.status[9] = random.OneIn(3) ? 1 : 0;
   onu.device_name = random.Pick<const char*>({"", "NAME", "A NAME OF TWENTY.CHR"});
   for (const unsigned short code : kCatalogueCodes) {
     const unsigned int number = random.Pick<unsigned int>({1, 1, 2, 0, 257, 0xFFFFFFFFU});

@@ -35,7 +35,7 @@ unsigned int GetVendorId(unsigned short place, unsigned char onu, char* vendor_i
   const HostCode host_code;
   Record(0, place, onu);
   Write(Hooks().onu.vendor_id, vendor_id, 5);
-  return Hooks().onu.vendor_status;
+  return Hooks().onu.status[0];
 }
 
 unsigned int GetReportType(unsigned short place, unsigned char onu) {
@@ -51,7 +51,7 @@ unsigned int GetPrivateCapability(unsigned short place, unsigned char onu, unsig
   if (Hooks().onu.set_private_capability) {
     *private_capability = Hooks().onu.private_capability;
   }
-  return 0;
+  return Hooks().onu.status[2];
 }
 
 unsigned int HandOverProfile(unsigned short place, unsigned char onu, unsigned int stage,
@@ -59,19 +59,19 @@ unsigned int HandOverProfile(unsigned short place, unsigned char onu, unsigned i
   const HostCode host_code;
   Record(3, place, onu, stage, profile);
   Hooks().handed_over.push_back(*profile);
-  return 0;
+  return Hooks().onu.status[3];
 }
 
 unsigned int SetRealType(unsigned short place, unsigned char onu, unsigned short real_type) {
   const HostCode host_code;
   Record(4, place, onu, real_type);
-  return 0;
+  return Hooks().onu.status[4];
 }
 
 unsigned int SetReportType(unsigned short place, unsigned char onu, unsigned short report_type) {
   const HostCode host_code;
   Record(5, place, onu, report_type);
-  return 0;
+  return Hooks().onu.status[5];
 }
 
 unsigned int GetAbilityValue(unsigned short place, unsigned char onu, unsigned short ability_code,
@@ -83,7 +83,7 @@ unsigned int GetAbilityValue(unsigned short place, unsigned char onu, unsigned s
   if (answer != Hooks().onu.values.end()) {
     *value = answer->second;
   }
-  return 0;
+  return Hooks().onu.status[6];
 }
 
 unsigned int GetIdentifySetting(unsigned int index, unsigned short place, unsigned short* setting) {
@@ -94,7 +94,7 @@ unsigned int GetIdentifySetting(unsigned int index, unsigned short place, unsign
     return 0;
   }
   *setting = Hooks().onu.settings[index];
-  return 0;
+  return Hooks().onu.status[7];
 }
 
 unsigned int ReadOneByOne(unsigned short place, unsigned char onu) {
@@ -108,7 +108,7 @@ unsigned int GetDeviceName(unsigned short place, unsigned char onu, unsigned int
   const HostCode host_code;
   Record(9, place, onu, length);
   Write(Hooks().onu.device_name, device_name, 21);
-  return Hooks().onu.device_name_status;
+  return Hooks().onu.status[9];
 }
 
 constexpr unsigned short kHookCount = 10;

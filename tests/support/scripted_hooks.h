@@ -19,12 +19,11 @@ struct HookCall {
 
 // What the ONU of a test reports.
 struct ScriptedOnu {
-  unsigned int vendor_status = 0;  // result of hook 0
+  unsigned int status[10] = {};    // results of the hooks but 1 and 8, whose results are answers
   std::string vendor_id = "ABCD";  // bytes written by hook 0, no terminator added
   unsigned int reported_type = 0;  // result of hook 1
   unsigned char private_capability = 0xFF;
   bool set_private_capability = false;            // hook 2 writes it only then
-  unsigned int device_name_status = 0;            // result of hook 9
   std::string device_name;                        // bytes written by hook 9, no terminator added
   std::map<unsigned short, unsigned int> values;  // answers of hook 6; others stay as preset
   unsigned short settings[4] = {0, 0, 0, 0};      // hook 7

@@ -6,7 +6,7 @@ namespace {
 class ConfirmOnuTypeFailingHooksTest : public ConfirmOnuTypeTest {};
 
 TEST_F(ConfirmOnuTypeFailingHooksTest, FailingHook0LeavesTheVendorIdentifierUnset) {
-  Hooks().onu.vendor_status = 1;
+  Hooks().onu.status[0] = 1;
   Hooks().onu.vendor_id = "ZKWM";
   ConfirmOnuType onu(kPlace, kOnu);
   EXPECT_EQ(onu.Perform(), ONU_ABILITY_RET_OK);
@@ -15,7 +15,7 @@ TEST_F(ConfirmOnuTypeFailingHooksTest, FailingHook0LeavesTheVendorIdentifierUnse
 }
 
 TEST_F(ConfirmOnuTypeFailingHooksTest, FailingHook9LeavesTheDeviceNameUnsetAndUnlogged) {
-  Hooks().onu.device_name_status = 0x80000001U;
+  Hooks().onu.status[9] = 0x80000001U;
   Hooks().onu.device_name = "HOME-1";
   ConfirmOnuType onu(kPlace, kOnu);
   EXPECT_EQ(onu.Perform(), ONU_ABILITY_RET_OK);
@@ -101,8 +101,8 @@ TEST_F(ConfirmOnuTypeFailingHooksTest, UnfilledSettingsStayZeroAndUnfilledValues
 
 TEST_F(ConfirmOnuTypeFailingHooksTest, AnOnuThatAnswersNothingIsConfirmedAsItself) {
   ReplaceHook(6, &FillNoValue);
-  Hooks().onu.vendor_status = 1;
-  Hooks().onu.device_name_status = 1;
+  Hooks().onu.status[0] = 1;
+  Hooks().onu.status[9] = 1;
   Hooks().onu.reported_type = 700;
   ConfirmOnuType onu(kPlace, kOnu);
   EXPECT_EQ(onu.Perform(), ONU_ABILITY_RET_OK);
