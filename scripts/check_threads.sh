@@ -11,9 +11,10 @@ build=build-threads
 CC=clang CXX=clang++ scripts/configure.sh $build -DCMAKE_BUILD_TYPE=RelWithDebInfo \
   -DONU_ABILITY_SANITIZE=thread -DONU_ABILITY_BUILD_HOST=OFF
 cmake --build $build --target threads_test
+# A deadlock ends, too.
 TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1 \
-  $build/tests/threads/threads_test --seconds "$seconds"
+  timeout --verbose $((seconds + 300)) $build/tests/threads/threads_test --seconds "$seconds"
 echo "threads: no race in $seconds s; now without the sanitizer"
 make -s configure BUILD=build
 cmake --build build --target threads_test
-build/tests/threads/threads_test --seconds $((seconds * 3))
+timeout --verbose $((seconds * 3 + 300)) build/tests/threads/threads_test --seconds $((seconds * 3))

@@ -45,6 +45,10 @@ class Questions : public Role {
                name == NameOfType(type),
            "a type's name by real type");
     Expect(onu_ability_get_module_id() >= 19, "the module id");
+    unsigned int lamps = 0;
+    Expect(RestoredTable().Get(kFirstType, kLamp, lamps) == ONU_ABILITY_RET_OK &&
+               lamps == kLampsOfEach,
+           "a number of the table that is put back");
     // The other question without a lock, of a code that a column of no index has.
     Expect(OnuAbilityTableManager::GetInstance()->IsEqual(
                ONU_ABILITY_PROFILE_TYPE_REAL, ONU_ABILITY_PROFILE_SOURCE_DEFAULT, kGePorts, 1) == 1,
@@ -70,6 +74,9 @@ class LocklessQuestions : public Role {
     Expect(tables.IsEqual(ONU_ABILITY_PROFILE_TYPE_MATCH, ONU_ABILITY_PROFILE_SOURCE_ALL,
                           ONU_ABILITY_CODE_DEFAULT_KEY, 59999) == 0,
            "a key value comes from nowhere");
+    Expect(RestoredTable().IsEqual(ONU_ABILITY_PROFILE_SOURCE_ALL, ONU_ABILITY_CODE_DEFAULT_KEY,
+                                   kFirstType) == 1,
+           "a type is missing from the table that is put back");
   }
 };
 

@@ -130,6 +130,11 @@ OnuAbilityProfile Pattern(unsigned int key, int source, unsigned int serial_port
   return profile;
 }
 
+OnuRealAbilityTable& RestoredTable() {
+  static OnuRealAbilityTable table;
+  return table;
+}
+
 void LoadCatalogue() {
   DefineCodes();
   RegisterHooks();
@@ -141,4 +146,7 @@ void LoadCatalogue() {
     OnuAbilityProfile pattern = Pattern(type, ONU_ABILITY_PROFILE_SOURCE_DEFAULT, type);
     tables.Add(pattern);
   }
+  OnuAbilityProfile shared = RealProfile(kSharedKey, ONU_ABILITY_PROFILE_SOURCE_EXTERNAL, 1, 1);
+  tables.Add(shared);
+  RestoredTable().Restore({RealProfile(kFirstType, ONU_ABILITY_PROFILE_SOURCE_DEFAULT, 4, 1)});
 }

@@ -15,12 +15,20 @@ constexpr unsigned short kSerialPorts = 1040;  // compared with patterns, tells 
 // Codes and an attribute that the command line makes and deletes.
 constexpr unsigned short kScratchCode = 3000;
 constexpr int kScratchAttribute = 20;
+// The same of the other thread that writes the registries.
+constexpr unsigned short kOtherScratchCode = 3001;
+constexpr int kOtherScratchAttribute = 21;
 
 // Types that are there all the time, and how they look.
 constexpr unsigned int kFirstType = 100;
 constexpr unsigned int kTypes = 24;
 constexpr unsigned int kLampsOfEach = 3;
 std::string NameOfType(unsigned int type);
+
+// A real profile of an operator's that every keeper binds and none deletes.
+constexpr unsigned int kSharedKey = 600;
+// A table of the host's own; what is put back into it always has the first type.
+OnuRealAbilityTable& RestoredTable();
 
 // Registers the ten hooks, at any time.
 void RegisterHooks();

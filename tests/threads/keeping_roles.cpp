@@ -1,6 +1,7 @@
 // The threads that add, change and delete profiles through the manager, each among keys
 // of its own, so that it knows what must be found.
 #include <algorithm>
+#include <atomic>
 #include <map>
 #include <set>
 
@@ -30,6 +31,9 @@ struct Kept {
   unsigned int bound;
 };
 
+// Bindings of the shared profile by all keepers.
+std::atomic<unsigned int> bound_by_all{0};
+
 class ProfileKeeper : public Role {
  public:
   ProfileKeeper(unsigned int number, Violations& violations)
@@ -46,6 +50,7 @@ class ProfileKeeper : public Role {
       Change(key, kept->second);
     }
     Look(_first_key + Choose(kKeys));
+    BindShared();
     if (Choose(8) == 0) {
       LookAtAll();
     }
@@ -53,6 +58,10 @@ class ProfileKeeper : public Role {
 
   void CheckEnd() override {
     LookAtAll();
+    OnuAbilityProfile shared = EmptyProfile(kReal, kExternal);
+    Expect(Tables().Get(kReal, kExternal, kSharedKey, shared) == ONU_ABILITY_RET_OK,
+           "the shared profile is missing");
+    Expect(shared._bind_count == bound_by_all, "the bind counts of all keepers do not add up");
     for (unsigned int key = _first_key; key < _first_key + kKeys; ++key) {
       Look(key);
     }
@@ -105,6 +114,21 @@ class ProfileKeeper : public Role {
     }
   }
 
+  // Never more unbound than bound, so no count is lost at 0.
+  void BindShared() {
+    if (_bound_shared == 0 || Choose(3) != 0) {
+      Expect(Tables().AddBindCount(kReal, kSharedKey) == ONU_ABILITY_RET_OK,
+             "a binding of the shared profile is refused");
+      ++_bound_shared;
+      ++bound_by_all;
+    } else {
+      Expect(Tables().MinusBindCount(kReal, kSharedKey) == ONU_ABILITY_RET_OK,
+             "an unbinding of the shared profile is refused");
+      --_bound_shared;
+      --bound_by_all;
+    }
+  }
+
   // Every way to one profile.
   void Look(unsigned int key) {
     const auto kept = _kept.find(key);
@@ -141,7 +165,7 @@ class ProfileKeeper : public Role {
            "the count is not the number of abilities");
     Expect(NumberOf(profile, 1001) == NumberOf(profile, kFePorts) + NumberOf(profile, kGePorts),
            "the LAN ports do not add up");
-    Expect(NumberOf(profile, 65533) >= NumberOf(profile, 1001), "the data UNIs do not add up");
+    Expect(NumberOf(profile, 65533) == NumberOf(profile, 1001), "the data UNIs do not add up");
   }
 
   void LookAtAll() {
@@ -163,6 +187,7 @@ class ProfileKeeper : public Role {
 
   const unsigned int _first_key;
   std::map<unsigned int, Kept> _kept;
+  unsigned int _bound_shared = 0;
 };
 
 // Patterns that fit none of the storm's ONUs but are newer than those that do, some of

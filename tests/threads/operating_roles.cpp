@@ -1,7 +1,10 @@
-// The threads of whoever operates the box: the command line with all sixteen commands,
-// and the settings of the log and the hooks.
+// The threads of whoever operates the box: the command line with all sixteen commands, a
+// module that writes the registries and puts back what was there, and the settings of the log
+// and the hooks.
 #include <initializer_list>
+#include <mutex>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "catalogue.h"
@@ -14,6 +17,10 @@
 namespace {
 
 constexpr const char* kKey = "3500";  // of the operator's own profile
+
+// Held while a code is made that must not be refused or lost: a list that is put back does
+// not have it, and a record lists the attributes that there are when it is made.
+std::mutex making_codes;
 
 class Operator : public Role {
  public:
@@ -44,6 +51,7 @@ class Operator : public Role {
   }
 
   void ChangeCodes() {
+    const std::lock_guard<std::mutex> lock(making_codes);
     const std::string lamp = std::to_string(Choose(200));
     const std::string scratch = std::to_string(kScratchCode);
     Expect(Type(cl_set_onu_ability_code_info_cmd, {scratch, "SCRATCH-" + lamp, "3", lamp}) ==
@@ -116,6 +124,65 @@ class Operator : public Role {
   vty _terminal;
 };
 
+// Codes and an attribute of its own, beside those of the command line; now and then it puts
+// back all codes, or what a table of the host's own holds.
+class RegistryWriter : public Role {
+ public:
+  using Role::Role;
+
+  void Step() override {
+    ChangeCode();
+    ChangeAttribute();
+    if (Choose(4) == 0) {
+      PutCodesBack();
+    }
+    PutTableBack();
+  }
+
+ private:
+  void ChangeCode() {
+    OnuAbilityCodeInfo& codes = *OnuAbilityCodeInfo::GetInstance();
+    ONU_ABILITY_CODE_ATTR_INFO record;
+    record.ability_code = kOtherScratchCode;
+    record.ability_name = "OTHER-SCRATCH";
+    record.ability_attr.clear();
+    codes.Update(record);
+    Expect(codes.Get(record.ability_name) == kOtherScratchCode, "a code that was made is missing");
+    if (Choose(2) == 0) {
+      codes.Del(record.ability_name);
+    } else {
+      codes.Del(kOtherScratchCode);
+    }
+    Expect(codes.IsExist(kOtherScratchCode) == 0, "a code that was deleted is there");
+  }
+
+  void ChangeAttribute() {
+    const std::lock_guard<std::mutex> lock(making_codes);
+    OnuAbilityAttrInfo& attributes = *OnuAbilityAttrInfo::GetInstance();
+    const auto id = static_cast<ONU_ABILITY_ENUM_ABILITY_ATTR_ID>(kOtherScratchAttribute);
+    attributes.Add(id, "OTHER-SCRATCH");
+    Expect(attributes.Get(id) == "OTHER-SCRATCH", "an attribute that was made is missing");
+    attributes.Del(id);
+    Expect(attributes.IsExist(id) == 0, "an attribute that was deleted is there");
+  }
+
+  static void PutCodesBack() {
+    const std::lock_guard<std::mutex> lock(making_codes);
+    std::vector<ONU_ABILITY_CODE_ATTR_INFO> records;
+    onu_ability_get_all_ability_attr_info(records);
+    OnuAbilityCodeInfo::GetInstance()->Restore(std::move(records));
+  }
+
+  void PutTableBack() {
+    std::vector<OnuAbilityProfile> profiles;
+    const unsigned int count = 1 + Choose(3);
+    for (unsigned int type = kFirstType; type < kFirstType + count; ++type) {
+      profiles.push_back(RealProfile(type, ONU_ABILITY_PROFILE_SOURCE_DEFAULT, 4, 1));
+    }
+    RestoredTable().Restore(std::move(profiles));
+  }
+};
+
 // Levels are heard and not heard, so that short ways and walks take turns.
 class SettingsChanger : public Role {
  public:
@@ -143,6 +210,9 @@ class SettingsChanger : public Role {
 
 std::unique_ptr<Role> MakeOperator(Violations& violations) {
   return std::make_unique<Operator>("operator", 50, violations);
+}
+std::unique_ptr<Role> MakeRegistryWriter(Violations& violations) {
+  return std::make_unique<RegistryWriter>("registry writer", 55, violations);
 }
 std::unique_ptr<Role> MakeSettingsChanger(Violations& violations) {
   return std::make_unique<SettingsChanger>("settings changer", 60, violations);

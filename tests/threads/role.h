@@ -57,6 +57,7 @@ std::unique_ptr<Role> MakeProfileKeeper(unsigned int number, Violations& violati
 std::unique_ptr<Role> MakePatternKeeper(unsigned int number, Violations& violations);
 std::unique_ptr<Role> MakeRegistryReader(unsigned int number, Violations& violations);
 std::unique_ptr<Role> MakeOperator(Violations& violations);
+std::unique_ptr<Role> MakeRegistryWriter(Violations& violations);
 std::unique_ptr<Role> MakeSettingsChanger(Violations& violations);
 
 #endif  // TESTS_THREADS_ROLE_H

@@ -32,6 +32,7 @@ StormReport RunStorm(std::chrono::milliseconds time) {
   roles.push_back(MakeLocklessQuestions(violations));
   roles.push_back(MakeRegistryReader(0, violations));
   roles.push_back(MakeOperator(violations));
+  roles.push_back(MakeRegistryWriter(violations));
   roles.push_back(MakeSettingsChanger(violations));
 
   std::atomic<bool> is_over{false};
@@ -39,10 +40,10 @@ StormReport RunStorm(std::chrono::milliseconds time) {
   threads.reserve(roles.size());
   for (const auto& role : roles) {
     threads.emplace_back([&role = *role, &is_over] {
-      while (!is_over.load(std::memory_order_relaxed)) {
+      do {
         role.Step();
         ++role.steps;
-      }
+      } while (!is_over.load(std::memory_order_relaxed));
     });
   }
   std::this_thread::sleep_for(time);
