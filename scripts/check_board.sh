@@ -1,6 +1,7 @@
 #!/bin/sh
 # Builds everything for 32-bit ARM, as the boards have it, warnings as errors, and runs the
-# whole suite and the host's main job under an emulator. Twenty minutes on two cores.
+# whole suite and the host's main job under an emulator, and measures what each operation
+# takes there. Twenty minutes on two cores.
 #
 # Left out are the tests of the documents and of the reference (tests/documents,
 # tests/reference): they hold texts against the build of the machine that one works on.
@@ -28,5 +29,7 @@ onus=$(($(wc -l <$build/confirmed.csv) - 1))
 # shellcheck disable=SC2086
 scripts/run_test_programs.py $build $emulator >$build/tests.txt || { cat $build/tests.txt; exit 1; }
 cat $build/tests.txt
+scripts/measure_footprint.sh >$build/footprint.txt || { cat $build/footprint.txt; exit 1; }
+tail -n 1 $build/footprint.txt
 echo "board: on 32-bit ARM $onus ONUs were confirmed as they are kept and" \
   "$(tail -n 1 $build/tests.txt)"

@@ -4,9 +4,10 @@
 BUILD/profiles/ holds what the programs of a build by scripts/build_sanitizers.sh counted.
 Every line and every branch (a condition that came out true, or false) has to be run,
 but for those that the list of exclusions names. An exclusion is a file, the text of the
-line, what is not run there ("line", "true" or "false", or "mostly line" and so on for what
-threads meet by chance) and the reason, in four fields separated by " ## ", for one place;
-one that no longer applies is an error, too.
+line before and of the line, what is not run there ("line", "true" or "false", or "mostly
+line" and so on for what threads meet by chance) and the reason, in five fields separated by
+" ## ". It is for one place, the only one with these lines; one that no longer applies is an
+error, too.
 """
 import collections
 import glob
@@ -24,13 +25,23 @@ PROGRAMS = ["onu_ability_common_test", "short_ways/short_ways_test", "model/mode
             "faults/faults_test", "threads/threads_test", "fuzz/fuzz_operation_sequences"]
 
 
+def texts_of(name):
+    """The lines of a source, each with the one before it, without what they are indented by."""
+    with open(name, encoding="utf-8") as source:
+        lines = [line.strip() for line in source.read().split("\n")]
+    return list(zip([""] + lines, lines))
+
+
 def read_exclusions(path):
     exclusions = collections.defaultdict(list)
-    expected = "file ## text of the line ## [mostly] line, true or false ## reason"
-    for number, (file, text, what, _) in reason_list.entries(path, expected):
+    expected = "file ## line before ## line ## [mostly] line, true or false ## reason"
+    for number, (file, before, text, what, _) in reason_list.entries(path, expected):
         if what.removeprefix("mostly ") not in ("line", "true", "false"):
             sys.exit(f"{path}:{number}: expected {expected}")
-        key = (file, text.strip(), what.removeprefix("mostly "))
+        places = texts_of(file).count((before, text)) if os.path.exists(file) else 0
+        if places != 1:
+            sys.exit(f"{path}:{number}: {places} places have these lines; expected one")
+        key = (file, (before, text), what.removeprefix("mostly "))
         exclusions[key].append(Exclusion(number, what.startswith("mostly ")))
     return exclusions
 
@@ -92,17 +103,14 @@ def main():
     missed = 0
     for name, number, what in misses(lines, branches):
         if name not in texts:
-            with open(name, encoding="utf-8") as source:
-                texts[name] = source.read().split("\n")
-        text = texts[name][number - 1].strip()
-        if text == "}":
-            continue  # run when what stands before it is
-        if exclusions.get((name, text, what)):
-            exclusions[name, text, what].pop(0)  # each is for one place
+            texts[name] = texts_of(name)
+        lines_there = texts[name][number - 1]
+        if exclusions.get((name, lines_there, what)):
+            exclusions[name, lines_there, what].pop(0)  # one branch of those on the line
         else:
             missed += 1
-            print(f"{name}:{number}: not run ({what}): {text}")
-    stale = [(left.number, text) for (_, text, _), excluded in exclusions.items()
+            print(f"{name}:{number}: not run ({what}): {lines_there[1]}")
+    stale = [(left.number, text) for (_, (_, text), _), excluded in exclusions.items()
              for left in excluded if not left.at_times_run]
     for number, text in stale:
         print(f"{sys.argv[2]}:{number}: is run, or is no more: {text}")

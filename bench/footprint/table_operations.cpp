@@ -52,8 +52,10 @@ std::vector<Operation> Reading() {
       {"GetAll, 100 profiles", [&] { manager.GetAll(kReal, kAll, given.many); }},
       {"== recognising a report", [&] { static_cast<void>(manager == given.request); }},
       {"the table's IsExist(code)", [&] { manager._map_table[kReal]->IsExist(kNumber); }},
-      {"the table's GetLampTotalNum",
+      {"the table's GetLampTotalNum(key)",
        [&] { manager._map_table[kReal]->GetLampTotalNum(given.key); }},
+      {"the table's GetLampTotalNum(real type)",
+       [&] { manager._map_table[kReal]->GetLampTotalNum(given.real_type); }},
   };
 }
 
@@ -76,6 +78,7 @@ std::vector<Operation> Changing() {
        [&] { manager._map_table[kReal]->Restore(given.many); }},
       {"DelOnuAbilityTable", [&] { manager.DelOnuAbilityTable(kReal); }},
       {"AddOnuAbilityTable", [&] { manager.AddOnuAbilityTable(kReal); }},
+      {"Init, both tables there", [&] { manager.Init(); }},
   };
 }
 

@@ -42,6 +42,8 @@ std::vector<Operation> VocabularyOperations() {
       {"ONU_ABILITY_PHYSICAL_SN: comparing", [] { static_cast<void>(number < other); }},
       {"onu_ability_set_log_level_mask",
        [] { onu_ability_set_log_level_mask(onu_ability_get_log_level_mask()); }},
+      {"onu_ability_register_extern_func",
+       [] { onu_ability_register_extern_func(10, nullptr); }},
       {"OnuAbilityRegExternFunc::WhetherExternFuncRegistered",
        [&hooks] { hooks.WhetherExternFuncRegistered(); }},
       {"OnuAbilityRegExternFunc::SetModuleId",

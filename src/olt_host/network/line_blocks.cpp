@@ -9,6 +9,9 @@
 #include <cstring>
 #include <stdexcept>
 
+// Files of networks are larger than 4 GiB, on boards of 32 bits as well.
+static_assert(sizeof(off_t) == 8);
+
 namespace olt_host {
 
 namespace {
