@@ -105,6 +105,8 @@ def main():
         if name not in texts:
             texts[name] = texts_of(name)
         lines_there = texts[name][number - 1]
+        if lines_there[1] == "}" and lines[name].get(number - 1) == 0:
+            continue  # the line before is judged
         if exclusions.get((name, lines_there, what)):
             exclusions[name, lines_there, what].pop(0)  # one branch of those on the line
         else:

@@ -2,8 +2,8 @@
 """How good are the library's tests? Tries small mistakes in its sources.
 
 One operator, constant, level, message, condition or statement is changed at a time (see
-scripts/mutants.py); the source is compiled and linked with everything else of the
-library's test program, and the tests run, each in a process of its own, those of the
+scripts/mutants.py); the source, or each that includes the changed header, is compiled and
+linked with everything else of the library's test program, and the tests run, each in a process of its own, those of the
 changed source's area first, up to the first failure. What they do not notice is shown to
 the random sequences, those of the model and those of the short ways, and to the tests of
 what the host does wrong. A mutant that no test fails on has survived: it needs a test, or
@@ -24,6 +24,7 @@ import queue
 import random
 import re
 import shlex
+import shutil
 import subprocess
 import sys
 import time
@@ -31,6 +32,7 @@ import time
 import mutants as mutation
 import reason_list
 
+LIBRARY = "src/onu_ability_common"
 PROGRAM = "onu_ability_common_test"
 SEQUENCES = ["model/model_test", "short_ways/short_ways_test"]
 FAULTS = "faults/faults_test"
@@ -57,7 +59,19 @@ class Build:
         with open(f"{folder}/compile_commands.json", encoding="utf-8") as file:
             self.compile = {os.path.relpath(entry["file"]): entry for entry in json.load(file)
                             if "onu_ability_common_objects.dir" in entry["command"]}
+        self.includers = self.sources_by_header()
         self.links = {program: self.link_of(program) for program in [PROGRAM, *SEQUENCES, FAULTS]}
+
+    def sources_by_header(self):
+        """The library's sources that include each of its headers."""
+        includers = {}
+        for source in sorted(self.compile):
+            listed = run(["ninja", "-C", self.folder, "-t", "deps", self.object_of(source)]).stdout
+            for path in re.findall(r"^ +(\S+)$", listed, re.MULTILINE):
+                header = os.path.relpath(os.path.join(self.folder, path))
+                if header.startswith(LIBRARY) and header.endswith(".h"):
+                    includers.setdefault(header, []).append(source)
+        return includers
 
     def link_of(self, program):
         listed = run(["ninja", "-C", self.folder, "-t", "commands", "-s", "tests/" + program]).stdout
@@ -80,9 +94,8 @@ class Build:
                 del command[command.index(option):command.index(option) + 2]
         return [word for word in command if word != "-MD"] + ["-O0", "-w"]
 
-    def link_command(self, program, source, replaced, result):
-        original = self.object_of(source)
-        command = [replaced if word == original else word for word in self.links[program]]
+    def link_command(self, program, replaced, result):
+        command = [replaced.get(word, word) for word in self.links[program]]
         command[command.index("-o") + 1] = result
         return command + ["-fuse-ld=lld"]
 
@@ -138,28 +151,40 @@ class Trial:
             self.free.put(worker)
 
     def tried(self, mutant, folder):
-        os.makedirs(folder, exist_ok=True)
+        shutil.rmtree(folder, ignore_errors=True)
+        changed = os.path.abspath(os.path.join(folder, os.path.relpath(mutant.file, LIBRARY)))
+        os.makedirs(os.path.dirname(changed))
         with open(mutant.file, encoding="utf-8") as file:
             source = file.read()
-        changed = os.path.abspath(os.path.join(folder, os.path.basename(mutant.file)))
         with open(changed, "w", encoding="utf-8") as file:
             file.write(source[:mutant.start] + mutant.text + source[mutant.end:])
-        compiled, program = os.path.abspath(folder + "/changed.o"), os.path.abspath(folder + "/test")
-        command = self.build.compile_command(mutant.file, changed, compiled)
-        if run(command, cwd=self.build.folder).returncode != 0:
-            return "not compiling"
-        if not self.linked(PROGRAM, mutant, compiled, program):
+        compiled = self.compiled(mutant, changed, os.path.abspath(folder))
+        program = os.path.abspath(folder + "/test")
+        if compiled is None or not self.linked(PROGRAM, compiled, program):
             return "not compiling"
         result = run_tests(program, mutant.file)
         for sequences in SEQUENCES:
-            if result == "survived" and self.linked(sequences, mutant, compiled, program):
+            if result == "survived" and self.linked(sequences, compiled, program):
                 result = run_sequences(program)
-        if result == "survived" and self.linked(FAULTS, mutant, compiled, program):
+        if result == "survived" and self.linked(FAULTS, compiled, program):
             result = run_separately(program, "*")
         return result
 
-    def linked(self, name, mutant, compiled, program):
-        command = self.build.link_command(name, mutant.file, compiled, program)
+    def compiled(self, mutant, changed, folder):
+        """The object by the one that it stands for; None when the mutant does not compile."""
+        objects = {}
+        for source in self.build.includers.get(mutant.file, [mutant.file]):
+            result = f"{folder}/{len(objects)}.o"
+            written = changed if source == mutant.file else os.path.abspath(source)
+            command = self.build.compile_command(source, written, result)
+            command[1:1] = ["-I", folder]  # where a header that was changed is found first
+            if run(command, cwd=self.build.folder).returncode != 0:
+                return None
+            objects[self.build.object_of(source)] = result
+        return objects
+
+    def linked(self, name, compiled, program):
+        command = self.build.link_command(name, compiled, program)
         return run(command, cwd=self.build.folder).returncode == 0
 
 
@@ -262,7 +287,7 @@ def main():
     trial = Trial(Build(arguments.build), arguments.jobs, set() if arguments.known else known)
     if arguments.seconds is not None:
         trial.deadline = time.monotonic() + arguments.seconds
-    picked = chosen(arguments, trial.build.compile, known)
+    picked = chosen(arguments, [*trial.build.compile, *trial.build.includers], known)
     results = []
     with concurrent.futures.ThreadPoolExecutor(arguments.jobs) as pool:
         for mutant, result in zip(picked, pool.map(trial.result_of, picked)):

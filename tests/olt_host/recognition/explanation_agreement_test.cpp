@@ -217,7 +217,7 @@ struct Kept {
 class LargeAgreement : public RandomAgreement {};
 
 TEST_P(LargeAgreement, OnEightThousandOnusAndTwoThousandPatterns) {
-  constexpr std::uint32_t kSlices = kIsSlow ? 32 : 8;  // of which eight are looked at
+  constexpr std::uint32_t kSlices = kIsSlow ? 64 : 8;  // of which eight are looked at
   constexpr std::size_t kOnus = 8192;
   RandomNetwork random(77);
   InstallLibrary(random.Library(2000, true));
