@@ -24,6 +24,13 @@ void OnuAbilityProfile::SayReleased() {
   ONU_ABILITY_LOG_FOR("~OnuAbilityProfile", 10, "release OnuAbilityProfile!");
 }
 
+void OnuAbilityProfile::DropSilently(std::vector<OnuAbilityProfile>& profiles) {
+  for (OnuAbilityProfile& profile : profiles) {
+    profile._handling.says_its_end = false;
+  }
+  profiles.clear();
+}
+
 OnuAbilityProfile& OnuAbilityProfile::operator=(const OnuAbilityProfile& other) {
   if (this != &other) {
     // Copied first: when the memory does not suffice, the profile is as it was.

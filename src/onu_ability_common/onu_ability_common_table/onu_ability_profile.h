@@ -13,6 +13,7 @@
 #define ONU_ABILITY_COMMON_TABLE_ONU_ABILITY_PROFILE_H
 
 #include <string>
+#include <vector>
 
 #include "onu_ability_common_global.h"
 #include "onu_ability_common_table/ability_map.h"
@@ -205,6 +206,7 @@ class ONU_ABILITY_API OnuAbilityProfile {
   ONU_ABILITY_LOCAL void CopyHeader(const OnuAbilityProfile& other);
   ONU_ABILITY_LOCAL AbilityEntry EntryOf(unsigned short code) const;
   ONU_ABILITY_LOCAL static void SayReleased();
+  ONU_ABILITY_LOCAL static void DropSilently(std::vector<OnuAbilityProfile>& profiles);
   ONU_ABILITY_LOCAL void Update(const AbilityCodeReader& codes);
   ONU_ABILITY_LOCAL bool UpdateSilently(const AbilityCodeReader& codes);
   // The value under the code, an empty one where the code was not held.

@@ -118,7 +118,7 @@ class ONU_ABILITY_API OnuAbilityTableBase {
                    std::vector<OnuAbilityProfile>& profiles);
 
   /// Replaces `profiles` with copies of the profiles of the source (2 is all) in
-  /// table order. Logs nothing but the release of what `profiles` held.
+  /// table order. Logs nothing, not even the release of what `profiles` held.
   void GetAll(ONU_ABILITY_ENUM_PROFILE_SOURCE source, std::vector<OnuAbilityProfile>& profiles);
   /// Replaces all profiles by these, unchecked and in this order: a host puts back
   /// what it kept. Logs nothing but the release of what the table held.

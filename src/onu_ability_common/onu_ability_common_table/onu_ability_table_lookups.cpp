@@ -109,7 +109,7 @@ unsigned int OnuAbilityTableBase::CopyOut(const OnuAbilityProfile* found,
 
 void OnuAbilityTableBase::GetAll(ONU_ABILITY_ENUM_PROFILE_SOURCE source,
                                  std::vector<OnuAbilityProfile>& profiles) {
-  profiles.clear();
+  OnuAbilityProfile::DropSilently(profiles);
   const TableLock lock(_mutex);
   // Growing would release copies, each with a log line.
   profiles.reserve(_vec_profile.size());

@@ -117,8 +117,8 @@ class ONU_ABILITY_API OnuAbilityTableManager {
   /// @}
 
   /// Replaces `out` with copies of the profiles of one table, filtered by source
-  /// (2 is all), in table order; empty when the type has no table. Logs nothing but the
-  /// release of what `out` held.
+  /// (2 is all), in table order; empty when the type has no table. Logs
+  /// nothing, not even the release of what `out` held.
   void GetAll(ONU_ABILITY_ENUM_PROFILE_TYPE type, ONU_ABILITY_ENUM_PROFILE_SOURCE source,
               std::vector<OnuAbilityProfile>& out);
 

@@ -180,7 +180,7 @@ void OnuAbilityTableManager::GetAll(ONU_ABILITY_ENUM_PROFILE_TYPE type,
                                     std::vector<OnuAbilityProfile>& out) {
   OnuAbilityTableBase* table = Find(type);
   if (table == nullptr) {
-    out.clear();
+    OnuAbilityProfile::DropSilently(out);
     return;
   }
   table->GetAll(source, out);

@@ -111,6 +111,7 @@ TEST_F(TableManagerOutputsTest, AllProfilesOfATypeAreCopiedWithoutALine) {
   EXPECT_EQ("OLD", TextOf(profiles[0], kTypeName));
   EXPECT_EQ("NEW", TextOf(profiles[1], kTypeName));
   manager.GetAll(kReal, kExternal, profiles);
+  EXPECT_EQ(std::vector<LogLine>(), host.TakeLog()) << "of what was there before, too";
   ASSERT_EQ(1U, profiles.size());
   EXPECT_EQ("NEW", TextOf(profiles[0], kTypeName));
   manager.GetAll(kMatch, kDefault, profiles);
@@ -120,8 +121,10 @@ TEST_F(TableManagerOutputsTest, AllProfilesOfATypeAreCopiedWithoutALine) {
 
 TEST_F(TableManagerOutputsTest, AllProfilesOfATypeWithoutTableAreNone) {
   std::vector<OnuAbilityProfile> profiles(1);
+  host.ForgetLog();
   manager.GetAll(kNoType, kAll, profiles);
   EXPECT_TRUE(profiles.empty());
+  EXPECT_EQ(std::vector<LogLine>(), host.TakeLog());
 }
 
 }  // namespace
