@@ -9,9 +9,9 @@
 /// any line is written, and IsEqual and IsExist of a code, which lock nothing; whatever
 /// else there is of tables, manager, query functions and commands only for a line that no
 /// table operation writes, because those hold a table's lock, the lock is not recursive,
-/// and two of them have no order; and none of these for `OnuAbilityTableManager start!` and `release
-/// OnuAbilityTableManager!`, at which there is no manager yet, or no longer. Lines that the
-/// call back causes arrive here, too.
+/// and two of them have no order. None of tables and manager for `OnuAbilityTableManager
+/// start!` and `release OnuAbilityTableManager!`, at which there is no manager yet, or no
+/// longer. Lines that the call back causes arrive here, too.
 #ifndef ULOG_H
 #define ULOG_H
 
