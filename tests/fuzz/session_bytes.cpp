@@ -21,6 +21,10 @@
 #include "vty/builtin_commands.h"
 #include "vty/command_table.h"
 
+// What the terminal library loads it keeps for the process.
+extern "C" const char* __lsan_default_suppressions();
+extern "C" const char* __lsan_default_suppressions() { return "leak:libtinfo\n"; }
+
 namespace {
 
 using olt_host::Channel;
