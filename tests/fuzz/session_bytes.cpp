@@ -94,7 +94,7 @@ Users ReadUsers() {
   const auto length = static_cast<ssize_t>(std::strlen(kUsers));
   Hold(file >= 0 && fchmod(file, S_IRUSR | S_IWUSR) == 0 && write(file, kUsers, length) == length,
        "the system has no file in memory");
-  const Users users = Users::Read("/proc/self/fd/" + std::to_string(file));
+  Users users = Users::Read("/proc/self/fd/" + std::to_string(file));
   close(file);
   return users;
 }
