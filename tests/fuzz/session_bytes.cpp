@@ -99,15 +99,18 @@ Users ReadUsers() {
   return users;
 }
 
+olt_host::SessionLimits LimitsWithoutDelay() {
+  olt_host::SessionLimits limits;
+  limits.login_delay = std::chrono::milliseconds(0);
+  return limits;
+}
+
 struct Host {
-  Host() {
-    InstallCommands();
-    limits.login_delay = std::chrono::milliseconds(0);
-  }
+  Host() { InstallCommands(); }
 
   CommandThread commands;
   const Users users = ReadUsers();
-  olt_host::SessionLimits limits;
+  const olt_host::SessionLimits limits = LimitsWithoutDelay();
   // Settles locale and terminal for the process.
   const olt_host::SessionServer server{kNode, commands, &users, limits};
   const olt_host::SessionSetting setting{kNode, commands, &users, limits};

@@ -224,7 +224,7 @@ TEST_F(StateFileWriting, WithoutRoomLeavesTheOldFileAndNothingElse) {
 TEST_F(StateFileWriting, OnAFullDiskLeavesTheOldFileAndNothingElse) {
   const int ended = InChild([this] {
     if (unshare(CLONE_NEWNS) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) return kNotAllowed;
-    if (mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+    if (mount("none", "/", "none", MS_REC | MS_PRIVATE, nullptr) != 0 ||
         mount("tmpfs", _directory.Path("").c_str(), "tmpfs", 0, "size=64k") != 0) {
       return kNotAllowed;
     }
