@@ -153,6 +153,7 @@ class ONU_ABILITY_API OnuAbilityTableBase {
     return static_cast<unsigned int>(&profile - _vec_profile.data());
   }
 
+  /// Whether a profile of the source has the id.
   ONU_ABILITY_LOCAL bool IsTaken(ONU_ABILITY_ENUM_PROFILE_SOURCE source, unsigned short id) const
       ONU_ABILITY_REQUIRES(_mutex);
   /// Gives the profile its new id once more, if the manager gave it one: with the lock held
