@@ -1,7 +1,7 @@
 #!/bin/sh
 # Changes the library's sources in small ways, one at a time, and fails when more than one
-# in twenty passes unnoticed by the tests: forty of some five thousand, the same for as long
-# as their lines are, in three minutes on two cores. By hand, more and others:
+# in twenty passes unnoticed by the tests: forty of some five thousand, the same ones as long
+# as their lines stay, in four minutes on two cores. By hand, more and others:
 #
 #   scripts/check_mutants.sh --seed 7 --count 400
 set -eu

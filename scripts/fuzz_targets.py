@@ -150,7 +150,7 @@ def main():
         if not options.coverage:
             target.fuzz(options.seconds, options.seed)
         if not target.failed:
-            target.measure([target.corpus] if options.coverage else [target.corpus, target.found])
+            target.measure([target.corpus])
 
     with concurrent.futures.ThreadPoolExecutor(AT_A_TIME) as pool:
         for done in [pool.submit(attack, target) for target in targets]:
@@ -161,7 +161,7 @@ def main():
             for source, (covered, count) in sorted(target.lines.items()):
                 print(f"  {100 * covered / count:5.1f} %  {covered:4} of {count:4}  {source}")
     else:
-        rows = [["target", "inputs tried", "edges", "kept", "lines reached of its sources"]]
+        rows = [["target", "inputs tried", "edges", "kept", "lines of its sources that they reach"]]
         for target in targets:
             rows.append([target.name, str(target.tried), str(target.edges),
                          str(len(target.kept())), target.reached()])

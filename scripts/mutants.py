@@ -128,10 +128,17 @@ def statement_mutants(source):
             yield "statement", start, match.end(), ";" + "\n" * source[start:match.end()].count("\n")
 
 
+def is_declaration(name, source, start):
+    """Whether a statement of a header declares a member: those of functions stand further in."""
+    return name.endswith(".h") and source[source.rfind("\n", 0, start) + 1:][:4].strip() != ""
+
+
 def mutants_of(name, source):
     """All mutants of a source, in the order of their places."""
     result = []
-    for kind, start, end, other in list(token_mutants(source)) + list(statement_mutants(source)):
+    statements = [found for found in statement_mutants(source)
+                  if not is_declaration(name, source, found[1])]
+    for kind, start, end, other in list(token_mutants(source)) + statements:
         line = source.count("\n", 0, start) + 1
         line_start = source.rfind("\n", 0, start) + 1
         line_end = source.find("\n", max(end - 1, start))

@@ -3,12 +3,13 @@
 
 One operator, constant, level, message, condition or statement is changed at a time (see
 scripts/mutants.py); the source, or each that includes the changed header, is compiled and
-linked with everything else of the library's test program, and the tests run, each in a process of its own, those of the
-changed source's area first, up to the first failure. What they do not notice is shown to
-the random sequences, those of the model and those of the short ways, and to the tests of
-what the host does wrong. A mutant that no test fails on has survived: it needs a test, or
-a line in scripts/mutants_explained.txt that says why it cannot be told from the original,
-which is then taken as said; --known tries such mutants, too.
+linked with everything else of the library's test program, which keeps the header as it was,
+and the tests run, each in a process of its own, those of the changed source's area first,
+up to the first failure. What they do not notice is shown to the random sequences, those of
+the model and those of the short ways, and to the tests of what the host does wrong. A
+mutant that no test fails on has survived: it needs a test, or a line in
+scripts/mutants_explained.txt that says why it cannot be told from the original, which is
+then taken as said; --known tries such mutants, too.
 
 The build tree has to be up to date; scripts/install_packages.sh mutants installs the linker.
 
@@ -72,6 +73,8 @@ class Build:
                 header = os.path.relpath(os.path.join(self.folder, path))
                 if header.startswith(LIBRARY) and header.endswith(".h"):
                     includers.setdefault(header, []).append(source)
+        if not includers:
+            raise Failure(f"{self.folder} does not tell which sources include which headers")
         return includers
 
     def link_of(self, program):
@@ -152,14 +155,19 @@ class Trial:
             self.free.put(worker)
 
     def tried(self, mutant, folder):
+        folder = os.path.abspath(folder)
         shutil.rmtree(folder, ignore_errors=True)
-        changed = os.path.abspath(os.path.join(folder, os.path.relpath(mutant.file, LIBRARY)))
-        os.makedirs(os.path.dirname(changed))
+        os.makedirs(folder)
+        # The library's tree with one file changed: links, so that includes stay within.
+        tree = folder + "/tree"
+        run(["cp", "-rs", os.path.abspath(LIBRARY), tree])
+        changed = os.path.join(tree, os.path.relpath(mutant.file, LIBRARY))
+        os.remove(changed)
         with open(mutant.file, encoding="utf-8") as file:
             source = file.read()
         with open(changed, "w", encoding="utf-8") as file:
             file.write(source[:mutant.start] + mutant.text + source[mutant.end:])
-        compiled = self.compiled(mutant, changed, os.path.abspath(folder))
+        compiled = self.compiled(mutant, tree, folder)
         program = os.path.abspath(folder + "/test")
         if compiled is None or not self.linked(PROGRAM, compiled, program):
             return "not compiling"
@@ -171,14 +179,15 @@ class Trial:
             result = run_separately(program, "*")
         return result
 
-    def compiled(self, mutant, changed, folder):
+    def compiled(self, mutant, tree, folder):
         """The object by the one that it stands for; None when the mutant does not compile."""
         objects = {}
+        original = os.path.abspath(LIBRARY)
         for source in self.build.includers.get(mutant.file, [mutant.file]):
             result = f"{folder}/{len(objects)}.o"
-            written = changed if source == mutant.file else os.path.abspath(source)
-            command = self.build.compile_command(source, written, result)
-            command[1:1] = ["-I", folder]  # where a header that was changed is found first
+            written = os.path.join(tree, os.path.relpath(source, LIBRARY))
+            command = [word.replace(original, tree) if word.startswith("-I") else word
+                       for word in self.build.compile_command(source, written, result)]
             if run(command, cwd=self.build.folder).returncode != 0:
                 return None
             objects[self.build.object_of(source)] = result
@@ -231,7 +240,7 @@ def identity(mutant):
 
 
 def by_chance(mutants, seed):
-    """In an order by chance, in which a mutant keeps its rank for as long as its line is."""
+    """In an order by chance, in which a mutant keeps its rank as long as its line stays."""
     seen = collections.Counter()
     ranks = {}
     for mutant in mutants:

@@ -178,7 +178,7 @@ std::string Trial::Run(unsigned int k, From from) {
 
 }  // namespace
 
-// A process that never ends well makes no last request.
+// Otherwise a child that always crashes would be tried for ever.
 constexpr size_t kEnoughFaults = 20;
 
 Exhaustion RunOutOfMemory(const Operation& operation) {

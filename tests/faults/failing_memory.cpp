@@ -69,7 +69,7 @@ bool failing_memory::Recover() {
 
 long failing_memory::Blocks() { return blocks; }
 
-// By the linker, for the sources of this program. Nobody looks for a block of it.
+// The linker sends this program's calls here (--wrap). Nobody counts these blocks.
 // NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c): the names are the linker's.
 extern "C" {
 void* __real_calloc(std::size_t count, std::size_t size);

@@ -1,5 +1,6 @@
 // The lines of every exported operation: whatever says that it starts says that it ends, and
-// nothing ends that has not started, but for the functions below; every line names a function.
+// nothing ends that has not started, but for the functions below; every line with a tail names a
+// function.
 #include <gtest/gtest.h>
 
 #include <regex>

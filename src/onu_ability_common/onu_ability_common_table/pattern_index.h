@@ -79,7 +79,7 @@ class PatternIndex {
 
   // What happened to the profiles.
   void Append(const OnuAbilityProfile& profile);
-  // What depends on who has one code, and with what value, or any.
+  // Drops what was worked out of one code, who has it and with what value, or of all.
   void Forget(unsigned short code);
   void Clear();
 
