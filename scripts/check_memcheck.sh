@@ -6,13 +6,13 @@
 #
 # Left to the sanitizers are the tests that start programs of the host, or hundreds of
 # processes each, which takes far longer than all this: its sessions and transports, its
-# networks and populations, shortages, threads and random sequences.
+# command line, networks and populations, shortages, threads and random sequences.
 set -eu
 cd "$(dirname "$0")/.."
 scripts/install_packages.sh build memcheck
 make -s configure BUILD=build
 programs="onu_ability_common_test exchange_test"
-for part in text platform catalogue confirmation state vty; do
+for part in text platform catalogue confirmation state; do
   programs="$programs olt_host_${part}_test"
 done
 # shellcheck disable=SC2086  # names of targets

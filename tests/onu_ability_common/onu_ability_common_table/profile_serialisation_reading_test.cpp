@@ -273,6 +273,20 @@ void ExpectOnlyFailureIn(const std::string& field, const std::vector<LogLine>& l
   EXPECT_EQ(lines.at(0).format, text + " func:%s,line:%d\r\n\r\n");
 }
 
+TEST_F(ProfileSerialisationReadingTest, FailingItemEndsTheReadingHeardOrNot) {
+  const Items whole = HeaderItems({21, 3, 2, 1, 1, 0, 1}) + RecordItems(1083, 3, 0, "SFU-4");
+  host.ForgetLog();
+  for (unsigned int k = 1; k <= whole.size(); ++k) {
+    profile = MakeProfile(kReal);
+    host.ForgetLog();
+    onu_ability_set_log_level_mask(0);
+    host.FailFetch(k);
+    EXPECT_EQ(Read(whole), whole.size() - k + 1) << "item " << k;
+    onu_ability_set_log_level_mask(0xFFFFFFFFU);
+    EXPECT_TRUE(host.TakeLog({13}).empty()) << "item " << k;
+  }
+}
+
 TEST_F(ProfileSerialisationReadingTest, EveryFailingHeaderItemIsLoggedAndEndsTheReading) {
   for (unsigned int k = 1; k <= 7; ++k) {
     profile = MakeProfile(kReal);

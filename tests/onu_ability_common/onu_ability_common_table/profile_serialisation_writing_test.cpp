@@ -148,6 +148,18 @@ TEST_F(ProfileSerialisationWritingTest, EveryFailingItemIsLoggedAndEndsTheWritin
   }
 }
 
+TEST_F(ProfileSerialisationWritingTest, FailingItemEndsTheWritingHeardOrNot) {
+  profile.Add(kTypeName, std::string("SFU-4"));
+  const Items whole = Written();
+  onu_ability_set_log_level_mask(0);
+  for (unsigned int k = 1; k <= whole.size(); ++k) {
+    host.FailAppend(k);
+    EXPECT_EQ(Written(), Items(whole.begin(), whole.begin() + (k - 1))) << "item " << k;
+  }
+  onu_ability_set_log_level_mask(0xFFFFFFFFU);
+  EXPECT_TRUE(host.TakeLog({13}).empty());
+}
+
 TEST_F(ProfileSerialisationWritingTest, WritingChangesNothing) {
   profile.Add(kPotsPorts, 2);
   const auto members = MembersOf(profile);
