@@ -176,10 +176,10 @@ std::string Trial::Run(unsigned int k, From from) {
   return faults_.empty() ? "" : what + faults_;
 }
 
-}  // namespace
-
 // Otherwise a child that always crashes would be tried for ever.
 constexpr size_t kEnoughFaults = 20;
+
+}  // namespace
 
 Exhaustion RunOutOfMemory(const Operation& operation) {
   const Call call = operation.prepare();

@@ -7,7 +7,6 @@
 
 #include "failing_memory.h"
 #include "observed_call.h"
-#include "onu_ability_common_reg_extern_func.h"
 #include "onu_ability_common_table.h"
 #include "short_ways/texts.h"
 #include "support/catalogue_builder.h"

@@ -3,6 +3,7 @@
 // function.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <regex>
 #include <set>
 #include <string>
@@ -42,14 +43,12 @@ class RunningFunctions {
   void Start(const std::string& function) { running_.push_back(function); }
 
   void End(const std::string& function) {
-    const std::vector<std::string> before = running_;
-    while (!running_.empty() && running_.back() != function) {
-      EndSilently();
-    }
-    if (running_.empty()) {
-      running_ = before;
+    if (std::find(running_.begin(), running_.end(), function) == running_.end()) {
       faults_ += function + " ends, and did not start; ";
       return;
+    }
+    while (running_.back() != function) {
+      EndSilently();
     }
     running_.pop_back();
   }
