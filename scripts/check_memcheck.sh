@@ -1,7 +1,7 @@
 #!/bin/sh
 # Runs the tests of the library and of what the host is made of under valgrind's memcheck,
 # each in a process of its own: an invalid access, a decision on memory that nobody set, or
-# a leak fails its test. tests/support/valgrind.supp names the leak that is meant. Eight
+# a leak fails its test. tests/support/valgrind.supp names the leak that is meant. Nine
 # minutes on two cores.
 #
 # Left to the sanitizers are the tests that start programs of the host, or hundreds of
@@ -17,15 +17,9 @@ for part in text platform catalogue confirmation state; do
 done
 # shellcheck disable=SC2086  # names of targets
 cmake --build build --target $programs
-log=build/memcheck.log
-tests=0
-for program in $programs; do
-  path=$(find build/tests -name "$program" -type f)
-  valgrind -q --error-exitcode=99 --leak-check=full --show-leak-kinds=definite \
-    --errors-for-leak-kinds=definite --suppressions=tests/support/valgrind.supp --num-callers=20 \
-    "$path" --separate-processes --jobs "$(nproc)" --timeout 600 \
-    >$log 2>&1 || { cat $log; exit 1; }
-  echo "memcheck: $program: $(tail -n 1 $log)"
-  tests=$((tests + $(tail -n 1 $log | cut -d ' ' -f 1)))
-done
-echo "memcheck: all $tests tests passed"
+# shellcheck disable=SC2086
+scripts/run_test_programs.py --only "$(echo $programs | tr ' ' ,)" build valgrind -q \
+  --error-exitcode=99 --leak-check=full --show-leak-kinds=definite \
+  --errors-for-leak-kinds=definite --suppressions="$PWD/tests/support/valgrind.supp" \
+  --num-callers=20 >build/memcheck.log || { cat build/memcheck.log; exit 1; }
+sed 's/^/memcheck: /' build/memcheck.log
