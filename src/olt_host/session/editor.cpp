@@ -6,6 +6,7 @@
 #include <array>
 #include <cwchar>
 #include <stdexcept>
+#include <string_view>
 #include <utility>
 
 #include "session/columns.h"
@@ -29,6 +30,14 @@ std::size_t Columns(const wchar_t* begin, const wchar_t* end) {
   std::size_t columns = 0;
   for (; begin != end; ++begin) columns += static_cast<std::size_t>(std::max(0, wcwidth(*begin)));
   return columns;
+}
+
+// Not fewer columns than the library shows the character in: one that is narrow or has no
+// width, one that is wide and may leave a column free, one that it spells out.
+std::size_t MostColumns(wchar_t character) {
+  const int width = wcwidth(character);
+  if (width < 0) return std::string_view("\\U+10FFFF").size();
+  return width > 1 ? 3 : 1;
 }
 
 // Whether what is typed behind `text` belongs to a quoted word or a remark.
@@ -118,26 +127,22 @@ Editor::Editor(Channel& channel, KeyReader& keys, std::size_t line_bytes,
   const EditorTerminal& terminal = _library->terminal;
   std::FILE* const stream = terminal.stream();
   const int descriptor = terminal.descriptor();
-  _library->history = history_init();
   _library->line =
       el_init_fd("olt_host", stream, stream, stream, descriptor, descriptor, descriptor);
   EditLine* const line = _library->line;
-  if (line == nullptr || _library->history == nullptr) {
-    throw std::runtime_error("cannot start the line editor");
-  }
-  HistEvent event;
-  history(_library->history, &event, H_SETSIZE, static_cast<int>(kLinesRemembered));
-  history(_library->history, &event, H_SETUNIQUE, 1);
+  if (line == nullptr) throw std::runtime_error("cannot start the line editor");
   el_set(line, EL_CLIENTDATA, this);
   el_set(line, EL_GETCFN, Callbacks::NextKey);
   el_set(line, EL_PROMPT, Callbacks::Prompt);
   el_set(line, EL_EDITOR, "emacs");
-  el_set(line, EL_HIST, history, _library->history);
   // The wide form: the other one copies the names and never frees them.
   el_wset(line, EL_ADDFN, L"host-complete", L"", Callbacks::Call<&Editor::Complete>);
   el_wset(line, EL_ADDFN, L"host-help", L"", Callbacks::Call<&Editor::Help>);
+  el_wset(line, EL_ADDFN, L"host-previous-line", L"", Callbacks::Call<&Editor::PreviousLine>);
+  el_wset(line, EL_ADDFN, L"host-next-line", L"", Callbacks::Call<&Editor::NextLine>);
   el_wset(line, EL_ADDFN, L"host-search", L"", Callbacks::Call<&Editor::StartSearch>);
   el_wset(line, EL_ADDFN, L"host-search-step", L"", Callbacks::Call<&Editor::StepSearch>);
+  el_wset(line, EL_ADDFN, L"host-insert", L"", Callbacks::Call<&Editor::Insert>);
   el_wset(line, EL_ADDFN, L"host-interrupt", L"", Callbacks::Interrupt);
   el_wset(line, EL_ADDFN, L"host-delete-or-end", L"", Callbacks::DeleteOrEnd);
   for (const KeyBinding& binding : KeyBindings()) {
@@ -150,6 +155,7 @@ Editor::~Editor() = default;
 Editor::Outcome Editor::Read(const std::string& prompt, std::string& line) {
   _prompt = prompt;
   _search.active = false;
+  _recalled = _history.size();
   _pending.clear();
   _outcome = Outcome::kLine;
   _full = false;
@@ -173,12 +179,6 @@ Editor::Outcome Editor::Read(const std::string& prompt, std::string& line) {
   return _too_long || line.size() > _line_bytes ? Outcome::kTooLong : Outcome::kLine;
 }
 
-void Editor::Remember(const std::string& line) {
-  const EditorTurn turn;
-  HistEvent event;
-  history(_library->history, &event, H_ENTER, line.c_str());
-}
-
 // A key for the library. Not on its turn.
 bool Editor::NextKey(char32_t& key) {
   while (true) {
@@ -195,7 +195,9 @@ bool Editor::NextKey(char32_t& key) {
     if (key == KeyReader::kEscape) {
       if (!TakeSequence()) return false;
     } else if (!_search.active && !Swallows(key)) {
-      return true;
+      if (!IsText(key) || !OutgrowsWindow()) return true;
+      _inserted = key;
+      _pending.push_back(kInsert);
     }
   }
 }
@@ -245,6 +247,22 @@ bool Editor::Swallows(char32_t key) {
   return true;
 }
 
+// Whether the line may be larger than the window, or become so with another character. The
+// library loses the row of the cursor there, and a character that it appends in its quick way
+// can then fall outside of its memory; it is inserted instead, which shows the line anew.
+bool Editor::OutgrowsWindow() const {
+  const EditorTerminal& terminal = _library->terminal;
+  const LineInfoW* const info = el_wline(_library->line);
+  std::size_t columns = MostColumns(-1) * (_prompt.size() + 1);
+  for (const wchar_t* at = info->buffer; at != info->lastchar; ++at) columns += MostColumns(*at);
+  return columns >= std::size_t{terminal.rows() - 1} * terminal.columns();
+}
+
+unsigned char Editor::Insert() {
+  const std::array<wchar_t, 2> text = {static_cast<wchar_t>(_inserted), L'\0'};
+  return el_winsertstr(_library->line, text.data()) == 0 ? CC_REFRESH : CC_ERROR;
+}
+
 bool Editor::SendOutput() {
   const std::string output = _library->terminal.TakeOutput();
   return output.empty() || _channel.Write(output.data(), output.size());
@@ -259,6 +277,7 @@ unsigned char Editor::Complete() {
     completion = _helpers.complete(text);
   }
   if (!completion.insert.empty()) {
+    if (Typed().size() + completion.insert.size() > _line_bytes) return CC_ERROR;
     const bool inserted = el_insertstr(_library->line, completion.insert.c_str()) == 0;
     return inserted ? CC_REFRESH : CC_ERROR;
   }

@@ -39,8 +39,9 @@ class Editor {
     std::function<Outcome(const std::string& lines)> show;
   };
 
-  // `remembered` is searched, and outlives this. Throws std::runtime_error when the system
-  // has no more terminals to give.
+  // `remembered` is what the arrow keys go through and what is searched, the oldest first; it
+  // outlives this and changes between lines only. Throws std::runtime_error when the system has
+  // no more terminals to give.
   Editor(Channel& channel, KeyReader& keys, std::size_t line_bytes,
          const std::deque<std::string>& remembered, Helpers helpers);
   ~Editor();
@@ -50,9 +51,6 @@ class Editor {
   // Shows the prompt and reads a line. Afterwards the cursor is at the start of a
   // line, unless the outcome is kTimedOut or kEnd.
   Outcome Read(const std::string& prompt, std::string& line);
-
-  // Adds to the lines that the arrow keys go through.
-  void Remember(const std::string& line);
 
  private:
   struct Callbacks;
@@ -73,13 +71,18 @@ class Editor {
   bool ReadKey(char32_t& key);
   bool TakeSequence();
   bool Swallows(char32_t key);
+  bool OutgrowsWindow() const;
+  unsigned char Insert();
   bool SendOutput();
   unsigned char Complete();
   unsigned char Help();
+  unsigned char PreviousLine();
+  unsigned char NextLine();
   unsigned char StartSearch();
   unsigned char StepSearch();
   void EndSearch();
   void FindFrom(std::size_t place);
+  std::string Typed() const;
   void ReplaceLine(const std::string& text);
   unsigned char ShowUnderLine(const std::string& lines);
   void LeaveLine();
@@ -92,6 +95,9 @@ class Editor {
   Outcome _outcome = Outcome::kLine;
   const std::deque<std::string>& _history;
   std::deque<char32_t> _pending;  // keys to deliver before the next one is read
+  char32_t _inserted = 0;         // what kInsert stands for
+  std::size_t _recalled = 0;      // which of the history is shown; its size when none is
+  std::string _typed;             // the line as it was before the first was recalled
   Search _search;
   bool _full = false;      // no more room, as was found with the last key
   bool _too_long = false;  // something was swallowed

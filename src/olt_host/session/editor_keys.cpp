@@ -17,7 +17,7 @@ constexpr std::chrono::milliseconds kSequenceArrives{200};
 
 constexpr char32_t Control(char letter) { return static_cast<char32_t>(letter) & 0x1FU; }
 
-constexpr std::array<KeyBinding, 29> kBindings = {{
+constexpr std::array<KeyBinding, 30> kBindings = {{
     {Control('A'), "ed-move-to-beg"},
     {Control('B'), "ed-prev-char"},
     {Control('C'), "host-interrupt"},
@@ -29,8 +29,8 @@ constexpr std::array<KeyBinding, 29> kBindings = {{
     {Control('K'), "ed-kill-line"},
     {Control('L'), "ed-clear-screen"},
     {Control('M'), "ed-newline"},
-    {kNextLine, "ed-next-history"},
-    {Control('P'), "ed-prev-history"},
+    {kNextLine, "host-next-line"},
+    {Control('P'), "host-previous-line"},
     {Control('R'), "host-search"},
     {Control('T'), "ed-transpose-chars"},
     {Control('U'), "em-kill-line"},
@@ -47,6 +47,7 @@ constexpr std::array<KeyBinding, 29> kBindings = {{
     {kLowerCase, "em-lower-case"},
     {kCapital, "em-capitol-case"},
     {kSearchStep, "host-search-step"},
+    {kInsert, "host-insert"},
 }};
 
 struct Meaning {
@@ -98,12 +99,15 @@ constexpr std::array<Meaning, 39> kMeanings = {{
 
 }  // namespace
 
+bool IsText(char32_t key) {
+  if (key < 0x7F) return key >= 0x20 && key != U'?';
+  return key >= kFirstBeyond || (key >= 0xA0 && std::iswprint(static_cast<wint_t>(key)) != 0);
+}
+
 std::vector<KeyBinding> KeyBindings() {
   std::vector<KeyBinding> bindings;
   for (char32_t key = 1; key < kFirstBeyond; ++key) {
-    if (key >= 0x20 && key < 0x7F) continue;
-    const bool is_text = key >= 0xA0 && std::iswprint(static_cast<wint_t>(key)) != 0;
-    if (!is_text) bindings.push_back({key, "ed-unassigned"});
+    if (!IsText(key)) bindings.push_back({key, "ed-unassigned"});
   }
   bindings.insert(bindings.end(), kBindings.begin(), kBindings.end());
   return bindings;

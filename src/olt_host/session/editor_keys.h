@@ -23,11 +23,15 @@ constexpr char32_t kUpperCase = 0x85;
 constexpr char32_t kLowerCase = 0x86;
 constexpr char32_t kCapital = 0x87;
 constexpr char32_t kSearchStep = 0x88;
+constexpr char32_t kInsert = 0x89;
 
 struct KeyBinding {
   char32_t key;
   const char* function;  // as the library names it, or the editor
 };
+
+// Whether the key stands in the line as it is.
+bool IsText(char32_t key);
 
 // For every control character and every code above 0x7F that is no text, so that
 // nothing of the library's own choice remains: some of that runs commands of the

@@ -7,7 +7,6 @@ namespace olt_host {
 Editor::Library::~Library() {
   const EditorTurn turn;
   if (line != nullptr) el_end(line);
-  if (history != nullptr) history_end(history);
 }
 
 }  // namespace olt_host

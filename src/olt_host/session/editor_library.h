@@ -1,5 +1,5 @@
-// What the editor's library keeps for one session: its records, and the terminal that
-// it thinks it has. For the editor's own sources.
+// What the editor's library keeps for one session: its record, and the terminal that it
+// thinks it has. For the editor's own sources.
 #ifndef OLT_HOST_SESSION_EDITOR_LIBRARY_H
 #define OLT_HOST_SESSION_EDITOR_LIBRARY_H
 
@@ -17,7 +17,6 @@ struct Editor::Library {
   Library& operator=(const Library&) = delete;
 
   EditorTerminal terminal;
-  History* history = nullptr;
   EditLine* line = nullptr;
 };
 

@@ -61,9 +61,10 @@ void EditorTerminal::SetWindow(Channel::Window window) {
   if (window.columns == 0) window.columns = 80;
   if (window.rows == 0) window.rows = 24;
   _columns = std::clamp(window.columns, kFewestColumns, kMostColumns);
+  _rows = std::clamp(window.rows, kFewestRows, kMostRows);
   struct winsize size = {};
   size.ws_col = static_cast<unsigned short>(_columns);
-  size.ws_row = static_cast<unsigned short>(std::clamp(window.rows, kFewestRows, kMostRows));
+  size.ws_row = static_cast<unsigned short>(_rows);
   ioctl(_slave.get(), TIOCSWINSZ, &size);
 }
 

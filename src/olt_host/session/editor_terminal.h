@@ -28,6 +28,7 @@ class EditorTerminal {
   // Sizes that the editor cannot work with are brought to the nearest one.
   void SetWindow(Channel::Window window);
   unsigned int columns() const { return _columns; }
+  unsigned int rows() const { return _rows; }
 
   // Takes what was written to the stream, each line break as CR LF.
   std::string TakeOutput();
@@ -47,6 +48,7 @@ class EditorTerminal {
   std::string _output;
   const std::unique_ptr<std::FILE, CloseStream> _stream;  // writes to the output as it closes
   unsigned int _columns = 80;
+  unsigned int _rows = 24;
 };
 
 }  // namespace olt_host

@@ -105,7 +105,6 @@ void Session::ReadAndRunLines() {
     _keys.SetIdleLimit(_terminal.settings().exec_timeout);
     Editor::Outcome outcome = editor.Read(_prompt, line);
     if (outcome == Editor::Outcome::kLine && !line.empty()) {
-      editor.Remember(line);
       Remember(line);
       outcome = RunLine(line);
     } else if (outcome == Editor::Outcome::kTooLong) {

@@ -280,6 +280,11 @@ TEST_F(TypedLines, YankingDoesNotGrowALineWithoutEnd) {
   EXPECT_LT(client.bytes().size(), 1U << 20U);
 }
 
+TEST_F(TypedLines, CompletionDoesNotGrowALineBeyondTheLimit) {
+  client.Type(std::string(4094, 'x') + "\x01sh\t\r");
+  EXPECT_TRUE(client.Sees("% Unknown command"));
+}
+
 TEST_F(TypedLines, AMegabyteWithoutABreakIsOneLineTooLong) {
   client.Type(std::string(1 << 20, 'm') + "\r");
   EXPECT_TRUE(client.Sees("% Line too long"));
@@ -308,6 +313,23 @@ TEST_F(TypedLines, StandInWindowsOfEverySize) {
     EXPECT_TRUE(other.Sees("\r\na\r\n")) << window.columns << "x" << window.rows;
     other.Type("terminal length 0\rshow ?\x03sh\t\t?\x03say b\r");
     EXPECT_TRUE(other.Sees("\r\nb\r\n")) << window.columns << "x" << window.rows;
+  }
+}
+
+// In a window that the line fills more than once, whatever has moved the cursor before.
+TEST_F(TypedLines, GrowWhereTheWindowIsFull) {
+  for (const Channel::Window window :
+       {Channel::Window{10, 2}, Channel::Window{40, 5}, Channel::Window{80, 24}}) {
+    const std::size_t fills = std::size_t{window.columns} * (window.rows + 3);
+    const std::string xs(fills, 'x');
+    const std::string ys(fills / 2, 'y');
+    for (const char* moves : {"", "\x01\x05", "\x1b[1;5D\x05", "\x01\x0b\x19", "\x10\x0e"}) {
+      Client other(std::make_shared<Channel>(), window);
+      Open(other);
+      other.Type("terminal length 0\rsay " + xs + moves + ys + "\r");
+      EXPECT_TRUE(other.Sees("\r\n" + xs + ys + "\r\n"))
+          << window.columns << "x" << window.rows << testing::PrintToString(moves);
+    }
   }
 }
 

@@ -1,5 +1,6 @@
-// The editor's search through the history. The library's own matches patterns, and a
-// pattern can be made that takes for ever.
+// The editor's history: the arrow keys, and the search. Of a line that is being typed the
+// library's own keeps a thousand characters and shows whatever is in memory for the others; its
+// search matches patterns, and a pattern can be made that takes for ever.
 #include <algorithm>
 
 #include "session/editor.h"
@@ -17,12 +18,25 @@ constexpr char32_t kDelete = 0x7F;
 
 }  // namespace
 
+unsigned char Editor::PreviousLine() {
+  if (_recalled == 0) return CC_ERROR;
+  if (_recalled == _history.size()) _typed = Typed();
+  ReplaceLine(_history[--_recalled]);
+  return CC_REFRESH;
+}
+
+unsigned char Editor::NextLine() {
+  if (_recalled == _history.size()) return CC_ERROR;
+  ++_recalled;
+  ReplaceLine(_recalled == _history.size() ? _typed : _history[_recalled]);
+  return CC_REFRESH;
+}
+
 // Ctrl-R. Until the search ends, every key is a step of it.
 unsigned char Editor::StartSearch() {
-  const LineInfo* const info = el_line(_library->line);
   _search = Search();
   _search.active = true;
-  _search.line.assign(info->buffer, info->lastchar);
+  _search.line = Typed();
   _search.prompt = _prompt;
   _search.place = _history.size();
   _prompt = "(search) \"\": ";
@@ -71,6 +85,11 @@ void Editor::FindFrom(std::size_t place) {
   }
   _prompt =
       std::string(_search.found ? "(search) \"" : "(not found) \"") + _search.pattern + "\": ";
+}
+
+std::string Editor::Typed() const {
+  const LineInfo* const info = el_line(_library->line);
+  return {info->buffer, info->lastchar};
 }
 
 void Editor::ReplaceLine(const std::string& text) {
