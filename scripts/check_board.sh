@@ -8,8 +8,8 @@
 # Fewer, since an emulator takes ten times as long (tests/CMakeLists.txt and below it):
 # random sequences of tests/model and tests/short_ways, 25 a test instead of 250; requests
 # for memory that fail in tests/faults, each seventh; ONUs of the large agreement of
-# explanations, an eighth; connections of the storm of clients, 1,000 instead of 10,000, and
-# the host's memory is not measured there.
+# explanations, an eighth; random networks of tests/olt_host/recognition, a quarter; connections
+# of the storm of clients, 1,000 instead of 10,000, and the host's memory is not measured there.
 set -eu
 cd "$(dirname "$0")/.."
 scripts/install_packages.sh build board

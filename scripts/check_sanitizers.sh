@@ -3,8 +3,9 @@
 # leak and undefined-behaviour sanitizers, and runs the whole suite with what it built.
 # `make test` has run it with the first compiler, without them. Random sequences of
 # operations are 50 a test instead of 250, ONUs of the large agreement of explanations an
-# eighth (tests/CMakeLists.txt and below it); the tests of the documents and of the reference
-# (tests/documents, tests/reference) are left out.
+# eighth, random networks of tests/olt_host/recognition a quarter (tests/CMakeLists.txt and below
+# it); the tests of the documents and of the reference (tests/documents, tests/reference) are left
+# out.
 #
 # What was run is counted on the way: every line and every branch of the library has to
 # be, but for those that scripts/coverage_exclusions.txt names, with the reason for each.
