@@ -326,8 +326,13 @@ TEST_F(TypedLines, GrowWhereTheWindowIsFull) {
     for (const char* moves : {"", "\x01\x05", "\x1b[1;5D\x05", "\x01\x0b\x19", "\x10\x0e"}) {
       Client other(std::make_shared<Channel>(), window);
       Open(other);
-      other.Type("terminal length 0\rsay " + xs + moves + ys + "\r");
-      EXPECT_TRUE(other.Sees("\r\n" + xs + ys + "\r\n"))
+      std::string typed = xs;
+      typed += moves;
+      typed += ys;
+      std::string said = xs;
+      said += ys;
+      other.Type("terminal length 0\rsay " + typed + "\r");
+      EXPECT_TRUE(other.Sees("\r\n" + said + "\r\n"))
           << window.columns << "x" << window.rows << testing::PrintToString(moves);
     }
   }
