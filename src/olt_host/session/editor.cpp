@@ -288,7 +288,7 @@ unsigned char Editor::Complete() {
 unsigned char Editor::Help() {
   const LineInfo* const info = el_line(_library->line);
   const std::string text(info->buffer, info->cursor);
-  const std::string line(info->buffer, info->lastchar);
+  const std::string line = Typed();
   if (TakesAnyText(text)) return el_insertstr(_library->line, "?") == 0 ? CC_REFRESH : CC_ERROR;
   std::string help;
   {
